@@ -1,0 +1,76 @@
+#include "platform/base/File.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include "platform/base/RuntimeError.h"
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace ostrand {
+
+namespace {
+
+struct Closer {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, Closer>;
+
+File open(const std::filesystem::path& path, const char* mode) { return File(std::fopen(path.string().c_str(), mode)); }
+
+bool toDisk(std::FILE* file) {
+  if (std::fflush(file) != 0) return false;
+#ifdef _WIN32
+  return _commit(_fileno(file)) == 0;
+#else
+  return fsync(fileno(file)) == 0;
+#endif
+}
+
+[[noreturn]] void fail(int number, const std::filesystem::path& path, const std::string& why) {
+  throw RuntimeError(number, path.string() + ": " + why);
+}
+
+}  // namespace
+
+std::string readWholeFile(const std::filesystem::path& path) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(path, ignored)) fail(RuntimeError::FileNotFound, path, "no such file");
+  if (std::filesystem::is_directory(path, ignored)) fail(RuntimeError::PermissionDenied, path, "is a folder");
+  const File file = open(path, "rb");
+  if (!file) fail(RuntimeError::PermissionDenied, path, std::strerror(errno));
+  std::string text;
+  if (const auto size = std::filesystem::file_size(path, ignored); !ignored) text.reserve(size);
+  char buffer[1 << 16];
+  while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get())) text.append(buffer, count);
+  if (std::ferror(file.get())) fail(RuntimeError::PermissionDenied, path, std::strerror(errno));
+  return text;
+}
+
+void writeWholeFile(const std::filesystem::path& path, std::string_view text) {
+  std::filesystem::path beside = path;
+  beside += ".new";
+  bool written = false;
+  int why = 0;
+  if (File file = open(beside, "wb")) {
+    written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() && toDisk(file.get());
+    why = errno;
+    if (std::fclose(file.release()) != 0) written = false, why = errno;
+  } else {
+    why = errno;
+  }
+  std::error_code error;
+  if (written) std::filesystem::rename(beside, path, error);
+  if (written && !error) return;
+  std::error_code ignored;
+  std::filesystem::remove(beside, ignored);
+  fail(RuntimeError::PermissionDenied, path, "cannot be written: " + (error ? error.message() : std::string(std::strerror(why))));
+}
+
+}  // namespace ostrand

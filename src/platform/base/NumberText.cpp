@@ -1,0 +1,175 @@
+#include "platform/base/NumberText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "platform/base/RuntimeError.h"
+
+namespace ostrand {
+
+namespace {
+
+enum class Parsed { Number, NoNumber, TooLarge };
+
+Parsed parse(std::string_view text, char separator, double& value) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  if (!text.empty() && text.front() == '+') {
+    text.remove_prefix(1);
+    if (!text.empty() && text.front() == '-') return Parsed::NoNumber;
+  }
+  constexpr std::size_t kLongest = 400;
+  if (text.empty() || text.size() > kLongest) return Parsed::NoNumber;
+  char digits[kLongest];
+  std::size_t length = 0;
+  for (char c : text) {
+    // from_chars alone would take "inf", "nan" and, with a comma locale, a point.
+    const bool known = (c >= '0' && c <= '9') || c == '-' || c == '+' || c == 'e' || c == 'E' || c == separator;
+    if (!known) return Parsed::NoNumber;
+    digits[length++] = c == separator ? '.' : c;
+  }
+  const auto [end, error] = std::from_chars(digits, digits + length, value);
+  if (end != digits + length) return Parsed::NoNumber;
+  if (error == std::errc::result_out_of_range) {
+    const std::string_view shown(digits, length);
+    const std::size_t exponent = shown.find_first_of("eE");
+    const bool tiny = exponent != shown.npos ? shown.substr(exponent + 1).starts_with('-') : shown.find_first_of("123456789") > shown.find('.');
+    if (!tiny) return Parsed::TooLarge;
+    value = 0.0;
+    return Parsed::Number;
+  }
+  return error == std::errc() ? Parsed::Number : Parsed::NoNumber;
+}
+
+// A number as its significant decimal digits and the power of ten of the first of them.
+struct Decimal {
+  bool negative = false;
+  std::string digits;  // without trailing zeros; "0" for zero
+  int exponent = 0;
+};
+
+template <class Float>
+Decimal decimalOf(Float value, int significant) {
+  char buffer[40];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::scientific, significant - 1).ptr;
+  Decimal decimal;
+  const char* at = buffer;
+  if (*at == '-') decimal.negative = true, ++at;
+  for (; *at != 'e'; ++at)
+    if (*at != '.') decimal.digits += *at;
+  ++at;
+  if (*at == '+') ++at;
+  std::from_chars(at, end, decimal.exponent);
+  while (decimal.digits.size() > 1 && decimal.digits.back() == '0') decimal.digits.pop_back();
+  if (decimal.digits == "0") decimal = {};
+  if (decimal.digits.empty()) decimal.digits = "0";
+  return decimal;
+}
+
+std::string plain(const Decimal& number, char separator) {
+  std::string text = number.negative ? "-" : "";
+  const int count = static_cast<int>(number.digits.size());
+  if (number.exponent >= 15 || number.exponent < -4) {
+    text += number.digits[0];
+    if (count > 1) (text += separator) += number.digits.substr(1);
+    const int size = std::abs(number.exponent);
+    text += number.exponent < 0 ? "E-" : "E+";
+    if (size < 10) text += '0';
+    return text + std::to_string(size);
+  }
+  if (number.exponent < 0) {
+    text += '0';
+    text += separator;
+    return text.append(static_cast<std::size_t>(-number.exponent - 1), '0') + number.digits;
+  }
+  const auto whole = static_cast<std::size_t>(number.exponent) + 1;
+  if (number.digits.size() <= whole) return text + number.digits + std::string(whole - number.digits.size(), '0');
+  return text + number.digits.substr(0, whole) + separator + number.digits.substr(whole);
+}
+
+std::string special(double value) { return std::isnan(value) ? "NaN" : value < 0 ? "-Inf" : "Inf"; }
+
+}  // namespace
+
+std::optional<double> parseNumber(std::string_view text, char separator) {
+  double value = 0;
+  if (parse(text, separator, value) != Parsed::Number) return std::nullopt;
+  return value;
+}
+
+double requireNumber(std::string_view text, char separator) {
+  double value = 0;
+  switch (parse(text, separator, value)) {
+    case Parsed::Number: break;
+    case Parsed::TooLarge: throw RuntimeError(RuntimeError::Overflow, "the number is too large: " + std::string(text));
+    case Parsed::NoNumber: throw RuntimeError(RuntimeError::NotConvertible, "not a number: \"" + std::string(text) + "\"");
+  }
+  return value;
+}
+
+std::optional<long long> parseInteger(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  if (text.size() > 1 && text.front() == '+' && text[1] != '-') text.remove_prefix(1);
+  long long value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
+std::string plainText(double value, char separator) {
+  if (!std::isfinite(value)) return special(value);
+  return plain(decimalOf(value, 15), separator);
+}
+
+std::string plainTextOfSingle(float value, char separator) {
+  if (!std::isfinite(value)) return special(value);
+  return plain(decimalOf(value, 7), separator);
+}
+
+std::string fixedText(double value, int decimals, char separator) {
+  if (!std::isfinite(value)) return special(value);
+  decimals = std::clamp(decimals, 0, 99);
+  Decimal number = decimalOf(value, 15);
+  // Where the last shown decimal stands among the digits.
+  const int keep = number.exponent + 1 + decimals;
+  if (keep < 0) {
+    number = {};
+    number.digits = "0";
+  } else if (keep < static_cast<int>(number.digits.size())) {
+    const bool up = number.digits[static_cast<std::size_t>(keep)] >= '5';
+    number.digits.resize(static_cast<std::size_t>(keep));
+    if (up) {
+      std::size_t at = number.digits.size();
+      while (at > 0 && number.digits[at - 1] == '9') number.digits[--at] = '0';
+      if (at > 0) {
+        ++number.digits[at - 1];
+      } else {
+        number.digits.insert(0, 1, '1');
+        ++number.exponent;
+      }
+    }
+    if (number.digits.find_first_not_of('0') == std::string::npos) number = {false, "0", 0};
+  }
+  std::string text;
+  const int count = static_cast<int>(number.digits.size());
+  const auto digit = [&](int i) { return i >= 0 && i < count ? number.digits[static_cast<std::size_t>(i)] : '0'; };
+  if (number.exponent < 0) {
+    text += '0';
+  } else {
+    for (int i = 0; i <= number.exponent; ++i) text += digit(i);
+  }
+  if (decimals > 0) {
+    text += separator;
+    for (int i = 1; i <= decimals; ++i) text += digit(number.exponent + i);
+  }
+  return (number.negative ? "-" : "") + text;
+}
+
+std::string withSeparator(std::string text, char from, char to) {
+  if (from != to) std::replace(text.begin(), text.end(), from, to);
+  return text;
+}
+
+}  // namespace ostrand

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <pugixml.hpp>
+#include <string_view>
+#include <vector>
+
+namespace ostrand {
+
+// Elements of one kind by their `name` attribute: a flat open-addressing table, built in one pass over the
+// elements that `path` tells. Elements that share a name hang on one chain in document order, so the first
+// of them is what the path would select.
+class NameIndex {
+ public:
+  // The element names from the root down; with one name only, elements of that name anywhere in the tree.
+  using Path = std::initializer_list<const char*>;
+
+  explicit NameIndex(Path path) : mPath(path) {}
+
+  bool built() const { return mBuilt; }
+  void build(pugi::xml_node document);
+  void reset();
+
+  pugi::xml_node find(std::string_view name) const;
+  // Calls `visit(node)` for each element of this name in document order until it returns false.
+  template <class Visit>
+  void forEach(std::string_view name, Visit visit) const {
+    for (std::uint32_t i = head(name); i; i = mEntries[i - 1].next)
+      if (!visit(pugi::xml_node(mEntries[i - 1].node))) return;
+  }
+
+  // The tree tells its changes: an element that is in place, one that is about to go, one that is about to
+  // be renamed. Only an index that has been built listens.
+  void inserted(pugi::xml_node node);
+  void removing(pugi::xml_node node);
+  void renaming(pugi::xml_node node, std::string_view newName);
+
+  std::size_t memory() const;
+
+ private:
+  struct Entry {
+    pugi::xml_node_struct* node;
+    std::uint32_t next;  // index + 1 of the next element of this name, 0 at the end
+  };
+  struct Slot {
+    std::uint32_t hash;
+    std::uint32_t entry;  // index + 1 of the first element of this name, 0 when free
+  };
+  enum class Place { Outside, Above, Member };
+
+  bool anywhere() const { return mPath.size() == 1; }
+  Place placeOf(pugi::xml_node node) const;
+  void collect(pugi::xml_node parent, std::size_t depth);
+  void collectAnywhere(pugi::xml_node document);
+  void add(pugi::xml_node node, bool inOrder);
+  void remove(pugi::xml_node node, std::string_view name);
+  std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
+  std::uint32_t head(std::string_view name) const;
+  void grow();
+
+  std::vector<const char*> mPath;
+  std::vector<Entry> mEntries;
+  std::vector<Slot> mSlots;
+  std::size_t mUsed = 0;
+  bool mBuilt = false;
+};
+
+}  // namespace ostrand

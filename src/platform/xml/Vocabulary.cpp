@@ -1,0 +1,57 @@
+#include "platform/xml/Vocabulary.h"
+
+#include "platform/base/RuntimeError.h"
+
+namespace ostrand {
+
+namespace {
+
+const NameIndex& ready(const Document& doc, NameIndex Tree::*index, std::string_view name) {
+  if (!doc) throwNothingThere("the document");
+  if (name.find('"') != name.npos)
+    throw RuntimeError(RuntimeError::BadArgument, "a name with a quote breaks the path: " + std::string(name));
+  return doc.tree()->ready((*doc.tree()).*index);
+}
+
+Node find(const Document& doc, NameIndex Tree::*index, std::string_view name) {
+  return {doc.tree(), ready(doc, index, name).find(name)};
+}
+
+}  // namespace
+
+Node parameter(const Document& doc, std::string_view name) { return find(doc, &Tree::parameters, name); }
+Node parameterAnywhere(const Document& doc, std::string_view name) { return find(doc, &Tree::parametersAnywhere, name); }
+Node mapping(const Document& doc, std::string_view name) { return find(doc, &Tree::mappings, name); }
+Node group(const Document& doc, std::string_view name) { return find(doc, &Tree::groups, name); }
+Node item(const Document& doc, std::string_view name) { return find(doc, &Tree::items, name); }
+Node itemAnywhere(const Document& doc, std::string_view name) { return find(doc, &Tree::itemsAnywhere, name); }
+
+Node response(const Document& doc) {
+  if (!doc) throwNothingThere("the document");
+  for (pugi::xml_node root : doc.tree()->document.children("comm:dtm"))
+    if (pugi::xml_node found = root.child("comm:communicationResponse")) return {doc.tree(), found};
+  return {};
+}
+
+Node responseAnywhere(const Document& doc) {
+  // Nearly always the first element below the root; whatever stands before it would have to be searched.
+  if (!doc) throwNothingThere("the document");
+  if (const Node root = doc.root())
+    if (const Node first = root.firstChild(); first && first.name() == "comm:communicationResponse") return first;
+  return doc.select("//comm:communicationResponse");
+}
+
+std::string homeGroup(const Document& doc, std::string_view parameterName) {
+  pugi::xml_node only, home;
+  std::size_t count = 0;
+  ready(doc, &Tree::includedParams, parameterName).forEach(parameterName, [&](pugi::xml_node included) {
+    if (++count == 1) only = included;
+    const pugi::xml_attribute clone = included.attribute("clone");
+    if (!home && (!clone || std::string_view(clone.value()) == "0")) home = included;
+    return count < 2 || !home;
+  });
+  const pugi::xml_node found = count == 1 ? only : home;
+  return found.parent().attribute("name").value();
+}
+
+}  // namespace ostrand
