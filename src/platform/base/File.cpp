@@ -56,9 +56,10 @@ std::string readWholeFile(const std::filesystem::path& path) {
 void writeWholeFile(const std::filesystem::path& path, std::string_view text) {
   std::filesystem::path beside = path;
   beside += ".new";
-  bool written = false;
+  bool opened = false, written = false;
   int why = 0;
   if (File file = open(beside, "wb")) {
+    opened = true;
     written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() && toDisk(file.get());
     why = errno;
     if (std::fclose(file.release()) != 0) written = false, why = errno;
@@ -68,8 +69,9 @@ void writeWholeFile(const std::filesystem::path& path, std::string_view text) {
   std::error_code error;
   if (written) std::filesystem::rename(beside, path, error);
   if (written && !error) return;
+  // What we could not open is not ours.
   std::error_code ignored;
-  std::filesystem::remove(beside, ignored);
+  if (opened) std::filesystem::remove(beside, ignored);
   fail(RuntimeError::PermissionDenied, path, "cannot be written: " + (error ? error.message() : std::string(std::strerror(why))));
 }
 

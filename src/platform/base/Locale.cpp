@@ -36,8 +36,10 @@ std::string print(const char* format, Args... args) {
 }
 
 bool compose(int year, int month, int day, LocalTime& time) {
+  // The types of <chrono> would take 257 for 1.
+  if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) return false;
   const year_month_day date{std::chrono::year(year), std::chrono::month(static_cast<unsigned>(month)), std::chrono::day(static_cast<unsigned>(day))};
-  if (year < 100 || year > 9999 || !date.ok()) return false;
+  if (!date.ok()) return false;
   time = local_days(date);
   return true;
 }
@@ -121,9 +123,10 @@ bool readStandardDateAndTime(std::string_view text, LocalTime& time) {
   if (blank == text.npos) return false;
   const auto date = numbersIn(text.substr(0, blank), "-");
   const auto clock = numbersIn(trimmed(text.substr(blank)), ":.");
+  LocalTime day{};
   milliseconds inDay{};
-  if (date.size() != 3 || clock.size() != 3 || !compose(date[0], date[1], date[2], time) || !compose(clock[0], clock[1], clock[2], inDay)) return false;
-  time += inDay;
+  if (date.size() != 3 || clock.size() != 3 || !compose(date[0], date[1], date[2], day) || !compose(clock[0], clock[1], clock[2], inDay)) return false;
+  time = day + inDay;
   return true;
 }
 

@@ -26,7 +26,8 @@ struct Locale {
   std::string dateAndTime(LocalTime time) const;
 };
 
-// "2020-12-31 23:59:59" and the forms of the locales; false if the text is no date and time.
+// These three return false, and leave `time` as it was, if the text is no such thing.
+// "2020-12-31 23:59:59" (points in the time will do as well).
 bool readStandardDateAndTime(std::string_view text, LocalTime& time);
 // A date alone, as "2020-12-31" or as the locale writes it; the time of day is 0.
 bool readDate(std::string_view text, const Locale& locale, LocalTime& time);

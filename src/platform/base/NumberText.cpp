@@ -12,6 +12,19 @@ namespace {
 
 enum class Parsed { Number, NoNumber, TooLarge };
 
+// Of a well-formed number that no double can hold: whether it is too small, as against too large.
+bool isTiny(std::string_view number) {
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, mark);
+  std::string_view exponent = number.substr(std::min(mark + 1, number.size()));
+  if (exponent.starts_with('+')) exponent.remove_prefix(1);
+  long long power = 0;
+  if (std::from_chars(exponent.data(), exponent.data() + exponent.size(), power).ec == std::errc::result_out_of_range) return exponent.starts_with('-');
+  const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<long long>(mantissa.find_first_of("123456789"));
+  return power < first - point;
+}
+
 Parsed parse(std::string_view text, char separator, double& value) {
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
@@ -19,27 +32,20 @@ Parsed parse(std::string_view text, char separator, double& value) {
     text.remove_prefix(1);
     if (!text.empty() && text.front() == '-') return Parsed::NoNumber;
   }
-  constexpr std::size_t kLongest = 400;
-  if (text.empty() || text.size() > kLongest) return Parsed::NoNumber;
-  char digits[kLongest];
-  std::size_t length = 0;
-  for (char c : text) {
+  std::string digits(text);
+  for (char& c : digits) {
     // from_chars alone would take "inf", "nan" and, with a comma locale, a point.
     const bool known = (c >= '0' && c <= '9') || c == '-' || c == '+' || c == 'e' || c == 'E' || c == separator;
     if (!known) return Parsed::NoNumber;
-    digits[length++] = c == separator ? '.' : c;
+    if (c == separator) c = '.';
   }
-  const auto [end, error] = std::from_chars(digits, digits + length, value);
-  if (end != digits + length) return Parsed::NoNumber;
-  if (error == std::errc::result_out_of_range) {
-    const std::string_view shown(digits, length);
-    const std::size_t exponent = shown.find_first_of("eE");
-    const bool tiny = exponent != shown.npos ? shown.substr(exponent + 1).starts_with('-') : shown.find_first_of("123456789") > shown.find('.');
-    if (!tiny) return Parsed::TooLarge;
-    value = 0.0;
-    return Parsed::Number;
-  }
-  return error == std::errc() ? Parsed::Number : Parsed::NoNumber;
+  const char* const last = digits.data() + digits.size();
+  const auto [end, error] = std::from_chars(digits.data(), last, value);
+  if (end != last || error == std::errc::invalid_argument) return Parsed::NoNumber;
+  if (error == std::errc()) return Parsed::Number;
+  if (!isTiny(digits)) return Parsed::TooLarge;
+  value = 0.0;
+  return Parsed::Number;
 }
 
 // A number as its significant decimal digits and the power of ten of the first of them.

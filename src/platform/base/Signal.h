@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -19,6 +20,10 @@ class Signal {
   Signal() = default;
   Signal(const Signal&) = delete;
   Signal& operator=(const Signal&) = delete;
+  ~Signal() {
+    // What a listener holds may disconnect others when it dies.
+    std::exchange(mSlots, {});
+  }
 
   Id connect(Listener listener) {
     mSlots.push_back({++mLastId, std::make_shared<Listener>(std::move(listener))});
@@ -26,12 +31,16 @@ class Signal {
   }
 
   void disconnect(Id id) {
-    for (Slot& slot : mSlots)
-      if (slot.id == id) slot.listener.reset();
-    if (mCalls == 0) sweep();
+    const auto slot = std::find_if(mSlots.begin(), mSlots.end(), [&](const Slot& each) { return each.id == id; });
+    if (slot == mSlots.end()) return;
+    // It dies last, when what it holds may connect and disconnect again.
+    const std::shared_ptr<Listener> leaving = std::move(slot->listener);
+    if (mCalls == 0) mSlots.erase(slot);
   }
 
-  bool hasListeners() const { return !mSlots.empty(); }
+  bool hasListeners() const {
+    return std::any_of(mSlots.begin(), mSlots.end(), [](const Slot& slot) { return slot.listener != nullptr; });
+  }
 
   void operator()(Args... args) {
     if (mSlots.empty()) return;
@@ -50,14 +59,10 @@ class Signal {
   struct Call {
     explicit Call(Signal& signal) : mSignal(signal) { ++mSignal.mCalls; }
     ~Call() {
-      if (--mSignal.mCalls == 0) mSignal.sweep();
+      if (--mSignal.mCalls == 0) std::erase_if(mSignal.mSlots, [](const Slot& slot) { return !slot.listener; });
     }
     Signal& mSignal;
   };
-
-  void sweep() {
-    std::erase_if(mSlots, [](const Slot& slot) { return !slot.listener; });
-  }
 
   std::vector<Slot> mSlots;
   Id mLastId = 0;

@@ -27,8 +27,11 @@ LocalTime wallClock() {
 
 const Locale& userLocale() {
   for (const char* variable : {"LC_ALL", "LC_NUMERIC", "LANG"})
-    if (const char* value = std::getenv(variable); value && *value)
-      if (const Locale* locale = Locale::find(std::string_view(value).substr(0, 2))) return *locale;
+    if (const char* value = std::getenv(variable); value && *value) {
+      // The first that is set decides, also when it says "C".
+      const Locale* const locale = Locale::find(std::string_view(value).substr(0, std::string_view(value).find_first_of("_.@")));
+      return locale ? *locale : Locale::english();
+    }
   return Locale::english();
 }
 

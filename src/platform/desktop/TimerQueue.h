@@ -11,6 +11,10 @@ namespace ostrand {
 // Work that waits for its time; equal times run in the order in which they were scheduled.
 class TimerQueue {
  public:
+  TimerQueue() = default;
+  TimerQueue(const TimerQueue&) = delete;
+  TimerQueue& operator=(const TimerQueue&) = delete;
+  ~TimerQueue();
   Desktop::TimerId add(LocalTime due, std::function<void()> work);
   void remove(Desktop::TimerId timer);
   bool empty() const { return mTimers.empty(); }

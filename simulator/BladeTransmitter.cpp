@@ -1,0 +1,431 @@
+#include "simulator/BladeTransmitter.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "platform/base/NumberText.h"
+#include "platform/base/RuntimeError.h"
+#include "simulator/LaboratoryCalibration.h"
+
+namespace ostrand {
+
+namespace {
+
+constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+
+// Percent of the range at which the output is held, and the current that belongs to it: 3.6 and 22 mA.
+constexpr double kLowestPercent = -2.5;
+constexpr double kHighestPercent = 112.5;
+constexpr double currentOf(double percent) { return 4.0 + 0.16 * percent; }
+// The output cannot be driven lower by a test.
+constexpr double kLowestTestCurrent = 3.5;
+
+constexpr double kLargestTemperatureCorrection = 10.0;  // degC
+constexpr double kLargeDeviation = 0.05;                // of the average
+// The memory for one sample, an hour; what comes later is not averaged any more.
+constexpr std::int64_t kLongestSample = 7200;
+
+struct Failure {
+  std::string_view name, status, event;
+  bool stopsMeasurement;
+};
+
+constexpr Failure kFailures[] = {
+    {"sensor", "statusSensorFailure", "eventSensorFailure", true},
+    {"temperatureSensor", "statusTemperatureSensorFailure", "eventTemperatureSensorFailure", false},
+    {"electronics", "statusElectronicsFailure", "eventElectronicsFailure", true},
+    {"memory", "statusMemoryFailure", "eventMemoryFailure", true},
+    {"currentOutput", "statusCurrentOutputFailure", "eventCurrentOutputFailure", false},
+    {"supplyVoltage", "statusSupplyVoltageFailure", "eventSupplyVoltageLow", false},
+};
+
+struct Limit {
+  std::string_view measured, status, event;
+};
+
+constexpr Limit kLimits[] = {
+    {"shearForce", "statusShearForceOutOfLimits", "eventShearForceHigh"},
+    {"processTemperature", "statusProcessTemperatureOutOfLimits", "eventProcessTemperatureHigh"},
+    {"electronicsTemperature", "statusElectronicsTemperatureOutOfLimits", "eventElectronicsTemperatureHigh"},
+};
+
+std::string recipeName(int recipe, const char* what) { return "recipe" + std::to_string(recipe) + what; }
+std::string sampleName(int sample, const char* what) { return "sample" + std::to_string(sample) + what; }
+
+std::string pointName(const char* what, int point) {
+  return std::string(what) + static_cast<char>('0' + point / 10) + static_cast<char>('0' + point % 10);
+}
+
+// Writes that are no configuration: they act, or have an event of their own.
+bool isAction(std::string_view name) {
+  return name == "activeRecipe" || name == "sampleStart" || name == "loopTestValue" || name.starts_with("mACalibration") ||
+         name.starts_with("laboratory") || name == "calibrationType" || name == "sampleFiller" || name.starts_with("temperatureCalibration");
+}
+
+}  // namespace
+
+BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataSet, const Settings& settings, unsigned seed)
+    : mDesktop(desktop),
+      mTable(dataSet),
+      mLog(mTable),
+      mProcess(settings.line, Blade::of(mTable.key("bladeType")), desktop.now(), seed),
+      mReadEndsSample(settings.readEndsSample) {
+  for (const int sample : {1, 2})
+    for (const char* what : {"ConsistencyAverage", "Deviation", "ShearForceAverage"}) mTable.set(sampleName(sample, what), kNothing);
+  mLog.count(EventLog::Kind::Info, "eventPowerUp");
+}
+
+// --- Measurement ---
+
+int BladeTransmitter::activeRecipe() const { return static_cast<int>(mTable.number("activeRecipe", 1)); }
+
+double BladeTransmitter::specialGradeOffset(double consistency) const {
+  double beforeValue = 0;
+  double before = 0;
+  for (int point = 0; point < 16; ++point) {
+    const double value = mTable.number(pointName("consistencyValue", point));
+    const double offset = mTable.number(pointName("consistencyOffset", point), 0);
+    if (std::isnan(value)) break;
+    if (consistency <= value) {
+      if (point == 0 || value <= beforeValue) return offset;
+      return before + (offset - before) * (consistency - beforeValue) / (value - beforeValue);
+    }
+    beforeValue = value;
+    before = offset;
+  }
+  return before;
+}
+
+double BladeTransmitter::linearInput(int recipe, double shearForce) const {
+  const std::string_view pulp = mTable.key(recipeName(recipe, "PulpType"));
+  double consistency = Blade::of(mTable.key("bladeType")).consistency(shearForce, pulpFactor(pulp));
+  if (pulp == "pulpTypeSpecialGrade") consistency += specialGradeOffset(consistency);
+  // Filler leaves no force on the blade, but counts in the consistency.
+  return consistency / (1 - mTable.number(recipeName(recipe, "Filler"), 0) / 100);
+}
+
+double BladeTransmitter::reading(int recipe, double shearForce) const {
+  const double slope = mTable.number(recipeName(recipe, "LinearizationSlopeP1"), 1);
+  return slope * linearInput(recipe, shearForce) + mTable.number(recipeName(recipe, "LinearizationOffsetP2"), 0);
+}
+
+double BladeTransmitter::dampedForce(std::int64_t tick) const {
+  constexpr double kStep = BladeProcess::kSecondsPerTick;
+  const double damping = std::clamp(mTable.number("damping", 0), 0.0, 99.0);
+  // A first-order filter, summed up anew over as much of the past as still counts: so it does not matter when one looked.
+  const double newest = kStep / (damping + kStep);
+  const auto window = static_cast<std::int64_t>(8 * (damping / kStep + 1));
+  double sum = 0;
+  double weights = 0;
+  double weight = newest;
+  for (std::int64_t back = 0; back < window && weight > 0; ++back) {
+    sum += weight * mProcess.shearForce(tick - back);
+    weights += weight;
+    weight *= 1 - newest;
+  }
+  return sum / weights;
+}
+
+bool BladeTransmitter::isFailSafe() const {
+  if (mTable.key("failSafeType") == "failSafeTypeIgnore") return false;
+  return std::any_of(std::begin(kFailures), std::end(kFailures), [&](const Failure& f) { return f.stopsMeasurement && failed(f.name); });
+}
+
+void BladeTransmitter::look() {
+  showMeasurement();
+  const Output now = output(mTable.number("consistency"));
+  mTable.set("outputPercent", now.percent);
+  mTable.set("outputCurrent", now.current);
+  showStatus(now);
+}
+
+void BladeTransmitter::showMeasurement() {
+  const std::int64_t tick = now();
+  const double force = failed("sensor") ? kNothing : mProcess.shearForce(tick);
+  double consistency = failed("sensor") ? kNothing : reading(activeRecipe(), dampedForce(tick));
+  mTable.set("shearForce", force);
+  mTable.set("consistencyUnfiltered", reading(activeRecipe(), force));
+  if (isFailSafe()) {
+    const std::string_view type = mTable.key("failSafeType");
+    if (type == "failSafeTypeDefaultValue") consistency = mTable.number("failSafeDefaultValue", 0);
+    if (type == "failSafeTypeLastValidValue") consistency = mLastConsistency;
+  }
+  mTable.set("consistency", consistency);
+  mTable.set("processTemperature", failed("temperatureSensor") ? kNothing : mProcess.processTemperature(tick) + mProcessCorrection);
+  mTable.set("electronicsTemperature", mProcess.electronicsTemperature(tick) + mElectronicsCorrection);
+}
+
+BladeTransmitter::Output BladeTransmitter::output(double consistency) const {
+  const double lower = mTable.number("lowerRangeValue", 0);
+  const double upper = mTable.number("upperRangeValue", 100);
+  const double asked = upper == lower ? 0 : 100 * (consistency - lower) / (upper - lower);
+  const double percent = std::isnan(asked) ? kNothing : std::clamp(asked, kLowestPercent, kHighestPercent);
+  Output out{percent, currentOf(percent), false, percent != asked && !std::isnan(asked)};
+  const bool alarm = isFailSafe() && (std::isnan(percent) || mTable.key("failSafeType") == "failSafeTypeAlarmCurrent");
+  if (alarm || std::isnan(percent)) {
+    const std::string_view type = mTable.key("failSafeAlarmCurrent");
+    out.current = type == "alarmCurrentLow" ? currentOf(kLowestPercent) : type == "alarmCurrentHold" ? mLastCurrent : currentOf(kHighestPercent);
+  }
+  // On an address of its own in a multi-drop line the device draws the smallest current.
+  const double fixed = mLoopTest != 0 ? mLoopTest : mFixedCurrent != 0 ? mFixedCurrent : mTable.number("hartAddress", 0) != 0 ? 4.0 : 0;
+  if (fixed != 0) {
+    out.current = fixed;
+    out.isFixed = true;
+    out.isSaturated = false;
+  }
+  return out;
+}
+
+// --- Status ---
+
+bool BladeTransmitter::isOutOfLimits(std::string_view name) const {
+  const Parameter* const p = mTable.find(name);
+  if (!p || std::isnan(p->value.number)) return false;
+  return (p->lowest && p->value.number < *p->lowest) || (p->highest && p->value.number > *p->highest);
+}
+
+void BladeTransmitter::raise(std::string_view name, bool condition) {
+  mTable.set(name, condition ? 1 : 0);
+  mIsMoreStatus = mIsMoreStatus || condition;
+}
+
+void BladeTransmitter::showStatus(const Output& out) {
+  // First the bits of the transmitter: those of the bus sum them up.
+  mIsMoreStatus = false;
+  for (const Failure& failure : kFailures) {
+    raise(failure.status, failed(failure.name));
+    mLog.follow(EventLog::Kind::Error, failure.event, failed(failure.name));
+  }
+  bool isOtherOut = false;
+  for (const Limit& limit : kLimits) {
+    const bool isOut = isOutOfLimits(limit.measured);
+    isOtherOut = isOtherOut || isOut;
+    raise(limit.status, isOut);
+    mLog.follow(EventLog::Kind::Warning, limit.event, isOut);
+  }
+  raise("statusLoopTestActive", mLoopTest != 0);
+  raise("statusSamplingActive", mRunningSample != 0);
+  raise("statusFailSafeActive", isFailSafe());
+  raise("statusWriteProtectionActive", mIsWriteProtected);
+
+  const double consistency = mTable.number("consistency");
+  mLog.follow(EventLog::Kind::Warning, "eventConsistencyAboveRange", consistency > mTable.number("upperRangeValue"));
+  mLog.follow(EventLog::Kind::Warning, "eventConsistencyBelowRange", consistency < mTable.number("lowerRangeValue"));
+  mLog.follow(EventLog::Kind::Warning, "eventOutputSaturated", out.isSaturated);
+
+  mTable.set("statusHARTPVOutOfLimits", consistency < mTable.number("lowerSensorLimit") || consistency > mTable.number("upperSensorLimit"));
+  mTable.set("statusHARTNonPVOutOfLimits", isOtherOut);
+  mTable.set("statusHARTLoopCurrentOutOfLimits", out.isSaturated);
+  mTable.set("statusHARTFixedCurrentActive", out.isFixed);
+  mTable.set("statusHARTMoreStatusAvailable", mIsMoreStatus);
+  mTable.set("statusHARTColdStart", mIsColdStart);
+  mTable.set("statusHARTConfigurationChanged", mIsConfigurationChanged);
+  mTable.set("statusHARTDeviceFailure", !mFailures.empty());
+}
+
+std::string BladeTransmitter::read(const Parameter& parameter) {
+  const bool ofSample = mRunningSample != 0 && parameter.name.starts_with("sample" + std::to_string(mRunningSample));
+  if (ofSample && mReadEndsSample) stopSample(mRunningSample);
+  // These two last until they have been seen.
+  if (parameter.name == "statusHARTColdStart") mIsColdStart = false;
+  if (parameter.name == "statusHARTConfigurationChanged") mIsConfigurationChanged = false;
+  return parameter.text(parameter.value);
+}
+
+bool BladeTransmitter::setFault(std::string_view name, std::string_view argument) {
+  if (name == "none") {
+    mFailures.clear();
+    mIsWriteProtected = false;
+    mProcess.setUnsteadiness(1);
+    return true;
+  }
+  if (name == "failure") {
+    const bool known = std::any_of(std::begin(kFailures), std::end(kFailures), [&](const Failure& f) { return f.name == argument; });
+    if (!known) throw RuntimeError(RuntimeError::BadArgument, "no such failure: \"" + std::string(argument) + "\"");
+    if (mFailures.empty()) {
+      look();
+      mLastConsistency = mTable.number("consistency", 0);
+      mLastCurrent = mTable.number("outputCurrent", 4);
+    }
+    mFailures.emplace(argument);
+    return true;
+  }
+  if (name == "unsteady") {
+    const std::optional<double> factor = parseNumber(argument, '.');
+    if (!factor || *factor < 0 || *factor > 1000) throw RuntimeError(RuntimeError::BadArgument, "not a factor: \"" + std::string(argument) + "\"");
+    mProcess.setUnsteadiness(*factor);
+    return true;
+  }
+  if (name == "writeProtected") return mIsWriteProtected = true;
+  return false;
+}
+
+// --- Samples and calibration ---
+
+void BladeTransmitter::startSample(int number) {
+  if (mRunningSample != 0) stopSample(mRunningSample);
+  mRunningSample = number;
+  mSampleStart = now();
+  mSamples[static_cast<std::size_t>(number - 1)].reset();
+  for (const char* what : {"ConsistencyAverage", "Deviation", "ShearForceAverage"}) mTable.set(sampleName(number, what), kNothing);
+}
+
+void BladeTransmitter::stopSample(int number) {
+  if (mRunningSample != number) return;
+  mRunningSample = 0;
+  if (failed("sensor")) return;
+  const std::int64_t end = std::min(now(), mSampleStart + kLongestSample - 1);
+  double force = 0;
+  double laboratory = 0;
+  double average = 0;
+  double squares = 0;
+  double count = 0;
+  for (std::int64_t tick = mSampleStart; tick <= end; ++tick) {
+    const double measuredForce = mProcess.shearForce(tick);
+    const double measured = reading(activeRecipe(), measuredForce);
+    count += 1;
+    force += measuredForce;
+    laboratory += mProcess.consistency(tick);
+    const double difference = measured - average;
+    average += difference / count;
+    squares += difference * (measured - average);
+  }
+  const double deviation = std::sqrt(squares / count);
+  mSamples[static_cast<std::size_t>(number - 1)] = Sample{force / count, laboratory / count};
+  mTable.set(sampleName(number, "ConsistencyAverage"), average);
+  mTable.set(sampleName(number, "Deviation"), deviation);
+  mTable.set(sampleName(number, "ShearForceAverage"), force / count);
+  if (deviation > kLargeDeviation * average) mLog.count(EventLog::Kind::Warning, "eventSampleDeviationLarge");
+}
+
+std::optional<double> BladeTransmitter::laboratoryValue(int sample) const {
+  if (sample < 1 || sample > 2 || !mSamples[static_cast<std::size_t>(sample - 1)]) return std::nullopt;
+  return mSamples[static_cast<std::size_t>(sample - 1)]->laboratory;
+}
+
+Judgement BladeTransmitter::calibrate() {
+  const int recipe = static_cast<int>(mTable.number("laboratoryRecipe", 1));
+  const std::string_view type = mTable.key("calibrationType");
+  if (!Blade::of(mTable.key("bladeType")).allows(mTable.key(recipeName(recipe, "PulpType")))) return {Verdict::PulpTypeNotAllowed, {"laboratoryRecipe"}};
+
+  mTable.set(recipeName(recipe, "Filler"), mTable.number("sampleFiller", 0));
+  std::vector<CalibrationPoint> points;
+  std::vector<std::string> values;
+  for (const int sample : {1, 2}) {
+    if (type == (sample == 1 ? "useSample2Only" : "useSample1Only")) continue;
+    values.push_back("laboratoryValue" + std::to_string(sample));
+    const std::optional<Sample>& taken = mSamples[static_cast<std::size_t>(sample - 1)];
+    if (!taken) return {Verdict::SampleNotTaken, {values.back()}};
+    points.push_back({linearInput(recipe, taken->shearForce), mTable.number(values.back(), 0)});
+  }
+  const Calibration result = calibrated(points, mTable.number(recipeName(recipe, "LinearizationSlopeP1"), 1));
+  if (result.verdict != Verdict::Accepted) return {result.verdict, values};
+  mTable.set(recipeName(recipe, "LinearizationSlopeP1"), result.slope);
+  mTable.set(recipeName(recipe, "LinearizationOffsetP2"), result.offset);
+  mLog.count(EventLog::Kind::Info, "eventRecipeCalibrated");
+  return {};
+}
+
+// --- Writes ---
+
+Verdict BladeTransmitter::verdictOnRecipe(int recipe) const {
+  const std::string_view pulp = mTable.key(recipeName(recipe, "PulpType"));
+  if (!Blade::of(mTable.key("bladeType")).allows(pulp)) return Verdict::PulpTypeNotAllowed;
+  const double slope = mTable.number(recipeName(recipe, "LinearizationSlopeP1"));
+  if (std::isnan(slope)) return Verdict::RecipeNotCalibrated;
+  // A special grade is known by its points or by a calibration; as it leaves the factory it has neither.
+  if (pulp != "pulpTypeSpecialGrade" || slope != 1 || mTable.number(recipeName(recipe, "LinearizationOffsetP2"), 0) != 0) return Verdict::Accepted;
+  for (int point = 0; point < 16; ++point)
+    if (mTable.number(pointName("consistencyOffset", point), 0) != 0) return Verdict::Accepted;
+  return Verdict::RecipeNotCalibrated;
+}
+
+Verdict BladeTransmitter::verdictOnSpecialGrade() const {
+  for (int point = 1; point < 16; ++point)
+    if (mTable.number(pointName("consistencyValue", point), 0) <= mTable.number(pointName("consistencyValue", point - 1), 0)) return Verdict::SpecialGradePointInvalid;
+  return Verdict::Accepted;
+}
+
+Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Writing>& writings) {
+  bool isSpecialGrade = false;
+  std::vector<std::string> range;
+  for (const Writing& writing : writings) {
+    const std::string& name = writing.parameter->name;
+    const double number = writing.value.number;
+    if (name == "activeRecipe") {
+      const Verdict verdict = verdictOnRecipe(static_cast<int>(number));
+      if (verdict != Verdict::Accepted) return {verdict, {name}};
+    } else if (name.starts_with("recipe") && name.ends_with("PulpType")) {
+      if (!Blade::of(mTable.key("bladeType")).allows(mTable.key(name))) return {Verdict::PulpTypeNotAllowed, {name}};
+    } else if (name == "temperatureCalibrationCorrection") {
+      if (std::abs(number) > kLargestTemperatureCorrection) return {Verdict::TemperatureCorrectionTooLarge, {name}};
+    } else if (name == "loopTestValue" || name == "mACalibrationFixedCurrent") {
+      if (number != 0 && number < kLowestTestCurrent) return {Verdict::TooSmall, {name}};
+    } else if (name == "lowerRangeValue" || name == "upperRangeValue") {
+      range.push_back(name);
+    }
+    isSpecialGrade = isSpecialGrade || name.starts_with("consistencyValue");
+  }
+  if (!range.empty()) {
+    const double span = mTable.number("upperRangeValue", 0) - mTable.number("lowerRangeValue", 0);
+    if (span < mTable.number("minimumSpan", 0)) return {Verdict::SpanTooSmall, range};
+  }
+  if (isSpecialGrade && verdictOnSpecialGrade() != Verdict::Accepted) {
+    std::vector<std::string> points;
+    for (const Writing& writing : writings) points.push_back(writing.parameter->name);
+    return {Verdict::SpecialGradePointInvalid, std::move(points)};
+  }
+  return command == "laboratoryResults" ? calibrate() : Judgement{};
+}
+
+Judgement BladeTransmitter::write(std::string_view command, const std::vector<Writing>& writings) {
+  if (mIsWriteProtected) {
+    std::vector<std::string> all;
+    for (const Writing& writing : writings) all.push_back(writing.parameter->name);
+    return {Verdict::WriteProtected, std::move(all)};
+  }
+  // The verdicts look at the memory as it would be: so it is written first, and put back after a refusal.
+  const ParameterTable::Values before = mTable.values();
+  for (const Writing& writing : writings) mTable.find(writing.parameter->name)->value = writing.value;
+  Judgement judgement = judge(command, writings);
+  if (judgement.isRefusal()) {
+    mTable.restore(before);
+    if (command == "laboratoryResults") mLog.count(EventLog::Kind::Warning, "eventCalibrationSuspicious");
+    return judgement;
+  }
+  bool isConfiguration = false;
+  for (const Writing& writing : writings) {
+    takeEffect(writing);
+    isConfiguration = isConfiguration || !isAction(writing.parameter->name);
+  }
+  if (isConfiguration) {
+    mIsConfigurationChanged = true;
+    mLog.count(EventLog::Kind::Info, "eventConfigurationChanged");
+  }
+  return judgement;
+}
+
+void BladeTransmitter::takeEffect(const Writing& writing) {
+  const std::string& name = writing.parameter->name;
+  const double number = writing.value.number;
+  const auto record = [&](std::string_view event) { mLog.count(EventLog::Kind::Info, event); };
+  if (name == "activeRecipe") {
+    record("eventActiveRecipeChanged");
+  } else if (name == "sampleStart") {
+    startSample(static_cast<int>(number) + 1);
+  } else if (name == "loopTestValue") {
+    if (mLoopTest == 0 && number != 0) record("eventLoopTestRun");
+    mLoopTest = number;
+  } else if (name == "mACalibrationFixedCurrent") {
+    mFixedCurrent = number;
+  } else if (name == "mACalibrationLowCurrent" || name == "mACalibrationHighCurrent") {
+    record("eventCurrentOutputCalibrated");
+  } else if (name == "temperatureCalibrationCorrection") {
+    const bool isProcess = mTable.key("temperatureCalibrationMeasurement") != "electronicsTemperature";
+    (isProcess ? mProcessCorrection : mElectronicsCorrection) = number;
+    record("eventTemperatureCalibrated");
+  }
+}
+
+}  // namespace ostrand

@@ -1,0 +1,43 @@
+#include "simulator/Device.h"
+
+#include <algorithm>
+
+#include "platform/base/RuntimeError.h"
+#include "simulator/BladeTransmitter.h"
+#include "simulator/HartSlave.h"
+
+namespace ostrand {
+
+const std::vector<DeviceKind>& deviceKinds() {
+  static const std::vector<DeviceKind> kinds = {
+      {"hartBlade", "devices/hartBlade.xml", "a blade transmitter on HART, in a line with about 3.4 % of bleached softwood"},
+  };
+  return kinds;
+}
+
+const std::vector<FaultKind>& Device::faults() {
+  static const std::vector<FaultKind> faults = {
+      {"none", "", "all faults end"},
+      {"silent", "[REQUEST]", "requests, or those of this name, get no answer"},
+      {"refuse", "REQUEST [KEY]", "requests of this name are refused, with this error key"},
+      {"nan", "ITEM", "the device has no value for this item"},
+      {"value", "ITEM TEXT", "this item reads this text, whatever it may be"},
+      {"slow", "FACTOR", "transactions take so many times as long"},
+      {"twice", "", "each answer comes twice"},
+      {"foreign", "REQUEST", "answers bear this name instead of their request's"},
+      {"unfinished", "", "no answer says that it is the last one"},
+      {"garbage", "", "answers are damaged"},
+      {"failure", "PART", "a part fails: sensor, temperatureSensor, electronics, memory, currentOutput or supplyVoltage"},
+      {"unsteady", "FACTOR", "the pulp is so many times as uneven"},
+      {"writeProtected", "", "the device takes no writes"},
+  };
+  return faults;
+}
+
+std::unique_ptr<Device> makeDevice(std::string_view name, Desktop& desktop, const Document& dataSet, unsigned seed) {
+  if (name == "hartBlade")
+    return std::make_unique<HartSlave>(desktop, std::make_unique<BladeTransmitter>(desktop, dataSet, BladeTransmitter::Settings{PulpLine{}, true}, seed));
+  throw RuntimeError(RuntimeError::BadArgument, "no such device: \"" + std::string(name) + "\"");
+}
+
+}  // namespace ostrand

@@ -1,0 +1,59 @@
+#include "simulator/HartSlave.h"
+
+#include <algorithm>
+
+#include "platform/base/Locale.h"
+
+namespace ostrand {
+
+namespace {
+
+struct TextField {
+  std::string_view name;
+  std::size_t longest;
+};
+
+constexpr TextField kPackedTexts[] = {{"tag", 8}, {"description", 16}, {"message", 32}};
+
+bool isPacked(char c) { return c >= ' ' && c <= '_'; }
+
+}  // namespace
+
+std::string_view HartSlave::errorKey(Verdict verdict) const {
+  switch (verdict) {
+    case Verdict::Accepted: break;
+    case Verdict::CommandNotImplemented: return "hartCmdErrCommandIsNotImplemented";
+    case Verdict::AccessRestricted: return "hartCmdErrAccessRestricted";
+    case Verdict::TooSmall: return "hartCmdErrParameterTooSmall";
+    case Verdict::TooLarge: return "hartCmdErrParameterTooLarge";
+    case Verdict::WriteProtected: return "hartCmdErrInWriteProtectMode";
+    case Verdict::SpanTooSmall: return "hartCmdErrSpanTooSmall";
+    case Verdict::PulpTypeNotAllowed:
+    case Verdict::RecipeNotCalibrated: return "hartCmdErrRecipeNotCalibratedOrPulpTypeNotAllowed";
+    // There is one code for everything that a calibration can be refused for.
+    case Verdict::SampleNotTaken:
+    case Verdict::PointsTooClose:
+    case Verdict::CalibrationSuspicious:
+    case Verdict::TemperatureCorrectionTooLarge: return "hartCmdErrSuspiciousCalibration";
+    case Verdict::InvalidSelection:
+    case Verdict::SpecialGradePointInvalid: return "hartCmdErrInvalidSelection";
+  }
+  return {};
+}
+
+Verdict HartSlave::check(const Parameter& parameter, std::string_view text, Value& value) const {
+  const Verdict verdict = BusSlave::check(parameter, text, value);
+  if (verdict != Verdict::Accepted || parameter.type != Parameter::Type::Text) return verdict;
+  if (parameter.name == "deviceDate") {
+    LocalTime date;
+    if (text.find('-') == text.npos || !readDate(text, Locale::english(), date)) return Verdict::InvalidSelection;
+    value.text = standardDate(date);
+    return Verdict::Accepted;
+  }
+  const auto field = std::find_if(std::begin(kPackedTexts), std::end(kPackedTexts), [&](const TextField& f) { return f.name == parameter.name; });
+  if (field == std::end(kPackedTexts)) return Verdict::Accepted;
+  if (text.size() > field->longest) return Verdict::TooLarge;
+  return std::all_of(text.begin(), text.end(), isPacked) ? Verdict::Accepted : Verdict::InvalidSelection;
+}
+
+}  // namespace ostrand

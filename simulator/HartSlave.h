@@ -1,0 +1,17 @@
+#pragma once
+
+#include "simulator/BusSlave.h"
+
+namespace ostrand {
+
+// About three transactions a second, each with as many values as one command carries. Texts are packed: no small letters.
+class HartSlave : public BusSlave {
+ public:
+  HartSlave(Desktop& desktop, std::unique_ptr<Transmitter> transmitter) : BusSlave(desktop, std::move(transmitter), {0.35, 4}) {}
+
+ protected:
+  std::string_view errorKey(Verdict verdict) const override;
+  Verdict check(const Parameter& parameter, std::string_view text, Value& value) const override;
+};
+
+}  // namespace ostrand

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "simulator/ParameterTable.h"
+
+namespace ostrand {
+
+// What a transmitter says to a write; each bus has its own words for it.
+enum class Verdict {
+  Accepted,
+  CommandNotImplemented,
+  AccessRestricted,
+  InvalidSelection,
+  TooSmall,
+  TooLarge,
+  WriteProtected,
+  SpanTooSmall,
+  SampleNotTaken,
+  PointsTooClose,
+  CalibrationSuspicious,
+  PulpTypeNotAllowed,
+  RecipeNotCalibrated,
+  TemperatureCorrectionTooLarge,
+  SpecialGradePointInvalid,
+};
+
+struct Judgement {
+  Verdict verdict = Verdict::Accepted;
+  std::vector<std::string> items;  // that it is about
+
+  bool isRefusal() const { return verdict != Verdict::Accepted; }
+};
+
+struct Writing {
+  const Parameter* parameter;
+  Value value;
+};
+
+// The device behind its bus: memory, measurement, actions. It moves on when it is looked at.
+class Transmitter {
+ public:
+  virtual ~Transmitter() = default;
+
+  virtual const ParameterTable& parameters() const = 0;
+  // Brings everything that is measured up to the clock.
+  virtual void look() = 0;
+  // The text of a value as of the last look. To be read may have a meaning: it ends a sample, or acknowledges.
+  virtual std::string read(const Parameter& parameter) = 0;
+  // Takes over all of it, or nothing. The values have passed the checks of the bus.
+  virtual Judgement write(std::string_view command, const std::vector<Writing>& writings) = 0;
+
+  // A fault of the device itself; false if it knows none of this name. "none" ends them all.
+  virtual bool setFault(std::string_view name, std::string_view argument) = 0;
+  virtual std::optional<double> laboratoryValue(int sample) const = 0;
+};
+
+}  // namespace ostrand

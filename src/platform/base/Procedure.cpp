@@ -1,0 +1,46 @@
+#include "platform/base/Procedure.h"
+
+namespace ostrand {
+
+Procedure::Procedure(Reporter& reporter, std::string_view procedure, Kind kind)
+    : mObject(&reporter.self()),
+      mMessenger(reporter.reportingTo()),
+      mLastError(reporter.lastError()),
+      mObjectName(reporter.objectName()),
+      mProcedure(procedure),
+      mEntry(kind == Entry) {
+  if (!mEntry) return;
+  if (mLastError->depth++ > 0) mErrorBefore = mLastError->error;
+  mLastError->error = {};
+}
+
+Procedure::Procedure(const Ref<Messenger>& messenger, const Ref<LastError>& lastError, std::string_view prefix)
+    : mMessenger(messenger), mLastError(lastError), mProcedure(prefix) {}
+
+Procedure::~Procedure() {
+  if (mEntry && --mLastError->depth > 0) mLastError->error = std::move(mErrorBefore);
+}
+
+std::string Procedure::prefix() const {
+  if (mObjectName.empty()) return std::string(mProcedure);
+  return std::string(mObjectName) + " " + std::string(mProcedure) + ": ";
+}
+
+void Procedure::report(const ErrorText& error) {
+  if (mLastError) mLastError->error = error;
+  if (!mMessenger) return;
+  try {
+    mMessenger->ReportError(prefix(), error.number, error.description);
+  } catch (...) {
+    // The error channel itself has failed: there is nobody left to tell.
+  }
+}
+
+void Procedure::reportLastError() { report(mLastError ? ErrorText(mLastError->error) : ErrorText()); }
+
+Messenger& Procedure::messenger() const {
+  if (!mMessenger) throwNothingThere("the messenger");
+  return *mMessenger;
+}
+
+}  // namespace ostrand

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/base/Procedure.h"
+#include "platform/controls/Control.h"
+#include "platform/desktop/Desktop.h"
+#include "platform/types/IPlaceable.h"
+#include "platform/types/ITaviView.h"
+
+namespace ostrand {
+
+class Form;
+
+// What every component is beside its own interfaces: counted, placed on a desktop in a parent, holder of a
+// form of controls, of the focus among them, and of the last error.
+class Component : public IPlaceable, public Reporter {
+ public:
+  std::uint32_t addRef() noexcept override { return ++mCount; }
+  std::uint32_t release() noexcept override;
+  Result queryInterface(const Guid& id, void** out) noexcept override;
+
+  void Place(Desktop& desktop, const Ref<IHostContainer>& parent, const std::string& tag) override;
+  void Resize(int width, int height) override;
+  void Terminate() override;
+
+  // Error 91 before the component is placed.
+  Desktop& desktop() const;
+  const Ref<IHostContainer>& parent() const { return mParent; }
+  const std::string& tag() const { return mTag; }
+  const ControlCollection& controls() const { return mControls; }
+  int width() const { return mWidth; }
+  int height() const { return mHeight; }
+
+  // The frame or nested panel in front; nullptr if there is none.
+  Control* front() const { return mFront; }
+  void bringToFront(Control& item);
+  // The control that has the focus, here or in a nested component; nullptr if none has.
+  Control* focused() const { return outermost().mFocused; }
+  // Moves the focus; the control that had it hears that it lost it.
+  void moveFocus(Control* control);
+  // What is behind the component when it is nested, nullptr otherwise.
+  void setOuter(Component* outer) { mOuter = outer; }
+
+  // Held until the component is gone: the component server counts its living objects so.
+  void keep(Ref<Counted> token) { mToken = std::move(token); }
+
+  Signal<> changed;  // another item is in front, the focus moved, or the size changed
+
+  // Reporter
+  const Ref<Messenger>& reportingTo() const override { return mMessenger; }
+  const Ref<LastError>& lastError() const override { return mLastError; }
+  IObject& self() override { return *this; }
+
+ protected:
+  Component();
+  virtual ~Component();
+
+  // The form at a glance: frames, rows, labels, tags.
+  virtual void declare(Form& form) { (void)form; }
+  virtual void initialize() {}  // UserControl_Initialize
+  virtual void resized() {}     // UserControl_Resize
+  virtual void terminate() {}   // UserControl_Terminate
+  // The queryInterface of the class itself, asked first.
+  virtual bool offerInterface(const Guid& id, void** out) noexcept = 0;
+
+  // A call on the host's container: error 91 without one.
+  IHostContainer& container() const;
+
+  Ref<Messenger> mMessenger;
+
+ private:
+  friend class Form;
+  Component& outermost() const;
+
+  std::uint32_t mCount = 0;
+  Desktop* mDesktop = nullptr;
+  Ref<IHostContainer> mParent;
+  std::string mTag;
+  ControlCollection mControls;
+  Control* mFront = nullptr;
+  Control* mFocused = nullptr;
+  Component* mOuter = nullptr;
+  int mWidth = 9000;
+  int mHeight = 6000;
+  Ref<LastError> mLastError;
+  Ref<Counted> mToken;
+};
+
+}  // namespace ostrand

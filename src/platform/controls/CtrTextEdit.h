@@ -1,0 +1,74 @@
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "platform/controls/EditControl.h"
+#include "platform/controls/ValueTranslator.h"
+
+namespace ostrand {
+
+// One value as text: a number in the user's unit, decimals and separator, or a plain text.
+class CtrTextEdit : public EditControl {
+ public:
+  using EditControl::EditControl;
+  ~CtrTextEdit() override { clearRelations(); }
+  std::string_view className() const override { return "CtrTextEdit"; }
+
+  // Restricts what may be typed to the characters that the parameter's type can hold; for a text that is
+  // the packed character set of the bus: capitals (small letters become capitals), digits, the usual signs.
+  void SetTextOption(bool restrict);
+  // This edit's value may not fall below the other's by less than the margin (in the data unit). The one
+  // relation that exists is "max". Told again, the margin is replaced.
+  void AddValueRelation(CtrTextEdit& lower, const std::string& relation, double margin);
+  // Removes the relations in which this edit takes part, at either end.
+  void ClearValueRelations();
+
+  // The user types and leaves; another unit may stand behind the number ("12 degF"). Error 70 if the edit
+  // cannot be reached.
+  void type(const std::string& text);
+
+  std::string displayUnit() const override { return mTranslator.displayUnit(); }
+  // The limits on the screen, in the user's unit; empty where there is none.
+  std::string shownLimit(const std::optional<double>& limit) const;
+
+ protected:
+  Kind ownKind() const override { return Kind::TextEdit; }
+  std::string shown(const std::string& documentText) const override;
+  std::optional<std::string> told() const override;
+  bool passes() const override;
+  std::string received(const Node& item, std::string value) const override;
+  void parameterChanged() override;
+  void unitsChanged() override;
+  void forgetTyped() override { mTyped.reset(); }
+  void takeText(const std::string& text) override;
+
+ private:
+  // A text that is not from a document: as it was typed (with a point), and the unit in which it was. It
+  // is kept so that a change of units on the screen and back changes nothing.
+  struct Typed {
+    std::string text;
+    std::string unit;
+    bool byUser;
+  };
+  struct Lower {
+    CtrTextEdit* edit;
+    double margin;
+  };
+
+  void takeTyped(std::string text, std::string unit, bool byUser);
+  std::string typedOnScreen() const;
+  std::string restricted(const std::string& text) const;
+  // The value in the data unit, if it is a number.
+  std::optional<double> number() const;
+  void clearRelations();
+  void recheckUppers();
+
+  ValueTranslator mTranslator;
+  std::optional<Typed> mTyped;
+  bool mRestricted = false;
+  std::vector<Lower> mLowers;          // the edits that bound this one from below
+  std::vector<CtrTextEdit*> mUppers;  // the edits that this one bounds
+};
+
+}  // namespace ostrand

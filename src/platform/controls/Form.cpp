@@ -1,0 +1,160 @@
+#include "platform/controls/Form.h"
+
+#include <vector>
+
+namespace ostrand {
+
+namespace {
+
+constexpr int kMargin = 240;
+constexpr int kLabelWidth = 3000;
+constexpr int kFieldLeft = kMargin + kLabelWidth + 120;
+constexpr int kFieldWidth = 2400;
+constexpr int kFieldHeight = 315;
+constexpr int kColumnStep = kFieldWidth + 120;
+constexpr int kTitleTop = 120;
+constexpr int kStampWidth = 2640;
+constexpr int kButtonWidth = 1695;
+
+}  // namespace
+
+void Form::add(Control& control, const char* tag) {
+  control.mTag = tag;
+  mComponent.mControls.push_back(&control);
+}
+
+void Form::caption(Control& control, const char* text) { control.design("Caption", text); }
+
+void Form::place(Control& control, int left, int top, int width, int height) {
+  control.mLeft = left;
+  control.mTop = top;
+  control.mWidth = width;
+  control.mHeight = height;
+}
+
+void Form::placeAs(Control& control, const Control& other) { place(control, other.mLeft, other.mTop, other.mWidth, other.mHeight); }
+
+void Form::hide(Control& control) { control.mVisible = false; }
+
+Form::~Form() {
+  for (Control* control : mComponent.mControls) control->mOwner = &mComponent;
+}
+
+FrameForm Form::frame(Frame& frame, const char* key) {
+  add(frame, key);
+  place(frame, 0, 0, mComponent.width(), mComponent.height());
+  if (!mComponent.mFront) mComponent.mFront = &frame;
+  return FrameForm(*this, frame);
+}
+
+void Form::nested(NestedPlace& at, const char* tag) {
+  fill(at, tag);
+  if (!mComponent.mFront) mComponent.mFront = &at;
+  at.make();
+  at.nested()->setOuter(&mComponent);
+  at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
+}
+
+void Form::fill(Control& control, const char* tag) {
+  add(control, tag);
+  place(control, 0, 0, mComponent.width(), mComponent.height());
+}
+
+FrameForm& FrameForm::title(Label& label, const char* key) {
+  mForm.add(label, key);
+  Form::place(label, kMargin, kTitleTop, 5000, 360);
+  return *this;
+}
+
+FrameForm& FrameForm::stamp(CtrDateLabel& label, const char* tag) {
+  mForm.add(label, tag);
+  Form::place(label, mForm.mComponent.width() - kStampWidth, 20, kStampWidth, kFieldHeight);
+  return *this;
+}
+
+FrameForm& FrameForm::nextRow() {
+  if (mLast) mTop += Form::kRowHeight;
+  mColumn = 0;
+  return *this;
+}
+
+FrameForm& FrameForm::row(Label& label, const char* key, Control& control, const char* tag) {
+  nextRow();
+  mForm.add(label, key);
+  Form::place(label, kMargin, mTop, kLabelWidth, kFieldHeight);
+  return cell(control, tag);
+}
+
+FrameForm& FrameForm::row(Control& control, const char* tag) {
+  nextRow();
+  return cell(control, tag);
+}
+
+FrameForm& FrameForm::button(CommandButton& button, const char* tag, const char* caption) {
+  row(button, tag);
+  mForm.caption(button, caption);
+  Form::place(button, kFieldLeft, mTop, kButtonWidth, kFieldHeight);
+  return *this;
+}
+
+FrameForm& FrameForm::heads(std::initializer_list<std::pair<Label*, const char*>> labels) {
+  nextRow();
+  for (const auto& [label, key] : labels) cell(*label, key);
+  return *this;
+}
+
+FrameForm& FrameForm::cell(Control& control, const char* tag) {
+  mForm.add(control, tag);
+  Form::place(control, kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
+  mLast = &control;
+  return *this;
+}
+
+FrameForm& FrameForm::over(Control& control, const char* tag) {
+  mForm.add(control, tag);
+  Form::placeAs(control, *mLast);
+  Form::hide(control);
+  return *this;
+}
+
+FrameForm& FrameForm::hidden(Control& control, const char* tag) {
+  mForm.add(control, tag);
+  Form::place(control, kFieldLeft, mTop, kFieldWidth, kFieldHeight);
+  Form::hide(control);
+  return *this;
+}
+
+FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons) {
+  nextRow();
+  mForm.add(holder, "");
+  Form::place(holder, kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
+  for (const auto& [button, tag] : buttons) {
+    row(*button, tag);
+    std::vector<OptionButton*> others;
+    for (const auto& [other, ignored] : buttons)
+      if (other != button) others.push_back(other);
+    button->groupWith(std::move(others));
+  }
+  return *this;
+}
+
+FrameForm& FrameForm::panel(NestedPlace& at, const char* tag) {
+  nextRow();
+  mForm.add(at, tag);
+  Form::place(at, 0, mTop, mForm.mComponent.width(), mForm.mComponent.height() - mTop);
+  at.make();
+  at.nested()->setOuter(&mForm.mComponent);
+  at.nested()->Place(mForm.mComponent.desktop(), mForm.mComponent.parent(), tag);
+  mLast = &at;
+  return *this;
+}
+
+FrameForm& FrameForm::fill(Control& control, const char* tag) {
+  nextRow();
+  mForm.add(control, tag);
+  Form::place(control, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, mForm.mComponent.height() - mTop - kMargin);
+  mLast = &control;
+  return *this;
+}
+
+}  // namespace ostrand

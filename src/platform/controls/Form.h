@@ -1,0 +1,82 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "platform/controls/Component.h"
+#include "platform/controls/ControlArray.h"
+#include "platform/controls/CtrDateLabel.h"
+#include "platform/controls/Nested.h"
+#include "platform/controls/PlainControls.h"
+
+namespace ostrand {
+
+class FrameForm;
+
+// Declares the form of a component: what stands where, under which tag. The order of the declarations is
+// the order of GetControls and of the tab key. Rows are 400 twips apart and place themselves.
+class Form {
+ public:
+  explicit Form(Component& component) : mComponent(component) {}
+  // Closes the form: from here on the controls belong to the component.
+  ~Form();
+
+  // A full-size frame with its key.
+  FrameForm frame(Frame& frame, const char* key);
+  // A component that stands on the panel by itself and is selected under its tag.
+  void nested(NestedPlace& place, const char* tag);
+  // A control that fills the panel.
+  void fill(Control& control, const char* tag);
+
+  static constexpr int kRowHeight = 400;
+
+ private:
+  friend class FrameForm;
+  void add(Control& control, const char* tag);
+  void caption(Control& control, const char* text);
+  static void place(Control& control, int left, int top, int width, int height);
+  static void placeAs(Control& control, const Control& other);
+  static void hide(Control& control);
+
+  Component& mComponent;
+};
+
+class FrameForm {
+ public:
+  // The heading, with a key of the text table; the stamp in the top right corner, with "date_" + group.
+  FrameForm& title(Label& label, const char* key);
+  FrameForm& stamp(CtrDateLabel& label, const char* tag);
+
+  // One row: a label and what stands beside it.
+  FrameForm& row(Label& label, const char* key, Control& control, const char* tag);
+  // A row of a button alone; its caption until the view is localized.
+  FrameForm& button(CommandButton& button, const char* tag, const char* caption);
+  // A row of one control without a label.
+  FrameForm& row(Control& control, const char* tag);
+  // A row of labels: the heads of a table's columns, from the second column on.
+  FrameForm& heads(std::initializer_list<std::pair<Label*, const char*>> labels);
+  // One more column of the last row.
+  FrameForm& cell(Control& control, const char* tag);
+  // On the same place as the last control, hidden at first.
+  FrameForm& over(Control& control, const char* tag);
+  // A control that is never shown.
+  FrameForm& hidden(Control& control, const char* tag);
+  // Radio buttons, one to a row, of which one is on; they stand on `holder`.
+  FrameForm& group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
+  // A nested panel that takes the rest of the frame.
+  FrameForm& panel(NestedPlace& place, const char* tag);
+  FrameForm& fill(Control& control, const char* tag);
+
+ private:
+  friend class Form;
+  FrameForm(Form& form, Frame& frame) : mForm(form), mFrame(frame) {}
+  FrameForm& nextRow();
+
+  Form& mForm;
+  Frame& mFrame;
+  int mTop = 720;
+  int mColumn = 0;
+  Control* mLast = nullptr;
+};
+
+}  // namespace ostrand

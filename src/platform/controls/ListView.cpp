@@ -1,0 +1,178 @@
+#include "platform/controls/ListView.h"
+
+#include "platform/base/RuntimeError.h"
+#include "platform/controls/Component.h"
+
+namespace ostrand {
+
+namespace {
+
+template <class T>
+const T& element(const std::vector<T>& list, int index, const char* what, const std::string& name) {
+  if (index < 1 || index > static_cast<int>(list.size()))
+    throw RuntimeError(RuntimeError::OutOfRange, name + " has no " + what + " " + std::to_string(index));
+  return list[static_cast<std::size_t>(index) - 1];
+}
+
+int only(std::span<const int> indices) {
+  if (indices.size() != 1) throw RuntimeError(RuntimeError::BadArgument, "one index is wanted");
+  return indices[0];
+}
+
+}  // namespace
+
+const ListView::Column& ListView::columnAt(int column) const { return element(mColumns, column, "column", name()); }
+
+const ListView::Row& ListView::rowAt(int row) const { return element(mRows, row, "row", name()); }
+
+const ListView::CellData& ListView::cellAt(int row, int column) const {
+  const Row& at = rowAt(row);
+  columnAt(column);
+  // A column that came after the row has no cell there yet.
+  static const CellData kEmpty;
+  if (column > static_cast<int>(at.cells.size())) return kEmpty;
+  return at.cells[static_cast<std::size_t>(column) - 1];
+}
+
+void ListView::traceCell(const char* property, int first, int second, const Value& value) {
+  if (!probe()) return;
+  std::string member = std::string(property) + "(" + std::to_string(first);
+  if (second) member += "," + std::to_string(second);
+  probeSetting(member + ")", value);
+}
+
+void ListView::AddColumn(std::string tag, int width) {
+  if (probe()) announce("AddColumn", " " + quoted(tag) + " " + std::to_string(width));
+  mColumns.push_back({std::move(tag), {}, width});
+  for (Row& row : mRows) row.cells.resize(mColumns.size());
+  changedNow();
+}
+
+void ListView::Header(int column, std::string text) {
+  traceCell("Header", column, 0, text);
+  if (std::string& at = columnAt(column).text; at != text) {
+    at = std::move(text);
+    changedNow();
+  }
+}
+
+void ListView::HeaderTag(int column, std::string tag) {
+  traceCell("HeaderTag", column, 0, tag);
+  columnAt(column).tag = std::move(tag);
+}
+
+void ListView::ColumnWidth(int column, int width) {
+  traceCell("ColumnWidth", column, 0, width);
+  if (int& at = columnAt(column).width; at != width) {
+    at = width;
+    changedNow();
+  }
+}
+
+void ListView::AddRow() {
+  announce("AddRow");
+  mRows.emplace_back().cells.resize(mColumns.size());
+  ++mCount;
+  changedNow();
+}
+
+void ListView::RemoveRow(int row) {
+  if (probe()) announce("RemoveRow", " " + std::to_string(row));
+  rowAt(row);
+  mRows.erase(mRows.begin() + row - 1);
+  --mCount;
+  if (mSelectedRow > mCount) mSelectedRow = 0;
+  changedNow();
+}
+
+void ListView::Clear() {
+  announce("Clear");
+  mRows.clear();
+  mCount = mSelectedRow = 0;
+  changedNow();
+}
+
+void ListView::Cell(int row, int column, std::string text) {
+  traceCell("Cell", row, column, text);
+  cellAt(row, column);
+  if (std::string& at = rowAt(row).cells[static_cast<std::size_t>(column) - 1].text; at != text) {
+    at = std::move(text);
+    changedNow();
+  }
+}
+
+void ListView::CellColor(int row, int column, ostrand::Color color) {
+  traceCell("Color", row, column, color.rgb);
+  cellAt(row, column);
+  if (ostrand::Color& at = rowAt(row).cells[static_cast<std::size_t>(column) - 1].color; at != color) {
+    at = color;
+    changedNow();
+  }
+}
+
+void ListView::Checked(int row, bool checked) {
+  traceCell("Checked", row, 0, checked);
+  if (bool& at = rowAt(row).checked; at != checked) {
+    at = checked;
+    changedNow();
+  }
+}
+
+void ListView::SelectedRow(int row) {
+  if (row != 0) rowAt(row);
+  write(mSelectedRow, row, "SelectedRow");
+}
+
+void ListView::check(int row, bool on) {
+  requireUsable();
+  if (!mCheckBoxes) throw RuntimeError(RuntimeError::PermissionDenied, name() + " has no boxes");
+  Row& at = rowAt(row);
+  if (at.checked == on) return;
+  const Ref<Component> pin(owner());
+  at.checked = on;
+  changedNow();
+  ItemCheck(row);
+}
+
+void ListView::clickRow(int row) {
+  requireUsable();
+  rowAt(row);
+  const Ref<Component> pin(owner());
+  mSelectedRow = row;
+  changedNow();
+  ItemClick(row);
+}
+
+void ListView::editRow(int row, const std::string& text) {
+  requireUsable();
+  if (!mLabelEdit) throw RuntimeError(RuntimeError::PermissionDenied, name() + " cannot be edited in place");
+  rowAt(row);
+  const Ref<Component> pin(owner());
+  AfterLabelEdit(row, text);
+}
+
+Value ListView::get(std::string_view property, std::span<const int> indices) const {
+  if (property == "Count") return mCount;
+  if (property == "SelectedRow") return mSelectedRow;
+  if (property == "Header") return columnAt(only(indices)).text;
+  if (property == "HeaderTag") return columnAt(only(indices)).tag;
+  if (property == "ColumnWidth") return columnAt(only(indices)).width;
+  if (property == "Checked") return rowAt(only(indices)).checked;
+  if ((property == "Cell" || property == "Color") && indices.size() == 2) {
+    const CellData& cell = cellAt(indices[0], indices[1]);
+    return property == "Cell" ? Value(cell.text) : Value(cell.color.rgb);
+  }
+  return Control::get(property, indices);
+}
+
+void ListView::set(std::string_view property, std::span<const int> indices, const Value& value) {
+  if (property == "Header") return Header(only(indices), asText(value));
+  if (property == "HeaderTag") return HeaderTag(only(indices), asText(value));
+  if (property == "ColumnWidth") return ColumnWidth(only(indices), asInt(value));
+  if (property == "Checked") return Checked(only(indices), asBool(value));
+  if (property == "Cell" && indices.size() == 2) return Cell(indices[0], indices[1], asText(value));
+  if (property == "Color" && indices.size() == 2) return CellColor(indices[0], indices[1], {ostrand::Color::Role::Value, asInt(value)});
+  Control::set(property, indices, value);
+}
+
+}  // namespace ostrand

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/controls/Control.h"
+
+namespace ostrand {
+
+// A table of texts. Rows and columns count from 1; an index outside is error 9.
+class ListView : public Control {
+ public:
+  using Control::Control;
+  std::string_view className() const override { return "ListView"; }
+
+  // Columns; the tag of a column is a key of the text table.
+  void AddColumn(std::string tag, int width);
+  int ColumnCount() const { return static_cast<int>(mColumns.size()); }
+  const std::string& Header(int column) const { return columnAt(column).text; }
+  void Header(int column, std::string text);
+  const std::string& HeaderTag(int column) const { return columnAt(column).tag; }
+  void HeaderTag(int column, std::string tag);
+  int ColumnWidth(int column) const { return columnAt(column).width; }
+  void ColumnWidth(int column, int width);
+
+  int Count() const { return read(mCount, "Count"); }
+  void AddRow();
+  void RemoveRow(int row);
+  void Clear();
+  const std::string& Cell(int row, int column) const { return cellAt(row, column).text; }
+  void Cell(int row, int column, std::string text);
+  ostrand::Color CellColor(int row, int column) const { return cellAt(row, column).color; }
+  void CellColor(int row, int column, ostrand::Color color);
+
+  // Boxes before the rows, and an edit in place of the first column; both off at first.
+  bool CheckBoxes() const { return mCheckBoxes; }
+  void CheckBoxes(bool boxes) { write(mCheckBoxes, boxes, "CheckBoxes"); }
+  bool LabelEdit() const { return mLabelEdit; }
+  void LabelEdit(bool edit) { write(mLabelEdit, edit, "LabelEdit"); }
+  bool Checked(int row) const { return rowAt(row).checked; }
+  void Checked(int row, bool checked);
+  int SelectedRow() const { return read(mSelectedRow, "SelectedRow"); }
+  void SelectedRow(int row);
+
+  Signal<int> ItemCheck;                            // row; its box has changed
+  Signal<int> ItemClick;                            // row
+  Signal<int, const std::string&> AfterLabelEdit;   // row, the text that the user typed; the cell stands as it was
+
+  // The user's actions; error 70 if the list cannot be reached or has no boxes or edit.
+  void check(int row, bool on);
+  void clickRow(int row);
+  void editRow(int row, const std::string& text);
+
+  Value get(std::string_view property, std::span<const int> indices) const override;
+  void set(std::string_view property, std::span<const int> indices, const Value& value) override;
+
+ protected:
+  Kind ownKind() const override { return Kind::ListView; }
+
+ private:
+  struct Column {
+    std::string tag;
+    std::string text;
+    int width;
+    friend bool operator==(const Column&, const Column&) = default;
+  };
+  struct CellData {
+    std::string text;
+    ostrand::Color color = ostrand::Color::text();
+  };
+  struct Row {
+    std::vector<CellData> cells;
+    bool checked = false;
+  };
+  const Column& columnAt(int column) const;
+  Column& columnAt(int column) { return const_cast<Column&>(std::as_const(*this).columnAt(column)); }
+  const Row& rowAt(int row) const;
+  Row& rowAt(int row) { return const_cast<Row&>(std::as_const(*this).rowAt(row)); }
+  const CellData& cellAt(int row, int column) const;
+  CellData& cellAt(int row, int column) { return const_cast<CellData&>(std::as_const(*this).cellAt(row, column)); }
+  void traceCell(const char* property, int first, int second, const Value& value);
+
+  std::vector<Column> mColumns;
+  std::vector<Row> mRows;
+  int mCount = 0;
+  int mSelectedRow = 0;
+  bool mCheckBoxes = false;
+  bool mLabelEdit = false;
+};
+
+}  // namespace ostrand

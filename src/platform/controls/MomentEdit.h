@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/controls/EditControl.h"
+
+namespace ostrand {
+
+// What the edits of a date and of a time of day share: a document form that does not depend on the locale,
+// and the locale's form on the screen. A text that cannot be read stays as it was typed and is not correct.
+class MomentEdit : public EditControl {
+ public:
+  using EditControl::EditControl;
+
+  // The user types and leaves; error 70 if the edit cannot be reached.
+  void type(const std::string& text);
+
+ protected:
+  std::string shown(const std::string& documentText) const override;
+  std::optional<std::string> told() const override;
+  bool passes() const override;
+  void takeText(const std::string& text) override;
+  void unitsChanged() override;
+  void forgetTyped() override { mTyped.reset(); }
+
+  virtual bool readMoment(const std::string& text, LocalTime& moment) const = 0;
+  virtual std::string documentForm(LocalTime moment) const = 0;
+  virtual std::string screenForm(LocalTime moment) const = 0;
+
+ private:
+  void takeTyped(const std::string& text, bool byUser);
+  std::optional<std::string> mTyped;  // in document form if it can be read
+};
+
+}  // namespace ostrand

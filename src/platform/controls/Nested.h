@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/controls/Component.h"
+
+namespace ostrand {
+
+// The place of a component inside another one: position, visibility and Tag are the place's, everything
+// else is the component's, behind Object. The form makes and places it.
+class NestedPlace : public Control {
+ public:
+  using Control::Control;
+  std::string_view className() const override { return mClassName; }
+  IObject* Object() const override { return mComponent.get(); }
+  const Ref<Component>& nested() const { return mComponent; }
+  void detach() override {
+    if (mComponent) mComponent->Terminate();
+  }
+
+  // For the form.
+  virtual void make() = 0;
+
+ protected:
+  Kind ownKind() const override { return Kind::Nested; }
+  Ref<Component> mComponent;
+  std::string_view mClassName;
+};
+
+template <class T>
+class Nested : public NestedPlace {
+ public:
+  using NestedPlace::NestedPlace;
+  T& operator*() const { return static_cast<T&>(*mComponent); }
+  T* operator->() const { return static_cast<T*>(mComponent.get()); }
+
+  void make() override {
+    mComponent = Ref<Component>(new T);
+    mClassName = T::kClassName;
+  }
+};
+
+}  // namespace ostrand

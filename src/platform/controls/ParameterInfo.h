@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/xml/Node.h"
+
+namespace ostrand {
+
+// What a data:parameter element says of a value, apart from the value itself. Limits and unit are those of
+// the data set.
+struct ParameterInfo {
+  std::string name;
+  std::string type;  // also the name of the value element on the wire
+  std::string unit = "noUnit";
+  std::optional<int> decimals;
+  std::optional<double> min;
+  std::optional<double> max;
+  bool readOnly = false;
+  bool writeOnly = false;
+
+  bool isNumeric() const { return isInteger() || isFloat(); }
+  bool isInteger() const { return type.starts_with("int"); }
+  bool isFloat() const { return type.starts_with("float"); }
+  // Percentages never convert, and what has no unit cannot.
+  bool hasConvertibleUnit() const { return !unit.empty() && unit != "noUnit" && unit.find('%') == unit.npos; }
+
+  // An empty node gives an empty description. Limits that are no number count as absent.
+  void read(const Node& parameter);
+};
+
+// The value element of a comm:item: `comm:` + type if it is there, else the first element inside; empty if none.
+Node valueElement(const Node& item, std::string_view type);
+
+}  // namespace ostrand

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/controls/Control.h"
+
+namespace ostrand {
+
+// A picture, or a place that holds other controls together.
+class PictureBox : public Control {
+ public:
+  using Control::Control;
+  std::string_view className() const override { return "PictureBox"; }
+
+ protected:
+  Kind ownKind() const override { return Kind::PictureBox; }
+};
+
+}  // namespace ostrand

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "platform/types/Messenger.h"
+
+namespace ostrand {
+
+// The words in which the views tell the host the state of a value; each value bears one of both kinds.
+namespace EditWord {
+inline const std::string kOriginal = "original";
+inline const std::string kEdited = "edited";
+inline const std::string kEditedError = "editedError";
+inline const std::string kCorrected = "corrected";
+}  // namespace EditWord
+
+namespace SyncWord {
+inline const std::string kNotRead = "notRead";
+inline const std::string kSync = "sync";
+inline const std::string kSyncError = "syncError";
+inline const std::string kReSync = "reSync";
+}  // namespace SyncWord
+
+// One reading of a value: moves its sync word and tells the host if it moved. A messenger may be absent.
+void forwardSyncChanges(const std::string& name, bool succeeded, std::string& word, Messenger* messenger);
+
+// Moves the edit word of a value, by three rules of which each sees the result of the one before, and
+// tells the host each move.
+void forwardEditChanges(const std::string& name, bool modified, bool correct, std::string& word, Messenger* messenger);
+
+}  // namespace ostrand
