@@ -61,7 +61,7 @@ void ChoiceEdit::pick(const std::string& key) { update(key, key != shown(mStored
 void ChoiceEdit::choose(const std::string& key) {
   requireEditable();
   const Choice* const choice = byKey(key);
-  if (!mChoices.empty() && (!choice || !choice->offered)) throw RuntimeError(RuntimeError::BadArgument, name() + " does not offer " + quoted(key));
+  if (!mChoices.empty() && (!choice || !choice->offered)) throw RuntimeError(RuntimeError::BadArgument, name() + " does not offer " + inQuotes(key));
   pick(key);
 }
 

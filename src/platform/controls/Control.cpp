@@ -30,7 +30,7 @@ I* found(IObject* object) {
 
 std::string traced(const Node& node) {
   if (!node) return " nothing";
-  return " " + quoted(std::string(node.findAttribute("name").value_or("")));
+  return " " + inQuotes(std::string(node.findAttribute("name").value_or("")));
 }
 
 Control::Kind Control::kind() const {
@@ -118,7 +118,7 @@ void Control::SetMappings(const Node& mapping) {
   takeMappings(mapping);
 }
 void Control::handleError(const std::string& code) {
-  if (probe()) announce("handleError", " " + quoted(code));
+  if (probe()) announce("handleError", " " + inQuotes(code));
   takeError(code);
 }
 

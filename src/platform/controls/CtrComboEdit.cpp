@@ -10,7 +10,7 @@ void CtrComboEdit::SetAllItemsAllowed(bool allowed) {
 }
 
 void CtrComboEdit::SetItemAllowed(const std::string& key, bool allowed) {
-  if (probe()) announce("SetItemAllowed", " " + quoted(key) + (allowed ? " true" : " false"));
+  if (probe()) announce("SetItemAllowed", " " + inQuotes(key) + (allowed ? " true" : " false"));
   for (Choice& choice : mChoices)
     if (choice.key == key) choice.allowed = allowed;
 }

@@ -17,7 +17,7 @@ void CtrTextEdit::SetTextOption(bool restrict) {
 // --- relations between two edits
 
 void CtrTextEdit::AddValueRelation(CtrTextEdit& lower, const std::string& relation, double margin) {
-  if (probe()) announce("AddValueRelation", " " + lower.name() + " " + quoted(relation) + " " + plainText(margin, '.'));
+  if (probe()) announce("AddValueRelation", " " + lower.name() + " " + inQuotes(relation) + " " + plainText(margin, '.'));
   if (relation != "max") throw RuntimeError(RuntimeError::BadArgument, "unknown relation \"" + relation + "\"");
   const auto known = std::find_if(mLowers.begin(), mLowers.end(), [&](const Lower& at) { return at.edit == &lower; });
   if (known != mLowers.end()) {

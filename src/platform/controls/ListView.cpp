@@ -42,7 +42,7 @@ void ListView::traceCell(const char* property, int first, int second, const Valu
 }
 
 void ListView::AddColumn(std::string tag, int width) {
-  if (probe()) announce("AddColumn", " " + quoted(tag) + " " + std::to_string(width));
+  if (probe()) announce("AddColumn", " " + inQuotes(tag) + " " + std::to_string(width));
   mColumns.push_back({std::move(tag), {}, width});
   for (Row& row : mRows) row.cells.resize(mColumns.size());
   changedNow();

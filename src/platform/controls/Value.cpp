@@ -4,7 +4,7 @@
 
 namespace ostrand {
 
-std::string quoted(const std::string& text) {
+std::string inQuotes(const std::string& text) {
   std::string out = "\"";
   for (char c : text) {
     switch (c) {
@@ -22,7 +22,7 @@ std::string quoted(const std::string& text) {
 std::string toText(const Value& value) {
   if (const bool* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
   if (const int* number = std::get_if<int>(&value)) return std::to_string(*number);
-  return quoted(std::get<std::string>(value));
+  return inQuotes(std::get<std::string>(value));
 }
 
 namespace {

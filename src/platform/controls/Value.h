@@ -10,7 +10,7 @@ using Value = std::variant<bool, int, std::string>;
 
 // As a transcript writes it: true, 42, "text".
 std::string toText(const Value& value);
-std::string quoted(const std::string& text);
+std::string inQuotes(const std::string& text);
 
 // The readings that a setter wants; a value of another kind throws RuntimeError 13.
 bool asBool(const Value& value);
