@@ -64,8 +64,9 @@ class Procedure {
   // A callee has answered False: its error once more, under this procedure's prefix.
   void reportLastError();
 
-  // The messenger at the time of the entry; error 91 if there was none.
+  // The messenger at the time of the entry; error 91 if there was none, or the handle as it is.
   Messenger& messenger() const;
+  const Ref<Messenger>& pinnedMessenger() const { return mMessenger; }
 
  private:
   std::string prefix() const;

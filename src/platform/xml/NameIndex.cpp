@@ -37,20 +37,26 @@ bool hasName(pugi::xml_node node) { return static_cast<bool>(node.attribute("nam
 
 bool isCalled(pugi::xml_node node, const char* name) { return std::strcmp(node.name(), name) == 0; }
 
-// Whether `a` comes before `b` in document order; both in one tree, neither within the other.
+// Whether `a` comes before `b` in document order; both in one tree.
 bool comesBefore(pugi::xml_node a, pugi::xml_node b) {
   const auto depth = [](pugi::xml_node node) {
     std::size_t count = 0;
     for (; node; node = node.parent()) ++count;
     return count;
   };
-  std::size_t da = depth(a), db = depth(b);
-  for (; da > db; --da) a = a.parent();
-  for (; db > da; --db) b = b.parent();
+  const std::size_t da = depth(a), db = depth(b);
+  for (std::size_t i = db; i < da; ++i) a = a.parent();
+  for (std::size_t i = da; i < db; ++i) b = b.parent();
+  if (a == b) return da < db;
   while (a.parent() != b.parent()) a = a.parent(), b = b.parent();
-  for (pugi::xml_node at = a.next_sibling(); at; at = at.next_sibling())
-    if (at == b) return true;
-  return false;
+  // Whichever has the shorter way to the end tells it: most insertions are made there.
+  pugi::xml_node behindA = a, behindB = b;
+  while (true) {
+    if (!(behindA = behindA.next_sibling())) return false;
+    if (behindA == b) return true;
+    if (!(behindB = behindB.next_sibling())) return true;
+    if (behindB == a) return false;
+  }
 }
 
 }  // namespace
@@ -59,10 +65,8 @@ void NameIndex::build(pugi::xml_node document) {
   reset();
   mSlots.assign(64, Slot{});
   mBuilt = true;
-  if (anywhere())
-    collectAnywhere(document);
-  else
-    collect(document, 0);
+  for (pugi::xml_node child = document.last_child(); child; child = child.previous_sibling())
+    if (child.name()[0] != '#') eachMember(child, [&](pugi::xml_node node) { add(node, true); });
 }
 
 void NameIndex::reset() {
@@ -72,66 +76,59 @@ void NameIndex::reset() {
   mBuilt = false;
 }
 
-void NameIndex::collect(pugi::xml_node parent, std::size_t depth) {
-  const char* const wanted = mPath[depth];
-  const bool last = depth + 1 == mPath.size();
-  for (pugi::xml_node child = parent.first_child(); child; child = child.next_sibling()) {
-    if (!isCalled(child, wanted)) continue;
-    if (last)
-      add(child, true);
-    else
-      collect(child, depth + 1);
-  }
-}
-
-void NameIndex::collectAnywhere(pugi::xml_node document) {
-  pugi::xml_node at = document.first_child();
-  while (at) {
-    if (isCalled(at, mPath[0])) add(at, true);
-    if (pugi::xml_node down = at.first_child(); down && at.name()[0] != '#') {
-      at = down;
-      continue;
+template <class Do>
+void NameIndex::eachMember(pugi::xml_node top, Do apply) const {
+  if (mPath.size() == 1) {
+    const auto lastIn = [](pugi::xml_node node) {
+      while (const pugi::xml_node last = node.last_child()) node = last;
+      return node;
+    };
+    for (pugi::xml_node at = lastIn(top);; ) {
+      if (isCalled(at, mPath[0])) apply(at);
+      if (at == top) return;
+      const pugi::xml_node before = at.previous_sibling();
+      at = before ? lastIn(before) : at.parent();
     }
-    while (at && !at.next_sibling()) at = at.parent() == document ? pugi::xml_node() : at.parent();
-    if (at) at = at.next_sibling();
   }
+  const std::size_t depth = depthOnPath(top);
+  if (depth > 0) eachBelow(top, depth, apply);
 }
 
-NameIndex::Place NameIndex::placeOf(pugi::xml_node node) const {
-  if (anywhere()) {
-    if (isCalled(node, mPath[0])) return Place::Member;
-    return node.first_child() ? Place::Above : Place::Outside;
-  }
+template <class Do>
+void NameIndex::eachBelow(pugi::xml_node node, std::size_t depth, Do& apply) const {
+  if (depth == mPath.size()) return apply(node);
+  for (pugi::xml_node child = node.last_child(); child; child = child.previous_sibling())
+    if (isCalled(child, mPath[depth])) eachBelow(child, depth + 1, apply);
+}
+
+std::size_t NameIndex::depthOnPath(pugi::xml_node node) const {
   std::size_t depth = 0;
-  for (pugi::xml_node up = node.parent(); up; up = up.parent()) ++depth;
-  if (depth == 0 || depth > mPath.size()) return Place::Outside;
-  const bool last = depth == mPath.size();
-  for (pugi::xml_node up = node; depth > 0; up = up.parent())
-    if (!isCalled(up, mPath[--depth])) return Place::Outside;
-  return last ? Place::Member : Place::Above;
+  for (pugi::xml_node up = node.parent(); up && depth <= mPath.size(); up = up.parent()) ++depth;
+  if (depth > mPath.size()) return 0;
+  pugi::xml_node up = node;
+  for (std::size_t i = depth; i > 0; up = up.parent())
+    if (!isCalled(up, mPath[--i])) return 0;
+  return depth;
+}
+
+bool NameIndex::isMember(pugi::xml_node node) const {
+  return mPath.size() == 1 ? isCalled(node, mPath[0]) : depthOnPath(node) == mPath.size();
 }
 
 void NameIndex::inserted(pugi::xml_node node) {
-  if (!mBuilt) return;
-  switch (placeOf(node)) {
-    case Place::Member: add(node, false); break;
-    case Place::Above: reset(); break;
-    case Place::Outside: break;
-  }
+  if (mBuilt) eachMember(node, [&](pugi::xml_node member) { add(member, false); });
 }
 
 void NameIndex::removing(pugi::xml_node node) {
-  if (!mBuilt) return;
-  switch (placeOf(node)) {
-    case Place::Member: remove(node, nameOf(node)); break;
-    case Place::Above: reset(); break;
-    case Place::Outside: break;
-  }
+  if (mBuilt) eachMember(node, [&](pugi::xml_node member) { remove(member); });
 }
 
-void NameIndex::renaming(pugi::xml_node node, std::string_view) {
-  // The entry comes back with `inserted` once the new name stands.
-  if (mBuilt && placeOf(node) == Place::Member) remove(node, nameOf(node));
+void NameIndex::renaming(pugi::xml_node node) {
+  if (mBuilt && isMember(node)) remove(node);
+}
+
+void NameIndex::renamed(pugi::xml_node node) {
+  if (mBuilt && isMember(node)) add(node, false);
 }
 
 std::size_t NameIndex::slotOf(std::string_view name, std::uint32_t hash) const {
@@ -152,7 +149,7 @@ pugi::xml_node NameIndex::find(std::string_view name) const {
   return entry ? pugi::xml_node(mEntries[entry - 1].node) : pugi::xml_node();
 }
 
-void NameIndex::add(pugi::xml_node node, bool inOrder) {
+void NameIndex::add(pugi::xml_node node, bool first) {
   const std::string_view name = nameOf(node);
   if (name.empty() && !hasName(node)) return;
   const std::uint32_t hash = hashOf(name);
@@ -165,12 +162,13 @@ void NameIndex::add(pugi::xml_node node, bool inOrder) {
     return;
   }
   std::uint32_t* link = &slot->entry;
-  while (*link && (inOrder || comesBefore(pugi::xml_node(mEntries[*link - 1].node), node))) link = &mEntries[*link - 1].next;
+  while (*link && !first && comesBefore(pugi::xml_node(mEntries[*link - 1].node), node)) link = &mEntries[*link - 1].next;
   mEntries[entry - 1].next = *link;
   *link = entry;
 }
 
-void NameIndex::remove(pugi::xml_node node, std::string_view name) {
+void NameIndex::remove(pugi::xml_node node) {
+  const std::string_view name = nameOf(node);
   std::size_t at = slotOf(name, hashOf(name));
   std::uint32_t* link = &mSlots[at].entry;
   while (*link && mEntries[*link - 1].node != node.internal_object()) link = &mEntries[*link - 1].next;

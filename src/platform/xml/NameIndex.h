@@ -31,11 +31,13 @@ class NameIndex {
       if (!visit(pugi::xml_node(mEntries[i - 1].node))) return;
   }
 
-  // The tree tells its changes: an element that is in place, one that is about to go, one that is about to
-  // be renamed. Only an index that has been built listens.
+  // The tree tells its changes: an element that is in place with all that is in it, one that is about to go
+  // with all that is in it, one whose `name` is about to change or has changed. Only an index that has been
+  // built listens.
   void inserted(pugi::xml_node node);
   void removing(pugi::xml_node node);
-  void renaming(pugi::xml_node node, std::string_view newName);
+  void renaming(pugi::xml_node node);
+  void renamed(pugi::xml_node node);
 
   std::size_t memory() const;
 
@@ -48,14 +50,19 @@ class NameIndex {
     std::uint32_t hash;
     std::uint32_t entry;  // index + 1 of the first element of this name, 0 when free
   };
-  enum class Place { Outside, Above, Member };
 
-  bool anywhere() const { return mPath.size() == 1; }
-  Place placeOf(pugi::xml_node node) const;
-  void collect(pugi::xml_node parent, std::size_t depth);
-  void collectAnywhere(pugi::xml_node document);
-  void add(pugi::xml_node node, bool inOrder);
-  void remove(pugi::xml_node node, std::string_view name);
+  // Calls `apply` for each member at or below `top`, the last first: what is built so needs no search for
+  // the end of a chain, however many elements share a name.
+  template <class Do>
+  void eachMember(pugi::xml_node top, Do apply) const;
+  template <class Do>
+  void eachBelow(pugi::xml_node node, std::size_t depth, Do& apply) const;
+  // How many names of the path lead to this element; 0 if it stands elsewhere.
+  std::size_t depthOnPath(pugi::xml_node node) const;
+  bool isMember(pugi::xml_node node) const;
+  // With `first` before all others of its name, else by document order.
+  void add(pugi::xml_node node, bool first);
+  void remove(pugi::xml_node node);
   std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
   std::uint32_t head(std::string_view name) const;
   void grow();

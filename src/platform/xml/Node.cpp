@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/xml/PathQuery.h"
 
 namespace ostrand {
 
@@ -14,28 +15,11 @@ class StringWriter : public pugi::xml_writer {
   std::string text;
 };
 
-pugi::xml_node elementFrom(pugi::xml_node node) {
-  while (node && (node.type() != pugi::node_element || node.name()[0] == '#')) node = node.next_sibling();
-  return node;
-}
+bool isElement(pugi::xml_node node) { return node.type() == pugi::node_element && node.name()[0] != '#'; }
 
-// Runs a path and passes over what is parked: it is no part of the document.
-std::vector<pugi::xpath_node> evaluate(Tree& tree, pugi::xml_node from, const std::string& xpath, bool firstOnly) {
-  try {
-    const pugi::xpath_query query(xpath.c_str());
-    if (firstOnly && (!tree.hasParked() || tree.isParked(from))) {
-      const pugi::xpath_node found = query.evaluate_node(from);
-      return found ? std::vector{found} : std::vector<pugi::xpath_node>{};
-    }
-    pugi::xpath_node_set set = query.evaluate_node_set(from);
-    set.sort();
-    std::vector<pugi::xpath_node> found(set.begin(), set.end());
-    if (tree.hasParked() && !tree.isParked(from))
-      std::erase_if(found, [&](const pugi::xpath_node& node) { return tree.isParked(node.node() ? node.node() : node.parent()); });
-    return found;
-  } catch (const pugi::xpath_exception& error) {
-    throw RuntimeError(RuntimeError::BadArgument, "cannot read the path " + xpath + ": " + error.what());
-  }
+pugi::xml_node elementFrom(pugi::xml_node node) {
+  while (node && !isElement(node)) node = node.next_sibling();
+  return node;
 }
 
 }  // namespace
@@ -85,33 +69,36 @@ std::string Node::xml() const {
 
 Node Node::parent() const {
   const pugi::xml_node up = checked().parent();
-  if (up.type() != pugi::node_element || up.name()[0] == '#') return {};
-  return {mTree, up};
+  return isElement(up) ? Node(mTree, up) : Node();
 }
 
 Node Node::firstChild() const { return {mTree, elementFrom(checked().first_child())}; }
 
 Node Node::nextSibling() const { return {mTree, elementFrom(checked().next_sibling())}; }
 
-Node Node::child(const char* name) const { return {mTree, checked().child(name)}; }
+Node Node::child(const char* name) const {
+  Node at = firstChild();
+  while (at && at.name() != name) at = at.nextSibling();
+  return at;
+}
 
 Node Node::select(const std::string& xpath) const {
   const pugi::xml_node from = checked();
-  const auto found = evaluate(*mTree, from, xpath, true);
-  return found.empty() ? Node() : Node(mTree, found.front().node());
+  const auto found = evaluatePath(*mTree, from, xpath, true);
+  return found.empty() || !isElement(found.front().node()) ? Node() : Node(mTree, found.front().node());
 }
 
 std::vector<Node> Node::selectAll(const std::string& xpath) const {
   const pugi::xml_node from = checked();
   std::vector<Node> nodes;
-  for (const pugi::xpath_node& found : evaluate(*mTree, from, xpath, false))
-    if (found.node()) nodes.emplace_back(mTree, found.node());
+  for (const pugi::xpath_node& found : evaluatePath(*mTree, from, xpath, false))
+    if (isElement(found.node())) nodes.emplace_back(mTree, found.node());
   return nodes;
 }
 
 std::optional<std::string> Node::selectText(const std::string& xpath) const {
   const pugi::xml_node from = checked();
-  const auto found = evaluate(*mTree, from, xpath, true);
+  const auto found = evaluatePath(*mTree, from, xpath, true);
   if (found.empty()) return std::nullopt;
   if (found.front().attribute()) return found.front().attribute().value();
   if (found.front().node().type() == pugi::node_element) return Node(mTree, found.front().node()).text();
@@ -135,11 +122,11 @@ void Node::setText(std::string_view text) const {
 void Node::setAttribute(const char* name, std::string_view value) const {
   pugi::xml_node node = checked();
   const bool renames = std::strcmp(name, "name") == 0 && !mTree->isParked(node);
-  if (renames) mTree->eachIndex([&](NameIndex& index) { index.renaming(node, value); });
+  if (renames) mTree->eachIndex([&](NameIndex& index) { index.renaming(node); });
   pugi::xml_attribute attribute = node.attribute(name);
   if (!attribute) attribute = node.append_attribute(name);
   attribute.set_value(std::string(value).c_str());
-  if (renames) mTree->eachIndex([&](NameIndex& index) { index.inserted(node); });
+  if (renames) mTree->eachIndex([&](NameIndex& index) { index.renamed(node); });
 }
 
 Node Node::clone() const {
@@ -152,6 +139,7 @@ Node Node::append(const Node& child) const { return insertBefore(child, {}); }
 Node Node::insertBefore(const Node& child, const Node& before) const {
   pugi::xml_node parent = checked();
   pugi::xml_node moving = child.checked();
+  if (before && before.mNode == moving) return child;
   if (before && before.mNode.parent() != parent) throw RuntimeError(RuntimeError::BadArgument, "the element is no child of this one");
   if (child.mTree == mTree) {
     for (pugi::xml_node up = parent; up; up = up.parent())

@@ -40,10 +40,11 @@ class Node {
   Node nextSibling() const;
   Node child(const char* name) const;
 
-  // Free XPath from this element; a path that cannot be read throws RuntimeError 5.
+  // Free XPath from this element; a path that cannot be read throws RuntimeError 5. `select` gives the first
+  // match if that is an element, `selectAll` all elements among the matches.
   Node select(const std::string& xpath) const;
   std::vector<Node> selectAll(const std::string& xpath) const;
-  // Text of the first element or attribute that the path selects.
+  // Text of the first element, attribute or piece of text that the path selects.
   std::optional<std::string> selectText(const std::string& xpath) const;
 
   void setText(std::string_view text) const;

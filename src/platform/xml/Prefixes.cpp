@@ -37,6 +37,7 @@ std::string_view canonical(std::string_view prefix, std::string_view uri) {
   return prefix == "comm" ? kForeign : prefix;
 }
 
+// A prefix that means, from an element of this depth down, not what it would without.
 struct Binding {
   std::size_t depth;
   std::string prefix;
@@ -66,24 +67,36 @@ class Renaming {
 
  private:
   void enter(pugi::xml_node element, std::size_t depth) {
-    for (pugi::xml_attribute at = element.first_attribute(); at;) {
-      const pugi::xml_attribute next = at.next_attribute();
-      if (const auto prefix = declaredPrefix(at)) {
-        const std::string_view wanted = canonical(*prefix, at.value());
-        mBindings.push_back({depth, std::string(*prefix), std::string(wanted)});
-        if (wanted != *prefix) {
-          const std::string name = "xmlns:" + std::string(wanted);
-          if (element.attribute(name.c_str()))
-            element.remove_attribute(at);
-          else
-            at.set_name(name.c_str());
-        }
-      }
-      at = next;
-    }
+    // A foreign `comm` makes room before another prefix becomes `comm`.
+    declare(element, depth, true);
+    declare(element, depth, false);
     rename(element);
     for (pugi::xml_attribute at : element.attributes())
       if (std::strchr(at.name(), ':') && !declaredPrefix(at)) rename(at);
+  }
+
+  void declare(pugi::xml_node element, std::size_t depth, bool foreign) {
+    for (pugi::xml_attribute at = element.first_attribute(), next; at; at = next) {
+      next = at.next_attribute();
+      const auto prefix = declaredPrefix(at);
+      if (!prefix) continue;
+      const std::string_view wanted = canonical(*prefix, at.value());
+      if ((wanted == kForeign && *prefix == "comm") != foreign) continue;
+      const bool renames = wanted != *prefix;
+      if (renames || find(*prefix)) mBindings.push_back({depth, std::string(*prefix), std::string(wanted)});
+      if (!renames) continue;
+      const std::string name = "xmlns:" + std::string(wanted);
+      if (element.attribute(name.c_str()))
+        element.remove_attribute(at);
+      else
+        at.set_name(name.c_str());
+    }
+  }
+
+  const Binding* find(std::string_view prefix) const {
+    for (std::size_t i = mBindings.size(); i-- > 0;)
+      if (mBindings[i].prefix == prefix) return &mBindings[i];
+    return nullptr;
   }
 
   void leave(std::size_t depth) {
@@ -95,13 +108,10 @@ class Renaming {
     const std::string_view name = named.name();
     const std::size_t colon = name.find(':');
     const std::string_view prefix = colon == name.npos ? std::string_view() : name.substr(0, colon);
-    for (std::size_t i = mBindings.size(); i-- > 0;) {
-      if (mBindings[i].prefix != prefix) continue;
-      if (mBindings[i].canonical == prefix) return;
-      const std::string_view local = colon == name.npos ? name : name.substr(colon + 1);
-      named.set_name((mBindings[i].canonical + ":" + std::string(local)).c_str());
-      return;
-    }
+    const Binding* const binding = find(prefix);
+    if (!binding || binding->canonical == prefix) return;
+    const std::string_view local = colon == name.npos ? name : name.substr(colon + 1);
+    named.set_name((binding->canonical + ":" + std::string(local)).c_str());
   }
 
   std::vector<Binding> mBindings;

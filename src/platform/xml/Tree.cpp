@@ -10,10 +10,12 @@ pugi::xml_node Tree::parking() {
   return mParking;
 }
 
-bool Tree::isParked(pugi::xml_node node) const {
-  if (!mParking) return false;
-  while (node && node != mParking) node = node.parent();
-  return static_cast<bool>(node);
+bool Tree::isParked(pugi::xml_node node) const { return mParking && (node == mParking || parkedTop(node)); }
+
+pugi::xml_node Tree::parkedTop(pugi::xml_node node) const {
+  if (!mParking) return {};
+  while (node && node.parent() != mParking) node = node.parent();
+  return node;
 }
 
 const NameIndex& Tree::ready(NameIndex& index) {

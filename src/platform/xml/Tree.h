@@ -19,6 +19,8 @@ class Tree : public Counted {
   // a node for longer than it is part of the document.
   pugi::xml_node parking();
   bool isParked(pugi::xml_node node) const;
+  // The detached element in which a parked node stands, or nothing.
+  pugi::xml_node parkedTop(pugi::xml_node node) const;
   bool hasParked() const { return static_cast<bool>(mParking); }
 
   NameIndex parameters{"data:dtm", "data:persistentData", "data:parameters", "data:parameter"};

@@ -28,17 +28,32 @@ Node itemAnywhere(const Document& doc, std::string_view name) { return find(doc,
 
 Node response(const Document& doc) {
   if (!doc) throwNothingThere("the document");
-  for (pugi::xml_node root : doc.tree()->document.children("comm:dtm"))
-    if (pugi::xml_node found = root.child("comm:communicationResponse")) return {doc.tree(), found};
-  return {};
+  const Node root = doc.root();
+  return root && root.name() == "comm:dtm" ? root.child("comm:communicationResponse") : Node();
 }
 
 Node responseAnywhere(const Document& doc) {
   // Nearly always the first element below the root; whatever stands before it would have to be searched.
   if (!doc) throwNothingThere("the document");
-  if (const Node root = doc.root())
+  if (const Node root = doc.root(); root && root.name() == "comm:dtm")
     if (const Node first = root.firstChild(); first && first.name() == "comm:communicationResponse") return first;
   return doc.select("//comm:communicationResponse");
+}
+
+std::optional<std::string> attributeAnywhere(const Document& doc, const char* element, const char* attribute) {
+  if (!doc) throwNothingThere("the document");
+  for (Node at = doc.root(); at;) {
+    if (at.name() == element)
+      if (const auto found = at.findAttribute(attribute)) return std::string(*found);
+    if (Node down = at.firstChild()) {
+      at = down;
+      continue;
+    }
+    Node next = at.nextSibling();
+    while (!next && (at = at.parent())) next = at.nextSibling();
+    at = next;
+  }
+  return std::nullopt;
 }
 
 std::string homeGroup(const Document& doc, std::string_view parameterName) {

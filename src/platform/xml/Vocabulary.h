@@ -22,6 +22,10 @@ Node itemAnywhere(const Document& doc, std::string_view name);       // //comm:i
 Node response(const Document& doc);
 Node responseAnywhere(const Document& doc);
 
+// The attribute of the first element of this name that bears it, anywhere in the document: //element/@attribute.
+// It ends at the first one, where a path would look through the whole tree.
+std::optional<std::string> attributeAnywhere(const Document& doc, const char* element, const char* attribute);
+
 // The name of the group in which a parameter is at home: its only group, or the first that holds it with
 // no `clone` or with "0". A parameter of several groups that is a clone in all of them has none: an empty text.
 std::string homeGroup(const Document& doc, std::string_view parameterName);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "bus/IBusDependent.h"
+#include "platform/base/Procedure.h"
+#include "platform/controls/Component.h"
+
+namespace ostrand {
+
+// The strategy for the bus category that a data set bears; with an unknown category the user is told, and
+// the one that was there stays. `viewName` is the title of the message.
+void chooseBus(Procedure& proc, Component& view, const std::string& viewName, const Document& doc, Ref<IBusDependent>& bus);
+
+// The strategy, or error 91 if the view has none.
+const Ref<IBusDependent>& required(const Ref<IBusDependent>& bus);
+
+}  // namespace ostrand

@@ -1,0 +1,33 @@
+#include "component/Classes.h"
+
+#include "views/VwMeasurement.h"
+#include "views/VwMeasurementGYRE.h"
+#include "views/VwMeasurementQX5.h"
+
+namespace ostrand {
+
+namespace {
+
+template <class T>
+Component* make() {
+  return new T;
+}
+
+#define OSTRAND_CLASS(type, id, description) \
+  ComponentClass { #type, Guid::of(id), &make<type>, description }
+
+// clang-format off
+const ComponentClass kClasses[] = {
+    OSTRAND_CLASS(VwMeasurement,     "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2101", "Blade transmitters: live values and active recipe"),
+    OSTRAND_CLASS(VwMeasurementGYRE, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2102", "GYRE transmitters: live values and active recipe"),
+    OSTRAND_CLASS(VwMeasurementQX5,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2103", "Optical transmitter: live values and active grade"),
+};
+// clang-format on
+
+#undef OSTRAND_CLASS
+
+}  // namespace
+
+std::span<const ComponentClass> componentClasses() { return kClasses; }
+
+}  // namespace ostrand

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/controls/Component.h"
+#include "platform/xml/Document.h"
+
+// The engine of the views. What binds a control to a value is its Tag: "ctr_" + parameter name on edits and
+// text boxes, "date_" + group name on date labels, any other text a key of the text table. The walks go
+// through a component's controls in their order and hand each the node that its tag names; a nested
+// component gets the whole document. Every walk reports a failure and goes on with its next step, so one
+// bad control costs only itself.
+namespace ostrand::modView {
+
+void Localize(Component& view, const Ref<ITextTable>& textTable);
+void setMessenger(Component& view, const Ref<Messenger>& messenger);
+
+void setImportData(Component& view, const Document& doc);
+void setOfflineData(Component& view, const Document& doc);
+void setOnlineData(Component& view, const Document& doc);
+void setErrorData(Component& view, const Document& doc);
+
+// One reading of the value or group `name`: moves its sync word and tells the host.
+void forwardSyncChanges(const std::string& name, bool succeeded, std::string& status, const Ref<Messenger>& messenger);
+
+// Brings the item with this key to front, asking nested views in their turn; `ownTag` selects the first
+// item. The result is the key of the item, or empty if nothing matched.
+std::string selectView(Procedure& proc, const std::string& name, const std::string& ownTag, const std::vector<Control*>& views);
+
+// The position of a control in the view's tab order, for the tab step.
+enum class TabPosition { First = 0, Last = 1, Only = 2 };
+// A control has lost the focus: if the tab key took it over the view's edge, the host moves it on.
+void tabStep(Desktop& desktop, Messenger& messenger, TabPosition position);
+
+// Calls an operation of an interface of a control's Object.
+template <class I, class F>
+void callObject(Control& control, I* object, std::string_view operation, const std::string& arguments, F&& call) {
+  control.announce(operation, arguments);
+  const Ref<I> pin(object);
+  call(*pin);
+}
+
+}  // namespace ostrand::modView

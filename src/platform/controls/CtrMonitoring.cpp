@@ -1,0 +1,203 @@
+#include "platform/controls/CtrMonitoring.h"
+
+#include <algorithm>
+
+#include "platform/base/NumberText.h"
+#include "platform/base/Procedure.h"
+#include "platform/controls/Form.h"
+#include "platform/types/Query.h"
+#include "platform/xml/Vocabulary.h"
+
+namespace ostrand {
+
+namespace {
+
+enum Column { Name = 1, Shown, Unit, Trend };
+
+constexpr std::size_t kTrendShown = 16;
+
+}  // namespace
+
+CtrMonitoring::~CtrMonitoring() {
+  if (mMessenger) mMessenger->Unsubscribe(*this);
+}
+
+bool CtrMonitoring::offerInterface(const Guid& id, void** out) noexcept {
+  return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
+         offer<ILocalizable>(id, this, out);
+}
+
+void CtrMonitoring::declare(Form& form) {
+  form.fill(lsvMonitoring, "monitoring");
+  lsvMonitoring.AddColumn("variable", 3600);
+  lsvMonitoring.AddColumn("value", 1800);
+  lsvMonitoring.AddColumn("unit", 1200);
+  lsvMonitoring.AddColumn("trend", 2400);
+}
+
+void CtrMonitoring::resized() {
+  Procedure proc(*this, "UserControl_Resize");
+  proc.step([&] { lsvMonitoring.Move(0, 0, width(), height()); });
+}
+
+void CtrMonitoring::terminate() {
+  if (mMessenger) mMessenger->Unsubscribe(*this);
+  mMessenger = nullptr;
+  mTextTable = nullptr;
+  mDataSet = {};
+}
+
+void CtrMonitoring::SetMessenger(const Ref<Messenger>& messenger) {
+  if (mMessenger) mMessenger->Unsubscribe(*this);
+  mMessenger = messenger;
+  Procedure proc(*this, "ITaviComponent_SetMessenger");
+  if (messenger) proc.step([&] { messenger->Subscribe(*this); });
+}
+
+void CtrMonitoring::RequestFocus() {
+  Procedure proc(*this, "ITaviView_RequestFocus");
+  proc.step([&] { lsvMonitoring.SetFocus(); });
+}
+
+void CtrMonitoring::Localize(const Ref<ITextTable>& textTable) {
+  Procedure proc(*this, "ILocalizable_Localize");
+  proc.step([&] {
+    mTextTable = textTable;
+    for (int column = 1; column <= lsvMonitoring.ColumnCount(); ++column)
+      if (textTable) lsvMonitoring.Header(column, textTable->GetText(lsvMonitoring.HeaderTag(column)));
+    for (int row = 1; row <= static_cast<int>(mVariables.size()); ++row) {
+      const Variable& variable = mVariables[static_cast<std::size_t>(row) - 1];
+      showTexts(variable, row);
+      showRow(variable, row);
+    }
+  });
+}
+
+void CtrMonitoring::ViewSetUnits() {
+  Procedure proc(*this, "mMessenger_ViewSetUnits");
+  proc.step([&] {
+    const Ref<IUnitConverter> converter = proc.messenger().GetUnitConverter();
+    for (int row = 1; row <= static_cast<int>(mVariables.size()); ++row) {
+      Variable& variable = mVariables[static_cast<std::size_t>(row) - 1];
+      variable.translator.chooseUnit(variable.info, converter.get());
+      showTexts(variable, row);
+      showRow(variable, row);
+    }
+  });
+}
+
+void CtrMonitoring::SetOfflineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOfflineData");
+  proc.step([&] {
+    mDataSet = doc;
+    mVariables.clear();
+    mRows.clear();
+    lsvMonitoring.Clear();
+    const Node live = group(doc, tag());
+    if (!live) return;
+    for (Node included = live.firstChild(); included; included = included.nextSibling()) {
+      const Node found = parameter(doc, included.findAttribute("name").value_or(""));
+      if (!found) continue;
+      int row = 0;
+      Variable& variable = variableOf(found, row);
+      variable.stored = found.findAttribute("value").value_or("");
+      showRow(variable, row);
+    }
+  });
+}
+
+void CtrMonitoring::SetOnlineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  proc.step([&] {
+    if (!mDataSet) return;
+    const Node answer = response(doc);
+    if (!answer) return;
+    for (Node item = answer.firstChild(); item; item = item.nextSibling()) {
+      if (item.name() != "comm:item") continue;
+      const std::string_view name = item.findAttribute("name").value_or("");
+      const auto known = mRows.find(std::string(name));
+      int row = known == mRows.end() ? 0 : known->second;
+      if (row == 0) {
+        const Node found = parameter(mDataSet, name);
+        if (!found) continue;
+        variableOf(found, row);
+      }
+      Variable& variable = mVariables[static_cast<std::size_t>(row) - 1];
+      if (const Node element = valueElement(item, variable.info.type)) take(variable, row, element.text());
+    }
+  });
+}
+
+CtrMonitoring::Variable& CtrMonitoring::variableOf(const Node& parameter, int& row) {
+  const auto [at, isNew] = mRows.try_emplace(std::string(parameter.attribute("name")), static_cast<int>(mVariables.size()) + 1);
+  row = at->second;
+  if (!isNew) return mVariables[static_cast<std::size_t>(row) - 1];
+  Variable& variable = mVariables.emplace_back();
+  variable.info.read(parameter);
+  lsvMonitoring.AddRow();
+  const Ref<IUnitConverter> converter = mMessenger ? mMessenger->GetUnitConverter() : nullptr;
+  variable.translator.chooseUnit(variable.info, converter.get());
+  showTexts(variable, row);
+  return variable;
+}
+
+void CtrMonitoring::take(Variable& variable, int row, const std::string& value) {
+  if (const auto number = parseNumber(value, '.')) variable.values[variable.count++ % kTrendLength] = *number;
+  variable.stored = value;
+  variable.read = true;
+  showRow(variable, row);
+}
+
+void CtrMonitoring::showTexts(const Variable& variable, int row) {
+  lsvMonitoring.Cell(row, Name, mTextTable ? mTextTable->GetLabel(variable.info.name) : variable.info.name);
+  const std::string& unit = variable.translator.displayUnit();
+  std::string shown = unit == "noUnit" ? std::string() : unit;
+  if (mTextTable && !shown.empty()) shown = mTextTable->GetSectionText(unit, "unit");
+  lsvMonitoring.Cell(row, Unit, shown);
+}
+
+void CtrMonitoring::showRow(const Variable& variable, int row) {
+  std::string text;
+  if (variable.info.isNumeric()) {
+    const bool converts = variable.translator.displayUnit() != variable.info.unit;
+    const Ref<IUnitConverter> converter = converts && mMessenger ? mMessenger->GetUnitConverter() : nullptr;
+    text = variable.translator.shown(variable.info, variable.stored, desktop().locale(), converter.get());
+  } else {
+    text = variable.stored;
+  }
+  // A coded value is shown by the name of its choice.
+  if (const Node choices = mDataSet ? mapping(mDataSet, variable.info.name) : Node())
+    for (Node choice = choices.firstChild(); choice; choice = choice.nextSibling())
+      if (choice.findAttribute("value").value_or("") == variable.stored) {
+        text = choice.findAttribute("key").value_or("");
+        if (mTextTable) text = mTextTable->GetText(text);
+      }
+  lsvMonitoring.Cell(row, Shown, text);
+  lsvMonitoring.CellColor(row, Shown, variable.read ? Color::text() : Color::disabledText());
+  lsvMonitoring.Cell(row, Trend, trendText(variable));
+}
+
+std::vector<double> CtrMonitoring::trend(int row) const {
+  const Variable& variable = mVariables.at(static_cast<std::size_t>(row) - 1);
+  const std::size_t length = std::min(variable.count, kTrendLength);
+  std::vector<double> values;
+  for (std::size_t i = variable.count - length; i < variable.count; ++i) values.push_back(variable.values[i % kTrendLength]);
+  return values;
+}
+
+std::string CtrMonitoring::trendText(const Variable& variable) const {
+  constexpr std::array<const char*, 8> kBars{"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
+  const std::size_t length = std::min({variable.count, kTrendLength, kTrendShown});
+  if (length < 2) return {};
+  const auto value = [&](std::size_t i) { return variable.values[(variable.count - length + i) % kTrendLength]; };
+  double low = value(0), high = value(0);
+  for (std::size_t i = 1; i < length; ++i) low = std::min(low, value(i)), high = std::max(high, value(i));
+  std::string text;
+  for (std::size_t i = 0; i < length; ++i) {
+    const double share = high > low ? (value(i) - low) / (high - low) : 0.5;
+    text += kBars[static_cast<std::size_t>(share * 7.0 + 0.5)];
+  }
+  return text;
+}
+
+}  // namespace ostrand

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/controls/Component.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/ParameterInfo.h"
+#include "platform/controls/ValueTranslator.h"
+#include "platform/types/ILocalizable.h"
+#include "platform/types/ITaviComponent.h"
+#include "platform/types/ITaviDataUser.h"
+#include "platform/types/MessengerEvents.h"
+
+namespace ostrand {
+
+// The live values: a table of name, value, unit and trend. It begins with the parameters of the request
+// group that bears its Tag, and takes in every item of an answer that has a parameter in the data set.
+class CtrMonitoring : public Component,
+                      public ITaviView,
+                      public ITaviDataUser,
+                      public ITaviComponent,
+                      public ILocalizable,
+                      public MessengerEvents {
+ public:
+  static constexpr std::string_view kClassName = "CtrMonitoring";
+  ~CtrMonitoring() override;
+
+  const ControlCollection& GetControls() override { return controls(); }
+  Ref<Messenger> GetMessenger() override { return mMessenger; }
+  std::string GetSelectedView() override { return mSelectedView; }
+  void SetSelectedView(const std::string& key) override { mSelectedView = key == tag() ? key : std::string(); }
+  bool LeaveSelectedView() override { return true; }
+  void RequestFocus() override;
+  void PrepareToRelease() override { terminate(); }
+
+  // An error answer changes no value: the last good ones stay.
+  void SetErrorData(const Document&) override {}
+  void SetImportData(const Document& doc) override { SetOfflineData(doc); }
+  void SetOfflineData(const Document& doc) override;
+  void SetOnlineData(const Document& doc) override;
+
+  void SetMessenger(const Ref<Messenger>& messenger) override;
+  void Localize(const Ref<ITextTable>& textTable) override;
+  void ViewSetUnits() override;
+
+  std::string_view objectName() const override { return kClassName; }
+
+  // The last values of a row (from 1), oldest first, in the data set's unit.
+  static constexpr std::size_t kTrendLength = 60;
+  std::vector<double> trend(int row) const;
+
+ protected:
+  void declare(Form& form) override;
+  void resized() override;
+  void terminate() override;
+  bool offerInterface(const Guid& id, void** out) noexcept override;
+
+ private:
+  struct Variable {
+    ParameterInfo info;
+    ValueTranslator translator;
+    std::string stored;  // document text
+    bool read = false;
+    std::array<double, kTrendLength> values{};
+    std::size_t count = 0;  // how many ever came
+  };
+
+  Variable& variableOf(const Node& parameter, int& row);
+  void take(Variable& variable, int row, const std::string& value);
+  void showRow(const Variable& variable, int row);
+  void showTexts(const Variable& variable, int row);
+  std::string trendText(const Variable& variable) const;
+
+  ListView lsvMonitoring{"lsvMonitoring"};
+  Document mDataSet;
+  Ref<ITextTable> mTextTable;
+  std::vector<Variable> mVariables;
+  std::unordered_map<std::string, int> mRows;  // by name, from 1
+  std::string mSelectedView;
+};
+
+}  // namespace ostrand
