@@ -32,7 +32,7 @@ class BladeProcess {
   double processTemperature(std::int64_t tick) const;      // degC
   double electronicsTemperature(std::int64_t tick) const;  // degC
 
-  // How many times as uneven as usual the pulp is.
+  // How many times as uneven as usual the pulp is; in the past too, so that it shows in a sample that is running.
   void setUnsteadiness(double factor) { mUnsteadiness = factor; }
 
  private:

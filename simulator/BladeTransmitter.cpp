@@ -50,6 +50,8 @@ constexpr Limit kLimits[] = {
     {"electronicsTemperature", "statusElectronicsTemperatureOutOfLimits", "eventElectronicsTemperatureHigh"},
 };
 
+// Whatever stands in the memory, it is a number of a recipe, if only of one that does not exist.
+int recipeOf(double number) { return static_cast<int>(std::clamp(number, 0.0, 99.0)); }
 std::string recipeName(int recipe, const char* what) { return "recipe" + std::to_string(recipe) + what; }
 std::string sampleName(int sample, const char* what) { return "sample" + std::to_string(sample) + what; }
 
@@ -78,7 +80,7 @@ BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataS
 
 // --- Measurement ---
 
-int BladeTransmitter::activeRecipe() const { return static_cast<int>(mTable.number("activeRecipe", 1)); }
+int BladeTransmitter::activeRecipe() const { return recipeOf(mTable.number("activeRecipe", 1)); }
 
 double BladeTransmitter::specialGradeOffset(double consistency) const {
   double beforeValue = 0;
@@ -102,7 +104,7 @@ double BladeTransmitter::linearInput(int recipe, double shearForce) const {
   double consistency = Blade::of(mTable.key("bladeType")).consistency(shearForce, pulpFactor(pulp));
   if (pulp == "pulpTypeSpecialGrade") consistency += specialGradeOffset(consistency);
   // Filler leaves no force on the blade, but counts in the consistency.
-  return consistency / (1 - mTable.number(recipeName(recipe, "Filler"), 0) / 100);
+  return consistency / (1 - std::clamp(mTable.number(recipeName(recipe, "Filler"), 0), 0.0, 90.0) / 100);
 }
 
 double BladeTransmitter::reading(int recipe, double shearForce) const {
@@ -142,10 +144,11 @@ void BladeTransmitter::look() {
 
 void BladeTransmitter::showMeasurement() {
   const std::int64_t tick = now();
-  const double force = failed("sensor") ? kNothing : mProcess.shearForce(tick);
-  double consistency = failed("sensor") ? kNothing : reading(activeRecipe(), dampedForce(tick));
-  mTable.set("shearForce", force);
-  mTable.set("consistencyUnfiltered", reading(activeRecipe(), force));
+  const bool blind = failed("sensor");
+  const double force = mProcess.shearForce(tick);
+  double consistency = blind ? kNothing : reading(activeRecipe(), dampedForce(tick));
+  mTable.set("shearForce", blind ? kNothing : force);
+  mTable.set("consistencyUnfiltered", blind ? kNothing : reading(activeRecipe(), force));
   if (isFailSafe()) {
     const std::string_view type = mTable.key("failSafeType");
     if (type == "failSafeTypeDefaultValue") consistency = mTable.number("failSafeDefaultValue", 0);
@@ -305,9 +308,10 @@ std::optional<double> BladeTransmitter::laboratoryValue(int sample) const {
 }
 
 Judgement BladeTransmitter::calibrate() {
-  const int recipe = static_cast<int>(mTable.number("laboratoryRecipe", 1));
+  const int recipe = recipeOf(mTable.number("laboratoryRecipe", 1));
   const std::string_view type = mTable.key("calibrationType");
-  if (!Blade::of(mTable.key("bladeType")).allows(mTable.key(recipeName(recipe, "PulpType")))) return {Verdict::PulpTypeNotAllowed, {"laboratoryRecipe"}};
+  const Blade& blade = Blade::of(mTable.key("bladeType"));
+  if (!blade.allows(mTable.key(recipeName(recipe, "PulpType")))) return {Verdict::PulpTypeNotAllowed, {"laboratoryRecipe"}};
 
   mTable.set(recipeName(recipe, "Filler"), mTable.number("sampleFiller", 0));
   std::vector<CalibrationPoint> points;
@@ -342,8 +346,9 @@ Verdict BladeTransmitter::verdictOnRecipe(int recipe) const {
 }
 
 Verdict BladeTransmitter::verdictOnSpecialGrade() const {
+  const auto at = [&](int point) { return mTable.number(pointName("consistencyValue", point), 0); };
   for (int point = 1; point < 16; ++point)
-    if (mTable.number(pointName("consistencyValue", point), 0) <= mTable.number(pointName("consistencyValue", point - 1), 0)) return Verdict::SpecialGradePointInvalid;
+    if (at(point) <= at(point - 1)) return Verdict::SpecialGradePointInvalid;
   return Verdict::Accepted;
 }
 
@@ -354,10 +359,12 @@ Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Wr
     const std::string& name = writing.parameter->name;
     const double number = writing.value.number;
     if (name == "activeRecipe") {
-      const Verdict verdict = verdictOnRecipe(static_cast<int>(number));
+      const Verdict verdict = verdictOnRecipe(recipeOf(number));
       if (verdict != Verdict::Accepted) return {verdict, {name}};
     } else if (name.starts_with("recipe") && name.ends_with("PulpType")) {
       if (!Blade::of(mTable.key("bladeType")).allows(mTable.key(name))) return {Verdict::PulpTypeNotAllowed, {name}};
+    } else if (name == "sampleStart") {
+      if (number != 0 && number != 1) return {Verdict::InvalidSelection, {name}};
     } else if (name == "temperatureCalibrationCorrection") {
       if (std::abs(number) > kLargestTemperatureCorrection) return {Verdict::TemperatureCorrectionTooLarge, {name}};
     } else if (name == "loopTestValue" || name == "mACalibrationFixedCurrent") {

@@ -1,7 +1,5 @@
 #include "simulator/Device.h"
 
-#include <algorithm>
-
 #include "platform/base/RuntimeError.h"
 #include "simulator/BladeTransmitter.h"
 #include "simulator/HartSlave.h"
@@ -35,8 +33,10 @@ const std::vector<FaultKind>& Device::faults() {
 }
 
 std::unique_ptr<Device> makeDevice(std::string_view name, Desktop& desktop, const Document& dataSet, unsigned seed) {
-  if (name == "hartBlade")
-    return std::make_unique<HartSlave>(desktop, std::make_unique<BladeTransmitter>(desktop, dataSet, BladeTransmitter::Settings{PulpLine{}, true}, seed));
+  if (name == "hartBlade") {
+    constexpr BladeTransmitter::Settings kSettings{.line = {}, .readEndsSample = true};
+    return std::make_unique<HartSlave>(desktop, std::make_unique<BladeTransmitter>(desktop, dataSet, kSettings, seed));
+  }
   throw RuntimeError(RuntimeError::BadArgument, "no such device: \"" + std::string(name) + "\"");
 }
 

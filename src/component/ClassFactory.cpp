@@ -8,7 +8,9 @@ namespace ostrand {
 
 namespace {
 
-long gAlive = 0;  // one thread: the host's
+// One thread: the host's. Two counts, so that an unlock too many cannot hide a living component.
+long gAlive = 0;
+long gLocks = 0;
 
 // What a component holds for as long as it lives.
 struct Alive : Counted {
@@ -18,7 +20,7 @@ struct Alive : Counted {
 
 }  // namespace
 
-bool ClassFactory::anyAlive() { return gAlive != 0; }
+bool ClassFactory::anyAlive() { return gAlive > 0 || gLocks > 0; }
 
 Result ClassFactory::queryInterface(const Guid& id, void** out) noexcept {
   if (!out) return Result::BadPointer;
@@ -56,7 +58,8 @@ Result ClassFactory::createInstance(IObject* outer, const Guid& interface, void*
 }
 
 Result ClassFactory::lockServer(bool lock) noexcept {
-  gAlive += lock ? 1 : -1;
+  gLocks += lock ? 1 : -1;
+  if (gLocks < 0) gLocks = 0;
   return Result::Ok;
 }
 

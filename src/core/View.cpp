@@ -3,6 +3,7 @@
 #include "core/modTools.h"
 #include "platform/base/Procedure.h"
 #include "platform/types/Query.h"
+#include "platform/types/StopListening.h"
 
 namespace ostrand {
 
@@ -19,9 +20,7 @@ constexpr int kStampTop = 20;
 
 }  // namespace
 
-View::~View() {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
-}
+View::~View() { stopListening(mMessenger, *this); }
 
 FrameForm View::frame(Form& form, const char* key, const char* stampTag) {
   return form.frame(frmViews.next(), key).title(lblTitle.next(), key).stamp(ctrDateLabels.next(), stampTag);
@@ -54,7 +53,7 @@ void View::resized() {
 }
 
 void View::SetMessenger(const Ref<Messenger>& messenger) {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
+  stopListening(mMessenger, *this);
   mMessenger = messenger;
   Procedure proc(*this, "ITaviComponent_SetMessenger");
   if (messenger) proc.step([&] { messenger->Subscribe(*this); });
@@ -71,10 +70,15 @@ void View::PrepareToRelease() {
   proc.step([&] { clear(); });
 }
 
+void View::terminate() {
+  Procedure proc(*this, "UserControl_Terminate");
+  proc.step([&] { clear(); });
+}
+
 void View::clear() {
   mViews.clear();
   for (Control* control : controls()) control->detach();
-  if (mMessenger) mMessenger->Unsubscribe(*this);
+  stopListening(mMessenger, *this);
   mMessenger = nullptr;
 }
 

@@ -4,7 +4,6 @@
 
 #include "core/modTools.h"
 #include "platform/base/Procedure.h"
-#include "platform/controls/CaptionedControl.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/StatusWords.h"
 #include "platform/controls/TextBox.h"
@@ -60,7 +59,8 @@ std::optional<std::string> stampOf(const Document& doc, const std::string& group
   return stamp ? std::optional<std::string>(*stamp) : std::nullopt;
 }
 
-void setCaption(Control& control, std::string caption) { static_cast<CaptionedControl&>(control).Caption(std::move(caption)); }
+// By name: what its class name alone makes a date label may be of any class.
+void setCaption(Control& control, std::string caption) { control.set("Caption", {}, std::move(caption)); }
 
 // Several controls may share a mapping that is named by a tail of their parameter's name, so what follows
 // each capital or digit of the tag is tried from the end on. `cut` leaves out a tail behind "_"; it belongs
@@ -293,7 +293,10 @@ void setErrorData(Component& view, const Document& doc) {
   if (group != ErrorGroup::MessageOnly)
     for (const Node& item : items)
       for (Control* control : view.controls())
-        if (takesError(control->kind(), group) && boundName(proc, *control) == item.attribute("name")) proc.step([&] { control->handleError(key); });
+        if (takesError(control->kind(), group))
+          proc.step([&] {
+            if (control->Tag() == "ctr_" + std::string(item.attribute("name"))) control->handleError(key);
+          });
   showErrorMessage(proc, key, items);
 }
 

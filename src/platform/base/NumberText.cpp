@@ -12,6 +12,37 @@ namespace {
 
 enum class Parsed { Number, NoNumber, TooLarge };
 
+constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kExactDigits = 15;  // whole numbers of so many digits are exact in a double, and so are the powers above
+
+// Nearly every number of a document: an optional minus, a few digits, perhaps a fraction. Both parts are
+// exact, so one division rounds as the general road does. False leaves the text to that road.
+bool parseShort(std::string_view text, char separator, double& value) {
+  const char* at = text.data();
+  const char* const end = at + text.size();
+  const bool negative = at != end && *at == '-';
+  if (negative) ++at;
+  long long digits = 0;
+  int count = 0, fraction = 0;
+  bool afterSeparator = false;
+  for (; at != end; ++at) {
+    if (*at >= '0' && *at <= '9') {
+      digits = digits * 10 + (*at - '0');
+      fraction += afterSeparator;
+      if (++count > kExactDigits) return false;
+    } else if (*at == separator && !afterSeparator) {
+      afterSeparator = true;
+    } else {
+      return false;
+    }
+  }
+  if (count == 0) return false;
+  const double size = static_cast<double>(digits) / kPowersOfTen[fraction];
+  value = negative ? -size : size;
+  return true;
+}
+
 // Of a well-formed number that no double can hold: whether it is too small, as against too large.
 bool isTiny(std::string_view number) {
   const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
@@ -26,6 +57,7 @@ bool isTiny(std::string_view number) {
 }
 
 Parsed parse(std::string_view text, char separator, double& value) {
+  if (parseShort(text, separator, value)) return Parsed::Number;
   while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
   while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
   if (!text.empty() && text.front() == '+') {
@@ -94,6 +126,29 @@ std::string plain(const Decimal& number, char separator) {
   return text + number.digits.substr(0, whole) + separator + number.digits.substr(whole);
 }
 
+// A fixed number of decimals by way of one whole number; false near a tie and for large numbers.
+bool fixedShort(double value, int decimals, char separator, std::string& text) {
+  constexpr int kMostDecimals = 6;
+  constexpr double kLargest = 1e9;
+  constexpr double kNearTie = 1e-4;
+  if (decimals > kMostDecimals || !(std::abs(value) < kLargest / kPowersOfTen[decimals])) return false;
+  const double scaled = std::abs(value) * kPowersOfTen[decimals];
+  const auto whole = static_cast<long long>(scaled);
+  const double rest = scaled - static_cast<double>(whole);
+  if (std::abs(rest - 0.5) < kNearTie) return false;
+  long long number = whole + (rest > 0.5);
+  char buffer[24];
+  char* at = buffer + sizeof buffer;
+  const bool negative = value < 0 && number != 0;
+  for (int i = 0; i < decimals; ++i, number /= 10) *--at = static_cast<char>('0' + number % 10);
+  if (decimals > 0) *--at = separator;
+  do *--at = static_cast<char>('0' + number % 10);
+  while (number /= 10);
+  if (negative) *--at = '-';
+  text.assign(at, buffer + sizeof buffer);
+  return true;
+}
+
 std::string special(double value) { return std::isnan(value) ? "NaN" : value < 0 ? "-Inf" : "Inf"; }
 
 }  // namespace
@@ -137,6 +192,7 @@ std::string plainTextOfSingle(float value, char separator) {
 std::string fixedText(double value, int decimals, char separator) {
   if (!std::isfinite(value)) return special(value);
   decimals = std::clamp(decimals, 0, 99);
+  if (std::string text; fixedShort(value, decimals, separator, text)) return text;
   Decimal number = decimalOf(value, 15);
   // Where the last shown decimal stands among the digits.
   const int keep = number.exponent + 1 + decimals;

@@ -18,7 +18,8 @@ class ChoiceEdit : public EditControl {
     bool offered = true;  // by the filter in force
   };
 
-  using EditControl::EditControl;
+  // Nothing is chosen at first, which is not correct.
+  explicit ChoiceEdit(std::string name) : EditControl(std::move(name)) { mCorrect = false; }
 
   // The user picks a choice by its key; error 5 if it is not offered, 70 if the edit cannot be reached.
   void choose(const std::string& key);

@@ -12,7 +12,9 @@ class CtrDateEdit : public MomentEdit {
 
  protected:
   Kind ownKind() const override { return Kind::DateEdit; }
-  bool readMoment(const std::string& text, LocalTime& moment) const override { return readDate(text, locale(), moment); }
+  // Beside the standard form a document may have the day first, as in its stamps, whatever the locale.
+  bool readDocument(const std::string& text, LocalTime& moment) const override { return readDate(text, *Locale::find("sv"), moment); }
+  bool readScreen(const std::string& text, LocalTime& moment) const override { return readDate(text, locale(), moment); }
   std::string documentForm(LocalTime moment) const override { return standardDate(moment); }
   std::string screenForm(LocalTime moment) const override { return locale().date(moment); }
 };

@@ -6,6 +6,7 @@
 #include "platform/base/Procedure.h"
 #include "platform/controls/Form.h"
 #include "platform/types/Query.h"
+#include "platform/types/StopListening.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
@@ -18,9 +19,7 @@ constexpr std::size_t kTrendShown = 16;
 
 }  // namespace
 
-CtrMonitoring::~CtrMonitoring() {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
-}
+CtrMonitoring::~CtrMonitoring() { stopListening(mMessenger, *this); }
 
 bool CtrMonitoring::offerInterface(const Guid& id, void** out) noexcept {
   return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
@@ -41,14 +40,14 @@ void CtrMonitoring::resized() {
 }
 
 void CtrMonitoring::terminate() {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
+  stopListening(mMessenger, *this);
   mMessenger = nullptr;
   mTextTable = nullptr;
   mDataSet = {};
 }
 
 void CtrMonitoring::SetMessenger(const Ref<Messenger>& messenger) {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
+  stopListening(mMessenger, *this);
   mMessenger = messenger;
   Procedure proc(*this, "ITaviComponent_SetMessenger");
   if (messenger) proc.step([&] { messenger->Subscribe(*this); });
@@ -66,9 +65,9 @@ void CtrMonitoring::Localize(const Ref<ITextTable>& textTable) {
     for (int column = 1; column <= lsvMonitoring.ColumnCount(); ++column)
       if (textTable) lsvMonitoring.Header(column, textTable->GetText(lsvMonitoring.HeaderTag(column)));
     for (int row = 1; row <= static_cast<int>(mVariables.size()); ++row) {
-      const Variable& variable = mVariables[static_cast<std::size_t>(row) - 1];
-      showTexts(variable, row);
-      showRow(variable, row);
+      const Ref<Variable> variable = mVariables[static_cast<std::size_t>(row) - 1];
+      showTexts(*variable, row);
+      showRow(*variable, row);
     }
   });
 }
@@ -78,10 +77,10 @@ void CtrMonitoring::ViewSetUnits() {
   proc.step([&] {
     const Ref<IUnitConverter> converter = proc.messenger().GetUnitConverter();
     for (int row = 1; row <= static_cast<int>(mVariables.size()); ++row) {
-      Variable& variable = mVariables[static_cast<std::size_t>(row) - 1];
-      variable.translator.chooseUnit(variable.info, converter.get());
-      showTexts(variable, row);
-      showRow(variable, row);
+      const Ref<Variable> variable = mVariables[static_cast<std::size_t>(row) - 1];
+      variable->translator.chooseUnit(variable->info, converter.get());
+      showTexts(*variable, row);
+      showRow(*variable, row);
     }
   });
 }
@@ -99,9 +98,9 @@ void CtrMonitoring::SetOfflineData(const Document& doc) {
       const Node found = parameter(doc, included.findAttribute("name").value_or(""));
       if (!found) continue;
       int row = 0;
-      Variable& variable = variableOf(found, row);
-      variable.stored = found.findAttribute("value").value_or("");
-      showRow(variable, row);
+      const Ref<Variable> variable = variableOf(found, row);
+      variable->stored = found.findAttribute("value").value_or("");
+      showRow(*variable, row);
     }
   });
 }
@@ -122,23 +121,28 @@ void CtrMonitoring::SetOnlineData(const Document& doc) {
         if (!found) continue;
         variableOf(found, row);
       }
-      Variable& variable = mVariables[static_cast<std::size_t>(row) - 1];
-      if (const Node element = valueElement(item, variable.info.type)) take(variable, row, element.text());
+      const Ref<Variable> variable = mVariables.at(static_cast<std::size_t>(row) - 1);
+      if (const Node element = valueElement(item, variable->info.type)) take(*variable, row, element.text());
     }
   });
 }
 
-CtrMonitoring::Variable& CtrMonitoring::variableOf(const Node& parameter, int& row) {
+Ref<CtrMonitoring::Variable> CtrMonitoring::variableOf(const Node& parameter, int& row) {
   const auto [at, isNew] = mRows.try_emplace(std::string(parameter.attribute("name")), static_cast<int>(mVariables.size()) + 1);
   row = at->second;
   if (!isNew) return mVariables[static_cast<std::size_t>(row) - 1];
-  Variable& variable = mVariables.emplace_back();
-  variable.info.read(parameter);
+  const Ref<Variable> variable(new Variable);
+  mVariables.push_back(variable);
+  variable->info.read(parameter);
   lsvMonitoring.AddRow();
-  const Ref<IUnitConverter> converter = mMessenger ? mMessenger->GetUnitConverter() : nullptr;
-  variable.translator.chooseUnit(variable.info, converter.get());
-  showTexts(variable, row);
+  variable->translator.chooseUnit(variable->info, converter().get());
+  showTexts(*variable, row);
   return variable;
+}
+
+Ref<IUnitConverter> CtrMonitoring::converter() const {
+  const Ref<Messenger> host = mMessenger;
+  return host ? host->GetUnitConverter() : nullptr;
 }
 
 void CtrMonitoring::take(Variable& variable, int row, const std::string& value) {
@@ -160,8 +164,7 @@ void CtrMonitoring::showRow(const Variable& variable, int row) {
   std::string text;
   if (variable.info.isNumeric()) {
     const bool converts = variable.translator.displayUnit() != variable.info.unit;
-    const Ref<IUnitConverter> converter = converts && mMessenger ? mMessenger->GetUnitConverter() : nullptr;
-    text = variable.translator.shown(variable.info, variable.stored, desktop().locale(), converter.get());
+    text = variable.translator.shown(variable.info, variable.stored, desktop().locale(), converts ? converter().get() : nullptr);
   } else {
     text = variable.stored;
   }
@@ -178,7 +181,7 @@ void CtrMonitoring::showRow(const Variable& variable, int row) {
 }
 
 std::vector<double> CtrMonitoring::trend(int row) const {
-  const Variable& variable = mVariables.at(static_cast<std::size_t>(row) - 1);
+  const Variable& variable = *mVariables.at(static_cast<std::size_t>(row) - 1);
   const std::size_t length = std::min(variable.count, kTrendLength);
   std::vector<double> values;
   for (std::size_t i = variable.count - length; i < variable.count; ++i) values.push_back(variable.values[i % kTrendLength]);

@@ -59,7 +59,7 @@ class CtrMonitoring : public Component,
   bool offerInterface(const Guid& id, void** out) noexcept override;
 
  private:
-  struct Variable {
+  struct Variable : Counted {
     ParameterInfo info;
     ValueTranslator translator;
     std::string stored;  // document text
@@ -68,7 +68,9 @@ class CtrMonitoring : public Component,
     std::size_t count = 0;  // how many ever came
   };
 
-  Variable& variableOf(const Node& parameter, int& row);
+  // A row is held while it is shown: what the host is asked meanwhile may bring another data set.
+  Ref<Variable> variableOf(const Node& parameter, int& row);
+  Ref<IUnitConverter> converter() const;
   void take(Variable& variable, int row, const std::string& value);
   void showRow(const Variable& variable, int row);
   void showTexts(const Variable& variable, int row);
@@ -77,7 +79,7 @@ class CtrMonitoring : public Component,
   ListView lsvMonitoring{"lsvMonitoring"};
   Document mDataSet;
   Ref<ITextTable> mTextTable;
-  std::vector<Variable> mVariables;
+  std::vector<Ref<Variable>> mVariables;
   std::unordered_map<std::string, int> mRows;  // by name, from 1
   std::string mSelectedView;
 };

@@ -44,8 +44,8 @@ void CtrTextEdit::clearRelations() {
   mUppers.clear();
 }
 
-void CtrTextEdit::recheckUppers() {
-  for (CtrTextEdit* upper : mUppers) upper->recheck();
+void CtrTextEdit::recheckOthers() {
+  for (CtrTextEdit* upper : std::vector(mUppers)) upper->recheck();
 }
 
 // --- between document and screen
@@ -72,7 +72,8 @@ std::optional<double> CtrTextEdit::number() const {
 
 bool CtrTextEdit::passes() const {
   if (!mInfo.isNumeric()) return true;
-  if (mTyped ? mTyped->text.empty() : mStored.empty()) return !mTyped || !mTyped->byUser || mStored.empty();
+  // An empty field is wrong only where the user has emptied it.
+  if (mTyped ? mTyped->text.empty() : mStored.empty()) return !mModified || mStored.empty();
   const auto value = number();
   if (!value) return false;
   if (mInfo.isInteger() && *value != std::floor(*value)) return false;
@@ -125,6 +126,8 @@ std::string CtrTextEdit::typedOnScreen() const {
   if (!mInfo.isNumeric()) return mTyped->text;
   auto value = ValueTranslator::typedNumber(mTyped->text);
   if (!value) return mTyped->text;
+  // A fraction where a whole number is wanted stands there as it was typed, not rounded to what would pass.
+  if (mInfo.isInteger() && *value != std::floor(*value)) return withSeparator(mTyped->text, '.', locale().decimalSeparator);
   if (mTyped->unit != mTranslator.displayUnit()) {
     const Ref<IUnitConverter> service = converter();
     if (!service || !service->ConvertValue(*value, mTyped->unit, mTranslator.displayUnit(), *value)) return mTyped->text;
@@ -133,20 +136,23 @@ std::string CtrTextEdit::typedOnScreen() const {
 }
 
 void CtrTextEdit::takeTyped(std::string text, std::string unit, bool byUser) {
-  mTyped = Typed{std::move(text), std::move(unit), byUser};
+  mTyped = Typed{std::move(text), std::move(unit)};
   if (mInfo.isNumeric()) {
     if (const auto value = ValueTranslator::typedNumber(mTyped->text)) {
       const bool rounds = mInfo.decimals && !(mInfo.isInteger() && *value != std::floor(*value));
       mTyped->text = rounds ? fixedText(*value, *mInfo.decimals, '.') : plainText(*value, '.');
     }
   }
-  const bool readable = !mInfo.isNumeric() || passes();
-  std::string screen = readable ? typedOnScreen() : withSeparator(mTyped->text, '.', locale().decimalSeparator);
+  std::string screen = typedOnScreen();
   // What was typed back to the stored value is no edit any more.
   const bool modified = byUser && screen != shown(mStored);
   if (byUser && !modified) mTyped.reset();
   update(std::move(screen), modified);
-  recheckUppers();
+}
+
+void CtrTextEdit::loadEdit(const std::string& documentText) {
+  mTyped = Typed{documentText, mInfo.unit};
+  update(typedOnScreen(), true);
 }
 
 void CtrTextEdit::takeText(const std::string& text) { takeTyped(text, mTranslator.displayUnit(), false); }

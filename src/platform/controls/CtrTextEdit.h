@@ -42,14 +42,15 @@ class CtrTextEdit : public EditControl {
   void unitsChanged() override;
   void forgetTyped() override { mTyped.reset(); }
   void takeText(const std::string& text) override;
+  void loadEdit(const std::string& documentText) override;
+  void recheckOthers() override;
 
  private:
-  // A text that is not from a document: as it was typed (with a point), and the unit in which it was. It
+  // A text that is not the stored one: as it was typed (with a point), and the unit in which it was. It
   // is kept so that a change of units on the screen and back changes nothing.
   struct Typed {
     std::string text;
     std::string unit;
-    bool byUser;
   };
   struct Lower {
     CtrTextEdit* edit;
@@ -62,7 +63,6 @@ class CtrTextEdit : public EditControl {
   // The value in the data unit, if it is a number.
   std::optional<double> number() const;
   void clearRelations();
-  void recheckUppers();
 
   ValueTranslator mTranslator;
   std::optional<Typed> mTyped;

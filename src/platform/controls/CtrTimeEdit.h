@@ -12,7 +12,8 @@ class CtrTimeEdit : public MomentEdit {
 
  protected:
   Kind ownKind() const override { return Kind::TimeEdit; }
-  bool readMoment(const std::string& text, LocalTime& moment) const override { return readTime(text, locale(), moment); }
+  bool readDocument(const std::string& text, LocalTime& moment) const override { return readTime(text, locale(), moment); }
+  bool readScreen(const std::string& text, LocalTime& moment) const override { return readTime(text, locale(), moment); }
   std::string documentForm(LocalTime moment) const override { return standardTime(moment); }
   std::string screenForm(LocalTime moment) const override { return locale().time(moment); }
 };

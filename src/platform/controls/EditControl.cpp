@@ -6,6 +6,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
 #include "platform/types/Query.h"
+#include "platform/types/StopListening.h"
 
 namespace ostrand {
 
@@ -66,12 +67,11 @@ bool EditControl::HasParameter() const {
 Node EditControl::GetXmlItem(bool ignoreErrors) {
   if (probe()) announce("GetXmlItem", ignoreErrors ? " true" : "");
   if (!ignoreErrors && !mCorrect) return {};
-  const std::string type = mInfo.type.empty() ? "stringVal" : mInfo.type;
   const Ref<Tree> tree(new Tree);
   pugi::xml_node item = tree->document.append_child("item");
   item.append_attribute("name").set_value(std::string(parameterName()).c_str());
   item.append_attribute("unit").set_value(mInfo.unit.c_str());
-  item.append_child(type.c_str()).append_child(pugi::node_pcdata).set_value(told().value_or(mText).c_str());
+  item.append_child(mInfo.wireType().c_str()).append_child(pugi::node_pcdata).set_value(told().value_or(mText).c_str());
   return {tree, item};
 }
 
@@ -80,26 +80,21 @@ Node EditControl::GetXmlItem(bool ignoreErrors) {
 void EditControl::takeParameter(const Node& parameter) {
   AllSteps all;
   mHasParameter = static_cast<bool>(parameter);
-  mInfo.read(parameter);
+  const ParameterValues values = mInfo.read(parameter);
+  std::string stored(values.value);
+  const std::string offline(values.offlineValue);
   all.step([&] { parameterChanged(); });
   if (mReadOnly != mInfo.readOnly) {
     mReadOnly = mInfo.readOnly;
     changedNow();
   }
-  if (!parameter) {
-    all.step([&] { load({}); });
-    return all.done();
-  }
-  all.step([&] { load(std::string(parameter.findAttribute("value").value_or(""))); });
-  // What was edited without the device comes back as an edit.
-  const std::string offline(parameter.findAttribute("offlineValue").value_or(""));
-  if (!offline.empty() && offline != mStored) {
-    const std::string stored = mStored;
-    all.step([&] { load(offline); });
-    mStored = stored;
-    const std::string text = mText;
-    all.step([&] { takeText(text); });
-    all.step([&] { update(mText, true); });
+  if (offline.empty() || offline == stored) {
+    all.step([&] { load(std::move(stored)); });
+  } else {
+    // What was edited without the device comes back as an edit.
+    clearError();
+    mStored = std::move(stored);
+    all.step([&] { loadEdit(offline); });
   }
   all.done();
 }
@@ -107,7 +102,7 @@ void EditControl::takeParameter(const Node& parameter) {
 void EditControl::takeOnlineData(const Node& item) {
   if (!item || !loadItem(item)) return;
   mLastRead = desktop().now();
-  forwardSyncChanges(statusName(), true, mSyncWord, mMessenger.get());
+  forwardSyncChanges(parameterName(), true, mSyncWord, mMessenger.get());
 }
 
 void EditControl::takeLocalData(const Node& item) {
@@ -121,12 +116,15 @@ bool EditControl::loadItem(const Node& item) {
   return true;
 }
 
+void EditControl::clearError() {
+  if (mError.empty()) return;
+  mError.clear();
+  changedNow();
+}
+
 void EditControl::load(std::string documentText) {
   forgetTyped();
-  if (!mError.empty()) {
-    mError.clear();
-    changedNow();
-  }
+  clearError();
   mStored = std::move(documentText);
   update(shown(mStored), false);
 }
@@ -136,7 +134,7 @@ void EditControl::takeError(const std::string& code) {
     mError = code;
     changedNow();
   }
-  forwardSyncChanges(statusName(), false, mSyncWord, mMessenger.get());
+  forwardSyncChanges(parameterName(), false, mSyncWord, mMessenger.get());
 }
 
 // --- state
@@ -149,8 +147,10 @@ void EditControl::update(std::string text, bool modified) {
   if (newText) mText = std::move(text);
   mModified = modified;
   all.step([&] { recheck(); });
+  all.step([&] { recheckOthers(); });
   if (newText || newState) changedNow();
-  if (newText) all.step([&] { Change(mText); });
+  // A copy: a listener may set another text while the others still hear of this one.
+  if (newText) all.step([&, now = mText] { Change(now); });
   all.done();
 }
 
@@ -160,10 +160,9 @@ void EditControl::recheck() {
     mCorrect = correct;
     changedNow();
   }
-  forwardEditChanges(statusName(), mModified, mCorrect, mEditWord, mMessenger.get());
+  const Ref<Messenger> host = mMessenger;
+  forwardEditChanges(parameterName(), mModified, mCorrect, mEditWord, host.get());
 }
-
-std::string EditControl::statusName() const { return std::string(parameterName()); }
 
 void EditControl::requireEditable() const {
   requireUsable();
@@ -186,16 +185,19 @@ void EditControl::leave() {
 
 // --- the host
 
-Ref<IUnitConverter> EditControl::converter() const { return mMessenger ? mMessenger->GetUnitConverter() : nullptr; }
+Ref<IUnitConverter> EditControl::converter() const {
+  const Ref<Messenger> host = mMessenger;
+  return host ? host->GetUnitConverter() : nullptr;
+}
 
 void EditControl::SetMessenger(const Ref<Messenger>& messenger) {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
+  stopListening(mMessenger, *this);
   mMessenger = messenger;
   if (mMessenger) mMessenger->Subscribe(*this);
 }
 
 void EditControl::detach() {
-  if (mMessenger) mMessenger->Unsubscribe(*this);
+  stopListening(mMessenger, *this);
   mMessenger = nullptr;
   mTextTable = nullptr;
 }
@@ -207,7 +209,9 @@ void EditControl::Localize(const Ref<ITextTable>& textTable) {
 }
 
 void EditControl::ViewSetUnits() {
-  Procedure proc(mMessenger, nullptr, std::string(className()) + " mMessenger_ViewSetUnits: ");
+  const Ref<Component> pin(owner());
+  const std::string prefix = std::string(className()) + " mMessenger_ViewSetUnits: ";
+  Procedure proc(mMessenger, nullptr, prefix);
   proc.all([&] { unitsChanged(); });
 }
 
@@ -216,12 +220,15 @@ void EditControl::ViewGetChanges(int& mode) {
   constexpr int kModifiedItems = 2;
   if (mKeepLocal || mExplicitApply || mReadOnly || !mHasParameter || !mCorrect) return;
   if (mode != kAllItems && !(mode == kModifiedItems && mModified)) return;
-  Procedure proc(mMessenger, nullptr, std::string(className()) + " mMessenger_ViewGetChanges: ");
+  const Ref<Component> pin(owner());
+  const std::string prefix = std::string(className()) + " mMessenger_ViewGetChanges: ";
+  Procedure proc(mMessenger, nullptr, prefix);
   proc.all([&] {
-    const std::string name = statusName();
+    const std::string name(parameterName());
     const auto value = told();
     if (!value) return;
-    const std::string caption = mTextTable ? mTextTable->GetLabel(name) : name;
+    const Ref<ITextTable> texts = mTextTable;
+    const std::string caption = texts ? texts->GetLabel(name) : name;
     proc.messenger().AddChange(name, caption, mStored, *value, mInfo.unit, mInfo.type, mContextTag);
   });
 }

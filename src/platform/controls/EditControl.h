@@ -90,7 +90,7 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   virtual std::string shown(const std::string& documentText) const = 0;
   // The value on the screen as document text; nothing if it cannot be told.
   virtual std::optional<std::string> told() const = 0;
-  // Whether the value on the screen passes; `typed` tells a value of the user from one of the documents.
+  // Whether the value on the screen passes its limits.
   virtual bool passes() const = 0;
   // The value of an item in the data set's unit, from a response that may bear another.
   virtual std::string received(const Node& item, std::string value) const { return (void)item, value; }
@@ -98,6 +98,13 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   virtual void unitsChanged() {}      // the user has chosen other units, or another locale
   virtual void forgetTyped() {}       // the screen shows what is stored
   virtual void takeText(const std::string& text) = 0;  // a text set by code
+
+  // The screen shows this document text as an edit of the user, although mStored is another one.
+  virtual void loadEdit(const std::string& documentText) {
+    takeText(shown(documentText));
+    update(mText, true);
+  }
+  virtual void recheckOthers() {}  // the edits whose correctness depends on this value
 
   // Puts the screen right: `text` replaces the text, the state follows, and whoever listens is told.
   void update(std::string text, bool modified);
@@ -112,17 +119,17 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   std::string mStored;
   std::string mText;
   bool mModified = false;
+  bool mCorrect = true;
 
  private:
   void takeParameter(const Node& parameter);
   bool loadItem(const Node& item);
   void load(std::string documentText);
-  std::string statusName() const;
+  void clearError();
 
   Ref<Messenger> mMessenger;
   Ref<ITextTable> mTextTable;
   bool mHasParameter = false;
-  bool mCorrect = true;
   bool mKeepLocal = false;
   bool mExplicitApply = false;
   bool mReadOnly = false;

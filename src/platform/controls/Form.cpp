@@ -126,6 +126,7 @@ FrameForm& FrameForm::hidden(Control& control, const char* tag) {
 
 FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons) {
   nextRow();
+  mLast = nullptr;  // the first button stands on the holder's own row
   mForm.add(holder, "");
   Form::place(holder, kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
   for (const auto& [button, tag] : buttons) {

@@ -19,6 +19,11 @@ int only(std::span<const int> indices) {
   return indices[0];
 }
 
+// "Cell(2,1)", or with one index "Header(2)".
+std::string member(const char* property, int first, int second) {
+  return std::string(property) + "(" + std::to_string(first) + (second ? "," + std::to_string(second) : "") + ")";
+}
+
 }  // namespace
 
 const ListView::Column& ListView::columnAt(int column) const { return element(mColumns, column, "column", name()); }
@@ -35,10 +40,11 @@ const ListView::CellData& ListView::cellAt(int row, int column) const {
 }
 
 void ListView::traceCell(const char* property, int first, int second, const Value& value) {
-  if (!probe()) return;
-  std::string member = std::string(property) + "(" + std::to_string(first);
-  if (second) member += "," + std::to_string(second);
-  probeSetting(member + ")", value);
+  if (probe()) probeSetting(member(property, first, second), value);
+}
+
+void ListView::traceReading(const char* property, int first, int second) const {
+  if (ControlProbe* listener = probe()) listener->reading(const_cast<ListView&>(*this), member(property, first, second));
 }
 
 void ListView::AddColumn(std::string tag, int width) {
@@ -81,7 +87,10 @@ void ListView::RemoveRow(int row) {
   rowAt(row);
   mRows.erase(mRows.begin() + row - 1);
   --mCount;
-  if (mSelectedRow > mCount) mSelectedRow = 0;
+  if (mSelectedRow == row)
+    mSelectedRow = 0;
+  else if (mSelectedRow > row)
+    --mSelectedRow;
   changedNow();
 }
 

@@ -15,28 +15,28 @@ class ListView : public Control {
   // Columns; the tag of a column is a key of the text table.
   void AddColumn(std::string tag, int width);
   int ColumnCount() const { return static_cast<int>(mColumns.size()); }
-  const std::string& Header(int column) const { return columnAt(column).text; }
+  const std::string& Header(int column) const { return traceReading("Header", column), columnAt(column).text; }
   void Header(int column, std::string text);
-  const std::string& HeaderTag(int column) const { return columnAt(column).tag; }
+  const std::string& HeaderTag(int column) const { return traceReading("HeaderTag", column), columnAt(column).tag; }
   void HeaderTag(int column, std::string tag);
-  int ColumnWidth(int column) const { return columnAt(column).width; }
+  int ColumnWidth(int column) const { return traceReading("ColumnWidth", column), columnAt(column).width; }
   void ColumnWidth(int column, int width);
 
   int Count() const { return read(mCount, "Count"); }
   void AddRow();
   void RemoveRow(int row);
   void Clear();
-  const std::string& Cell(int row, int column) const { return cellAt(row, column).text; }
+  const std::string& Cell(int row, int column) const { return traceReading("Cell", row, column), cellAt(row, column).text; }
   void Cell(int row, int column, std::string text);
-  ostrand::Color CellColor(int row, int column) const { return cellAt(row, column).color; }
+  ostrand::Color CellColor(int row, int column) const { return traceReading("Color", row, column), cellAt(row, column).color; }
   void CellColor(int row, int column, ostrand::Color color);
 
   // Boxes before the rows, and an edit in place of the first column; both off at first.
-  bool CheckBoxes() const { return mCheckBoxes; }
+  bool CheckBoxes() const { return read(mCheckBoxes, "CheckBoxes"); }
   void CheckBoxes(bool boxes) { write(mCheckBoxes, boxes, "CheckBoxes"); }
-  bool LabelEdit() const { return mLabelEdit; }
+  bool LabelEdit() const { return read(mLabelEdit, "LabelEdit"); }
   void LabelEdit(bool edit) { write(mLabelEdit, edit, "LabelEdit"); }
-  bool Checked(int row) const { return rowAt(row).checked; }
+  bool Checked(int row) const { return traceReading("Checked", row), rowAt(row).checked; }
   void Checked(int row, bool checked);
   int SelectedRow() const { return read(mSelectedRow, "SelectedRow"); }
   void SelectedRow(int row);
@@ -78,6 +78,7 @@ class ListView : public Control {
   const CellData& cellAt(int row, int column) const;
   CellData& cellAt(int row, int column) { return const_cast<CellData&>(std::as_const(*this).cellAt(row, column)); }
   void traceCell(const char* property, int first, int second, const Value& value);
+  void traceReading(const char* property, int first, int second = 0) const;
 
   std::vector<Column> mColumns;
   std::vector<Row> mRows;

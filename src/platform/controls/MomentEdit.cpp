@@ -6,21 +6,22 @@ namespace ostrand {
 
 std::string MomentEdit::shown(const std::string& documentText) const {
   LocalTime moment;
-  return readMoment(documentText, moment) ? screenForm(moment) : documentText;
+  return readDocument(documentText, moment) ? screenForm(moment) : documentText;
 }
 
-std::optional<std::string> MomentEdit::told() const { return mTyped ? mTyped : mStored; }
+std::optional<std::string> MomentEdit::told() const { return mTyped ? mTyped->text : mStored; }
 
 bool MomentEdit::passes() const {
+  if (mTyped) return mTyped->readable || mTyped->text.empty();
   LocalTime moment;
-  const std::string& text = mTyped ? *mTyped : mStored;
-  return text.empty() || readMoment(text, moment);
+  return mStored.empty() || readDocument(mStored, moment);
 }
 
 void MomentEdit::takeTyped(const std::string& text, bool byUser) {
   LocalTime moment;
-  mTyped = readMoment(text, moment) ? documentForm(moment) : text;
-  std::string screen = shown(*mTyped);
+  const bool readable = readScreen(text, moment);
+  mTyped = Typed{readable ? documentForm(moment) : text, readable};
+  std::string screen = typedOnScreen();
   const bool modified = byUser && screen != shown(mStored);
   if (byUser && !modified) mTyped.reset();
   update(std::move(screen), modified);
@@ -35,7 +36,7 @@ void MomentEdit::type(const std::string& text) {
 }
 
 void MomentEdit::unitsChanged() {
-  if (owner()) update(shown(mTyped ? *mTyped : mStored), mModified);
+  if (owner()) update(mTyped ? typedOnScreen() : shown(mStored), mModified);
 }
 
 }  // namespace ostrand

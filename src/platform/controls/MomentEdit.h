@@ -21,13 +21,23 @@ class MomentEdit : public EditControl {
   void unitsChanged() override;
   void forgetTyped() override { mTyped.reset(); }
 
-  virtual bool readMoment(const std::string& text, LocalTime& moment) const = 0;
+  virtual bool readDocument(const std::string& text, LocalTime& moment) const = 0;
+  virtual bool readScreen(const std::string& text, LocalTime& moment) const = 0;
   virtual std::string documentForm(LocalTime moment) const = 0;
   virtual std::string screenForm(LocalTime moment) const = 0;
 
  private:
+  // What does not come from a document: in document form, or as it was typed if it could not be read. It
+  // stays unreadable in another locale too.
+  struct Typed {
+    std::string text;
+    bool readable;
+  };
+
   void takeTyped(const std::string& text, bool byUser);
-  std::optional<std::string> mTyped;  // in document form if it can be read
+  std::string typedOnScreen() const { return mTyped->readable ? shown(mTyped->text) : mTyped->text; }
+
+  std::optional<Typed> mTyped;
 };
 
 }  // namespace ostrand

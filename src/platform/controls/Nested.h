@@ -9,6 +9,10 @@ namespace ostrand {
 class NestedPlace : public Control {
  public:
   using Control::Control;
+  // The component may be held longer by others.
+  ~NestedPlace() override {
+    if (mComponent) mComponent->setOuter(nullptr);
+  }
   std::string_view className() const override { return mClassName; }
   IObject* Object() const override { return mComponent.get(); }
   const Ref<Component>& nested() const { return mComponent; }

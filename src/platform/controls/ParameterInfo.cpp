@@ -6,7 +6,7 @@
 
 namespace ostrand {
 
-void ParameterInfo::read(const Node& parameter) {
+ParameterValues ParameterInfo::read(const Node& parameter) {
   name.clear();
   type.clear();
   unit = "noUnit";
@@ -14,30 +14,54 @@ void ParameterInfo::read(const Node& parameter) {
   min.reset();
   max.reset();
   readOnly = writeOnly = false;
-  if (!parameter) return;
-  // One pass: a search for each attribute would walk the list eight times.
+  ParameterValues values;
+  if (!parameter) return values;
   for (pugi::xml_attribute attribute : parameter.raw().attributes()) {
     const std::string_view key = attribute.name();
     const std::string_view value = attribute.value();
-    if (key == "name") {
-      name = value;
-    } else if (key == "type") {
-      type = value;
-    } else if (key == "unit") {
-      if (!value.empty()) unit = value;
-    } else if (key == "decimals") {
-      if (const auto count = parseInteger(value); count && *count >= 0 && *count <= 15) decimals = static_cast<int>(*count);
-    } else if (key == "minVal") {
-      min = parseNumber(value, '.');
-    } else if (key == "maxVal") {
-      max = parseNumber(value, '.');
-    } else if (key == "access") {
-      const bool reads = value.find("read") != value.npos;
-      const bool writes = value.find("rite") != value.npos;  // "write" and "readWrite"
-      readOnly = !value.empty() && !writes;
-      writeOnly = writes && !reads;
+    if (value.empty()) continue;
+    switch (key.size() << 8 | static_cast<unsigned char>(key[0])) {
+      case 4 << 8 | 'n':
+        if (key == "name") name = value;
+        break;
+      case 4 << 8 | 't':
+        if (key == "type") type = value;
+        break;
+      case 4 << 8 | 'u':
+        if (key == "unit") unit = value;
+        break;
+      case 5 << 8 | 'v':
+        if (key == "value") values.value = value;
+        break;
+      case 12 << 8 | 'o':
+        if (key == "offlineValue") values.offlineValue = value;
+        break;
+      case 8 << 8 | 'd':
+        if (key != "decimals") break;
+        if (const auto count = parseInteger(value); count && *count >= 0 && *count <= 15) decimals = static_cast<int>(*count);
+        break;
+      case 6 << 8 | 'm':
+        if (key == "minVal") min = parseNumber(value, '.');
+        if (key == "maxVal") max = parseNumber(value, '.');
+        break;
+      case 6 << 8 | 'a': {
+        if (key != "access") break;
+        const bool reads = value.find("read") != value.npos;
+        const bool writes = value.find("rite") != value.npos;  // "write" and "readWrite"
+        readOnly = !writes;
+        writeOnly = writes && !reads;
+        break;
+      }
+      default: break;
     }
   }
+  return values;
+}
+
+std::string ParameterInfo::wireType() const {
+  if (isInteger()) return "integerVal";
+  if (isFloat()) return "floatVal";
+  return type.empty() ? "stringVal" : type;
 }
 
 Node valueElement(const Node& item, std::string_view type) {

@@ -4,14 +4,14 @@ namespace ostrand {
 
 namespace {
 
-void become(const std::string& name, std::string& word, const std::string& next, Messenger* messenger) {
+void become(std::string_view name, std::string& word, const std::string& next, Messenger* messenger) {
   word = next;
-  if (messenger) messenger->SetParameterStatus(name, word);
+  if (messenger) messenger->SetParameterStatus(std::string(name), word);
 }
 
 }  // namespace
 
-void forwardSyncChanges(const std::string& name, bool succeeded, std::string& word, Messenger* messenger) {
+void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word, Messenger* messenger) {
   if (!succeeded) {
     if (word != SyncWord::kSyncError) become(name, word, SyncWord::kSyncError, messenger);
   } else if (word == SyncWord::kNotRead) {
@@ -21,7 +21,7 @@ void forwardSyncChanges(const std::string& name, bool succeeded, std::string& wo
   }
 }
 
-void forwardEditChanges(const std::string& name, bool modified, bool correct, std::string& word, Messenger* messenger) {
+void forwardEditChanges(std::string_view name, bool modified, bool correct, std::string& word, Messenger* messenger) {
   if (word == EditWord::kOriginal && modified) become(name, word, EditWord::kEdited, messenger);
   if (word == EditWord::kEditedError && correct) become(name, word, EditWord::kCorrected, messenger);
   if (word == EditWord::kEdited || word == EditWord::kCorrected) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "platform/types/Messenger.h"
 
@@ -22,10 +23,10 @@ inline const std::string kReSync = "reSync";
 }  // namespace SyncWord
 
 // One reading of a value: moves its sync word and tells the host if it moved. A messenger may be absent.
-void forwardSyncChanges(const std::string& name, bool succeeded, std::string& word, Messenger* messenger);
+void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word, Messenger* messenger);
 
 // Moves the edit word of a value, by three rules of which each sees the result of the one before, and
 // tells the host each move.
-void forwardEditChanges(const std::string& name, bool modified, bool correct, std::string& word, Messenger* messenger);
+void forwardEditChanges(std::string_view name, bool modified, bool correct, std::string& word, Messenger* messenger);
 
 }  // namespace ostrand

@@ -6,9 +6,9 @@ namespace ostrand {
 
 void Timer::start(double seconds) {
   stop();
+  mOn = &desktop();
   mSeconds = seconds;
   mEnabled = true;
-  mOn = &desktop();
   mTimer = mOn->schedule(mSeconds, [this] { turn(); });
 }
 

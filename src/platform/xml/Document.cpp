@@ -6,6 +6,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/Encoding.h"
 #include "platform/xml/Prefixes.h"
+#include "platform/xml/StringWriter.h"
 
 namespace ostrand {
 
@@ -38,12 +39,6 @@ void relabel(pugi::xml_document& document, pugi::xml_encoding readAs) {
     if (encoding && (readAs != pugi::encoding_utf8 || label.starts_with("UTF-16") || label.starts_with("utf-16"))) encoding.set_value("UTF-8");
   }
 }
-
-class StringWriter : public pugi::xml_writer {
- public:
-  void write(const void* data, std::size_t size) override { text.append(static_cast<const char*>(data), size); }
-  std::string text;
-};
 
 }  // namespace
 

@@ -4,16 +4,11 @@
 
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/PathQuery.h"
+#include "platform/xml/StringWriter.h"
 
 namespace ostrand {
 
 namespace {
-
-class StringWriter : public pugi::xml_writer {
- public:
-  void write(const void* data, std::size_t size) override { text.append(static_cast<const char*>(data), size); }
-  std::string text;
-};
 
 bool isElement(pugi::xml_node node) { return node.type() == pugi::node_element && node.name()[0] != '#'; }
 

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/base/RuntimeError.h"
+
+namespace ostrand::test {
+
+// What the fakes of one host share: the record of calls as lines of text, and what a call of a name does
+// the next time beside its work. Calls that only ask are not recorded.
+class FakeCalls {
+ public:
+  std::vector<std::string> lines;
+
+  // The lines since the last take.
+  std::vector<std::string> take() { return std::exchange(lines, {}); }
+
+  // The n-th next call of this name fails.
+  void fail(const std::string& call, int n = 1, int number = RuntimeError::Unexpected, const std::string& description = "told to fail") {
+    mFaults.emplace(call, Fault{n, number, description});
+  }
+  // From now on each call of this name fails; "*" stands for every call but ReportError.
+  void failAlways(const std::string& call) { mAlways.insert({call, true}); }
+  // Runs inside the next call of this name, before it returns, once.
+  void during(const std::string& call, std::function<void()> work) { mWork[call] = std::move(work); }
+
+  // A call arrives. An empty line is not recorded.
+  void arrive(const std::string& call, const std::string& line = {}) {
+    if (!line.empty()) lines.push_back(line);
+    if (const auto work = mWork.find(call); work != mWork.end()) {
+      const std::function<void()> body = std::move(work->second);
+      mWork.erase(work);
+      body();
+    }
+    for (auto [fault, end] = mFaults.equal_range(call); fault != end;) {
+      if (--fault->second.left > 0) {
+        ++fault;
+        continue;
+      }
+      const Fault found = fault->second;
+      mFaults.erase(fault);
+      throw RuntimeError(found.number, found.description);
+    }
+    if (mAlways.count(call) || (mAlways.count("*") && call != "ReportError")) throw RuntimeError(RuntimeError::Unexpected, call + " fails always");
+  }
+
+ private:
+  struct Fault {
+    int left;
+    int number;
+    std::string description;
+  };
+  std::multimap<std::string, Fault> mFaults;
+  std::map<std::string, bool> mAlways;
+  std::map<std::string, std::function<void()>> mWork;
+};
+
+// An object of the host as a test keeps it: counted, and ended by its last reference.
+template <class... Interfaces>
+class FakeObject : public Interfaces... {
+ public:
+  Result queryInterface(const Guid&, void** out) noexcept override {
+    *out = nullptr;
+    return Result::NoInterface;
+  }
+  std::uint32_t addRef() noexcept override { return ++mCount; }
+  std::uint32_t release() noexcept override {
+    const std::uint32_t left = --mCount;
+    if (left == 0) delete this;
+    return left;
+  }
+  std::uint32_t count() const { return mCount; }
+
+ protected:
+  virtual ~FakeObject() = default;
+
+ private:
+  std::uint32_t mCount = 0;
+};
+
+}  // namespace ostrand::test
