@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "Documents.h"
-#include "FakeMessenger.h"
-#include "TestView.h"
+#include "support/Documents.h"
+#include "support/FakeMessenger.h"
+#include "support/TestView.h"
 #include "platform/controls/Form.h"
 
 namespace ostrand::test {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,7 +25,7 @@ class FakeCalls {
     mFaults.emplace(call, Fault{n, number, description});
   }
   // From now on each call of this name fails; "*" stands for every call but ReportError.
-  void failAlways(const std::string& call) { mAlways.insert({call, true}); }
+  void failAlways(const std::string& call) { mAlways.insert(call); }
   // Runs inside the next call of this name, before it returns, once.
   void during(const std::string& call, std::function<void()> work) { mWork[call] = std::move(work); }
 
@@ -55,7 +56,7 @@ class FakeCalls {
     std::string description;
   };
   std::multimap<std::string, Fault> mFaults;
-  std::map<std::string, bool> mAlways;
+  std::set<std::string> mAlways;
   std::map<std::string, std::function<void()>> mWork;
 };
 

@@ -1,4 +1,4 @@
-#include "FakeMessenger.h"
+#include "support/FakeMessenger.h"
 
 #include <gtest/gtest.h>
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "FakeCalls.h"
-#include "FakeTextTable.h"
-#include "FakeUnitConverter.h"
+#include "support/FakeCalls.h"
+#include "support/FakeTextTable.h"
+#include "support/FakeUnitConverter.h"
 #include "platform/types/Messenger.h"
 
 namespace ostrand::test {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "FakeCalls.h"
+#include "support/FakeCalls.h"
 #include "platform/types/ITextTable.h"
 
 namespace ostrand::test {

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "FakeCalls.h"
+#include "support/FakeCalls.h"
 #include "platform/types/IUnitConverter.h"
 
 namespace ostrand::test {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "FakeCalls.h"
+#include "support/FakeCalls.h"
 #include "platform/controls/Control.h"
 
 namespace ostrand::test {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "FakeCalls.h"
+#include "support/FakeCalls.h"
 #include "core/View.h"
 #include "platform/desktop/VirtualDesktop.h"
 

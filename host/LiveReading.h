@@ -1,0 +1,40 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/Communication.h"
+
+namespace ostrand {
+
+// Reads a group again and again while somebody looks at its values. Never in the way of others: it waits while anything
+// else is on its way to the device, and stays quiet while the communication takes no requests to the device.
+class LiveReading {
+ public:
+  // `wanted` gives the group that is to be read now, or an empty text. The desktop and the communication must outlive it.
+  LiveReading(Desktop& desktop, Communication& communication, std::function<std::string()> wanted);
+  ~LiveReading();
+  LiveReading(const LiveReading&) = delete;
+  LiveReading& operator=(const LiveReading&) = delete;
+
+  // Seconds from the end of one reading to the begin of the next.
+  double period() const { return mPeriod; }
+  void setPeriod(double seconds);
+  // Asks anew what is wanted, and begins at once if it was nothing before.
+  void refresh();
+
+ private:
+  void tick();
+  void next(double seconds);
+
+  Desktop& mDesktop;
+  Communication& mCommunication;
+  std::function<std::string()> mWanted;
+  double mPeriod = 1.0;
+  std::optional<Desktop::TimerId> mTimer;
+  std::shared_ptr<int> mReading;  // held while our own request is under way
+};
+
+}  // namespace ostrand

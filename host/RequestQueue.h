@@ -1,0 +1,64 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "host/Request.h"
+#include "platform/desktop/Desktop.h"
+#include "simulator/Device.h"
+
+namespace ostrand {
+
+// Requests on their way to one device: in order, one under way at a time. A device that falls silent in the middle of a
+// request is given up after a few of its transaction times, and the next request goes out. Answers that come when nobody
+// waits for them any more are dropped and told as stray.
+class RequestQueue {
+ public:
+  // Told in this order for each request: sent, for each answer arrived and answered, finished; a cancelled one is finished
+  // only. Any of them may submit, cancel and connect another device. Between `arrived` and `answered` of a last answer the
+  // next request goes out: what views do with an answer may take long, for they may ask the user.
+  struct Events {
+    std::function<void(const Request&)> sent;
+    std::function<void(const Request&, const Document& answer)> arrived;
+    std::function<void(const Request&, const Document& answer)> answered;
+    std::function<void(const Request&, Outcome)> finished;
+    std::function<void(const Document& answer)> stray;
+  };
+
+  // The desktop must outlive the queue.
+  RequestQueue(Desktop& desktop, Events events) : mDesktop(desktop), mEvents(std::move(events)) {}
+  RequestQueue(const RequestQueue&) = delete;
+  RequestQueue& operator=(const RequestQueue&) = delete;
+  ~RequestQueue();
+
+  // Takes the place of the device before; what was for that one is cancelled.
+  void connect(std::unique_ptr<Device> device);
+  Device* device() const { return mDevice.get(); }
+
+  // Error 91 without a device.
+  void submit(Request request);
+  // Takes back those that have not been sent yet.
+  void cancelWaiting();
+
+  const Request* underWay() const { return mCurrent ? &*mCurrent : nullptr; }
+  std::size_t waiting() const { return mWaiting.size(); }
+  bool idle() const { return !mCurrent && mWaiting.empty(); }
+
+ private:
+  void sendNext();
+  void take(int id, const Document& answer);
+  void finish(Outcome outcome);
+  void restartSilence();
+  void stopSilence();
+
+  Desktop& mDesktop;
+  Events mEvents;
+  std::unique_ptr<Device> mDevice;
+  std::deque<Request> mWaiting;
+  std::optional<Request> mCurrent;
+  std::optional<Desktop::TimerId> mSilence;
+};
+
+}  // namespace ostrand

@@ -1,0 +1,184 @@
+#include "host/transcript/Conversation.h"
+
+#include <algorithm>
+
+#include "platform/controls/Control.h"
+
+namespace ostrand {
+
+namespace {
+
+// "cteA.Text" means this member of this control; "lsv.Cell" each cell, "lsv.Cell(2,1)" only that one.
+bool isMember(const std::string& name, std::string_view member) {
+  const std::size_t open = name.find('(', name.rfind('.'));
+  const std::size_t point = name.rfind('.', open);
+  if (point == name.npos) return false;
+  const std::string_view meant = std::string_view(name).substr(point + 1);
+  return meant == member || meant == member.substr(0, member.find('('));
+}
+
+}  // namespace
+
+// --- what is printed
+
+std::string Conversation::shown(std::string text) const {
+  if (hiddenFolder.empty()) return text;
+  for (std::size_t at = text.find(hiddenFolder); at != text.npos; at = text.find(hiddenFolder, at)) text.erase(at, hiddenFolder.size());
+  return text;
+}
+
+void Conversation::add(Output output) {
+  if (mEnded) return;
+  output.line = shown(std::move(output.line));
+  mOutputs.push_back(std::move(output));
+}
+
+void Conversation::print(const std::string& name, const std::string& argument) {
+  if (heeded.heeds(name, argument)) add({name + " " + inQuotes(argument), {}});
+}
+
+void Conversation::printUnhandled(const ErrorText& error) {
+  const std::string number = std::to_string(error.number);
+  if (heeded.heeds("Unhandled", number)) add({"Unhandled " + number + " " + inQuotes(error.description), {}});
+}
+
+void Conversation::end() {
+  mEnded = true;
+  mFailures.clear();
+  mDurings.clear();
+  trace(false, {});
+}
+
+// --- what is to happen
+
+std::optional<ErrorText> Conversation::takeFailure(const std::function<bool(const std::string&)>& isMeant) {
+  std::optional<ErrorText> failure;
+  for (auto each = mFailures.begin(); each != mFailures.end();) {
+    if (isMeant(each->name) && --each->nth == 0) {
+      if (!failure) failure = each->error;
+      each = mFailures.erase(each);
+    } else {
+      ++each;
+    }
+  }
+  return failure;
+}
+
+std::vector<TranscriptInput> Conversation::takeDurings(const std::function<bool(const std::string&)>& isMeant) {
+  std::vector<TranscriptInput> inputs;
+  for (auto each = mDurings.begin(); each != mDurings.end();) {
+    if (isMeant(each->name)) {
+      inputs.push_back(std::move(each->input));
+      each = mDurings.erase(each);
+    } else {
+      ++each;
+    }
+  }
+  return inputs;
+}
+
+// --- calls
+
+Conversation::Call Conversation::begins(const CallText& call) {
+  const auto isMeant = [&](const std::string& name) { return name == call.name; };
+  OpenCall open{call.name, {}, takeDurings(isMeant), takeFailure(isMeant)};
+  if (call.told && !mEnded && heeded.heeds(call.name, call.firstArgument)) {
+    open.output = mOutputs.size();
+    add({call.line(), call.xml});
+  }
+  mCalls.push_back(std::move(open));
+  return mCalls.size() - 1;
+}
+
+void Conversation::interrupt(Call call) {
+  const std::vector<TranscriptInput> inputs = std::exchange(mCalls[call].durings, {});
+  for (const TranscriptInput& input : inputs) mViews.carryOut(input);
+}
+
+void Conversation::enters(Call call) {
+  if (!mCalls[call].failure) return;
+  interrupt(call);
+  throw RuntimeError(mCalls[call].failure->number, mCalls[call].failure->description);
+}
+
+void Conversation::returns(Call call, const std::string& answer) {
+  if (const auto output = mCalls[call].output; output && !answer.empty()) mOutputs[*output].line += shown(" -> " + answer);
+  interrupt(call);
+  mCalls.pop_back();
+}
+
+void Conversation::fails(Call call, const ErrorText& error) {
+  // A call that the host does not even offer has not left the view.
+  const bool isAbsent = error.number == RuntimeError::NoSuchMember && !mCalls[call].failure;
+  if (const auto output = mCalls[call].output) {
+    if (isAbsent)
+      mOutputs.erase(mOutputs.begin() + static_cast<std::ptrdiff_t>(*output));
+    else
+      mOutputs[*output].line += " -> failed";
+  }
+  interrupt(call);
+  mCalls.pop_back();
+}
+
+// --- controls
+
+void Conversation::trace(bool on, const std::vector<std::string>& names) {
+  if (names.empty()) {
+    mTraceAll = on;
+    mTraced.clear();
+    mNotTraced.clear();
+    return;
+  }
+  for (const std::string& name : names) {
+    (on ? mTraced : mNotTraced).insert(name);
+    (on ? mNotTraced : mTraced).erase(name);
+  }
+}
+
+bool Conversation::traces(const Control& control) const {
+  if (!tracing() || !mViews.isOwn(control)) return false;
+  const auto isAmong = [&](const std::set<std::string>& names) {
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) { return mViews.find(name) == &control; });
+  };
+  return mTraceAll ? !isAmong(mNotTraced) : isAmong(mTraced);
+}
+
+void Conversation::used(const Control& control, std::string_view member) {
+  if (mFailures.empty() && mDurings.empty()) return;
+  const auto isMeant = [&](const std::string& name) {
+    const std::size_t open = name.find('(', name.rfind('.'));
+    return isMember(name, member) && mViews.find(name.substr(0, name.rfind('.', open))) == &control;
+  };
+  const std::optional<ErrorText> failure = takeFailure(isMeant);
+  for (const TranscriptInput& input : takeDurings(isMeant)) mViews.carryOut(input);
+  if (failure) throw RuntimeError(failure->number, failure->description);
+}
+
+void Conversation::operation(Control& control, std::string_view name, const std::string& arguments) {
+  if (mQuiet) return;
+  if (traces(control)) {
+    const std::string member = mViews.nameOf(control) + "." + std::string(name);
+    if (heeded.heeds(member, {})) add({member + arguments, {}});
+  }
+  used(control, name);
+}
+
+void Conversation::setting(Control& control, std::string_view property, const std::string& value) {
+  if (mQuiet) return;
+  if (&control == mExpectedControl && property == mExpectedProperty) {
+    mExpectedControl = nullptr;
+    return;
+  }
+  operation(control, property, " " + value);
+}
+
+void Conversation::reading(Control& control, std::string_view property) {
+  if (!mQuiet) used(control, property);
+}
+
+void Conversation::expectSetting(const Control& control, std::string_view property) {
+  mExpectedControl = &control;
+  mExpectedProperty = property;
+}
+
+}  // namespace ostrand
