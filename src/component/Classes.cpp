@@ -1,5 +1,7 @@
 #include "component/Classes.h"
 
+#include "calibration/VwCalibration.h"
+#include "calibration/VwCalibrationFjell.h"
 #include "views/VwMeasurement.h"
 #include "views/VwMeasurementGYRE.h"
 #include "views/VwMeasurementQX5.h"
@@ -18,9 +20,11 @@ Component* make() {
 
 // clang-format off
 const ComponentClass kClasses[] = {
-    OSTRAND_CLASS(VwMeasurement,     "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2101", "Blade transmitters: live values and active recipe"),
-    OSTRAND_CLASS(VwMeasurementGYRE, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2102", "GYRE transmitters: live values and active recipe"),
-    OSTRAND_CLASS(VwMeasurementQX5,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2103", "Optical transmitter: live values and active grade"),
+    OSTRAND_CLASS(VwMeasurement,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2101", "Blade transmitters: live values and active recipe"),
+    OSTRAND_CLASS(VwMeasurementGYRE,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2102", "GYRE transmitters: live values and active recipe"),
+    OSTRAND_CLASS(VwMeasurementQX5,   "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2103", "Optical transmitter: live values and active grade"),
+    OSTRAND_CLASS(VwCalibration,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2104", "Blade transmitters: samples, laboratory calibration, recipes"),
+    OSTRAND_CLASS(VwCalibrationFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2105", "Low-consistency blade: samples, laboratory calibration, recipes"),
 };
 // clang-format on
 

@@ -22,7 +22,7 @@ constexpr int kStampTop = 20;
 
 View::~View() { stopListening(mMessenger, *this); }
 
-FrameForm View::frame(Form& form, const char* key, const char* stampTag) {
+FrameForm View::frame(Form& form, const std::string& key, const std::string& stampTag) {
   return form.frame(frmViews.next(), key).title(lblTitle.next(), key).stamp(ctrDateLabels.next(), stampTag);
 }
 

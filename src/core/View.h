@@ -43,7 +43,7 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   ~View() override;
 
   // A frame with its heading (the frame's key once more) and its stamp.
-  FrameForm frame(Form& form, const char* key, const char* stampTag);
+  FrameForm frame(Form& form, const std::string& key, const std::string& stampTag);
 
   void initialize() override;
   void resized() override;

@@ -83,8 +83,8 @@ class Component : public IPlaceable, public Reporter {
   Control* mFront = nullptr;
   Control* mFocused = nullptr;
   Component* mOuter = nullptr;
-  int mWidth = 9000;
-  int mHeight = 6000;
+  int mWidth = 14400;
+  int mHeight = 7200;
   Ref<LastError> mLastError;
   Ref<Counted> mToken;
 };

@@ -18,12 +18,12 @@ constexpr int kButtonWidth = 1695;
 
 }  // namespace
 
-void Form::add(Control& control, const char* tag) {
+void Form::add(Control& control, const std::string& tag) {
   control.mTag = tag;
   mComponent.mControls.push_back(&control);
 }
 
-void Form::caption(Control& control, const char* text) { control.design("Caption", text); }
+void Form::caption(Control& control, const std::string& text) { control.design("Caption", text); }
 
 void Form::place(Control& control, int left, int top, int width, int height) {
   control.mLeft = left;
@@ -40,14 +40,14 @@ Form::~Form() {
   for (Control* control : mComponent.mControls) control->mOwner = &mComponent;
 }
 
-FrameForm Form::frame(Frame& frame, const char* key) {
+FrameForm Form::frame(Frame& frame, const std::string& key) {
   add(frame, key);
   place(frame, 0, 0, mComponent.width(), mComponent.height());
   if (!mComponent.mFront) mComponent.mFront = &frame;
   return FrameForm(*this, frame);
 }
 
-void Form::nested(NestedPlace& at, const char* tag) {
+void Form::nested(NestedPlace& at, const std::string& tag) {
   fill(at, tag);
   if (!mComponent.mFront) mComponent.mFront = &at;
   at.make();
@@ -55,18 +55,18 @@ void Form::nested(NestedPlace& at, const char* tag) {
   at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
 }
 
-void Form::fill(Control& control, const char* tag) {
+void Form::fill(Control& control, const std::string& tag) {
   add(control, tag);
   place(control, 0, 0, mComponent.width(), mComponent.height());
 }
 
-FrameForm& FrameForm::title(Label& label, const char* key) {
+FrameForm& FrameForm::title(Label& label, const std::string& key) {
   mForm.add(label, key);
   Form::place(label, kMargin, kTitleTop, 5000, 360);
   return *this;
 }
 
-FrameForm& FrameForm::stamp(CtrDateLabel& label, const char* tag) {
+FrameForm& FrameForm::stamp(CtrDateLabel& label, const std::string& tag) {
   mForm.add(label, tag);
   Form::place(label, mForm.mComponent.width() - kStampWidth, 20, kStampWidth, kFieldHeight);
   return *this;
@@ -78,19 +78,19 @@ FrameForm& FrameForm::nextRow() {
   return *this;
 }
 
-FrameForm& FrameForm::row(Label& label, const char* key, Control& control, const char* tag) {
+FrameForm& FrameForm::row(Label& label, const std::string& key, Control& control, const std::string& tag) {
   nextRow();
   mForm.add(label, key);
   Form::place(label, kMargin, mTop, kLabelWidth, kFieldHeight);
   return cell(control, tag);
 }
 
-FrameForm& FrameForm::row(Control& control, const char* tag) {
+FrameForm& FrameForm::row(Control& control, const std::string& tag) {
   nextRow();
   return cell(control, tag);
 }
 
-FrameForm& FrameForm::button(CommandButton& button, const char* tag, const char* caption) {
+FrameForm& FrameForm::button(CommandButton& button, const std::string& tag, const std::string& caption) {
   row(button, tag);
   mForm.caption(button, caption);
   Form::place(button, kFieldLeft, mTop, kButtonWidth, kFieldHeight);
@@ -103,21 +103,22 @@ FrameForm& FrameForm::heads(std::initializer_list<std::pair<Label*, const char*>
   return *this;
 }
 
-FrameForm& FrameForm::cell(Control& control, const char* tag) {
+FrameForm& FrameForm::cell(Control& control, const std::string& tag) {
   mForm.add(control, tag);
   Form::place(control, kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
   mLast = &control;
   return *this;
 }
 
-FrameForm& FrameForm::over(Control& control, const char* tag) {
-  mForm.add(control, tag);
-  Form::placeAs(control, *mLast);
-  Form::hide(control);
+FrameForm& FrameForm::over(CommandButton& button, const std::string& tag, const std::string& caption) {
+  mForm.add(button, tag);
+  mForm.caption(button, caption);
+  Form::placeAs(button, *mLast);
+  Form::hide(button);
   return *this;
 }
 
-FrameForm& FrameForm::hidden(Control& control, const char* tag) {
+FrameForm& FrameForm::hidden(Control& control, const std::string& tag) {
   mForm.add(control, tag);
   Form::place(control, kFieldLeft, mTop, kFieldWidth, kFieldHeight);
   Form::hide(control);
@@ -139,7 +140,7 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
   return *this;
 }
 
-FrameForm& FrameForm::panel(NestedPlace& at, const char* tag) {
+FrameForm& FrameForm::panel(NestedPlace& at, const std::string& tag) {
   nextRow();
   mForm.add(at, tag);
   Form::place(at, 0, mTop, mForm.mComponent.width(), mForm.mComponent.height() - mTop);
@@ -150,7 +151,7 @@ FrameForm& FrameForm::panel(NestedPlace& at, const char* tag) {
   return *this;
 }
 
-FrameForm& FrameForm::fill(Control& control, const char* tag) {
+FrameForm& FrameForm::fill(Control& control, const std::string& tag) {
   nextRow();
   mForm.add(control, tag);
   Form::place(control, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, mForm.mComponent.height() - mTop - kMargin);

@@ -22,18 +22,18 @@ class Form {
   ~Form();
 
   // A full-size frame with its key.
-  FrameForm frame(Frame& frame, const char* key);
+  FrameForm frame(Frame& frame, const std::string& key);
   // A component that stands on the panel by itself and is selected under its tag.
-  void nested(NestedPlace& place, const char* tag);
+  void nested(NestedPlace& place, const std::string& tag);
   // A control that fills the panel.
-  void fill(Control& control, const char* tag);
+  void fill(Control& control, const std::string& tag);
 
   static constexpr int kRowHeight = 400;
 
  private:
   friend class FrameForm;
-  void add(Control& control, const char* tag);
-  void caption(Control& control, const char* text);
+  void add(Control& control, const std::string& tag);
+  void caption(Control& control, const std::string& text);
   static void place(Control& control, int left, int top, int width, int height);
   static void placeAs(Control& control, const Control& other);
   static void hide(Control& control);
@@ -44,28 +44,28 @@ class Form {
 class FrameForm {
  public:
   // The heading, with a key of the text table; the stamp in the top right corner, with "date_" + group.
-  FrameForm& title(Label& label, const char* key);
-  FrameForm& stamp(CtrDateLabel& label, const char* tag);
+  FrameForm& title(Label& label, const std::string& key);
+  FrameForm& stamp(CtrDateLabel& label, const std::string& tag);
 
   // One row: a label and what stands beside it.
-  FrameForm& row(Label& label, const char* key, Control& control, const char* tag);
+  FrameForm& row(Label& label, const std::string& key, Control& control, const std::string& tag);
   // A row of a button alone; its caption until the view is localized.
-  FrameForm& button(CommandButton& button, const char* tag, const char* caption);
+  FrameForm& button(CommandButton& button, const std::string& tag, const std::string& caption);
   // A row of one control without a label.
-  FrameForm& row(Control& control, const char* tag);
+  FrameForm& row(Control& control, const std::string& tag);
   // A row of labels: the heads of a table's columns, from the second column on.
   FrameForm& heads(std::initializer_list<std::pair<Label*, const char*>> labels);
   // One more column of the last row.
-  FrameForm& cell(Control& control, const char* tag);
+  FrameForm& cell(Control& control, const std::string& tag);
   // On the same place as the last control, hidden at first.
-  FrameForm& over(Control& control, const char* tag);
+  FrameForm& over(CommandButton& button, const std::string& tag, const std::string& caption);
   // A control that is never shown.
-  FrameForm& hidden(Control& control, const char* tag);
+  FrameForm& hidden(Control& control, const std::string& tag);
   // Radio buttons, one to a row, of which one is on; they stand on `holder`.
   FrameForm& group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
   // A nested panel that takes the rest of the frame.
-  FrameForm& panel(NestedPlace& place, const char* tag);
-  FrameForm& fill(Control& control, const char* tag);
+  FrameForm& panel(NestedPlace& place, const std::string& tag);
+  FrameForm& fill(Control& control, const std::string& tag);
 
  private:
   friend class Form;

@@ -1,0 +1,84 @@
+#include "calibration/VwCalibrationFjell.h"
+
+#include "bus/BusChoice.h"
+#include "bus/BusHart.h"
+#include "bus/SampleCheck.h"
+#include "core/Requests.h"
+#include "platform/base/Procedure.h"
+
+namespace ostrand {
+
+namespace {
+
+constexpr int kRecipes = 4;
+
+}  // namespace
+
+// clang-format off
+void VwCalibrationFjell::declare(Form& form) {
+  frame(form, "laboratoryResults", "date_laboratoryResults")
+      .row(lblLaboratoryResults.next(), "laboratoryValue1", cte_laboratoryResults.at(0), "ctr_laboratoryValue1")
+      .row(lblLaboratoryResults.next(), "laboratoryValue2", cte_laboratoryResults.at(1), "ctr_laboratoryValue2")
+      .row(lblLaboratoryResults.next(), "calibrationType",  cce_laboratoryResults.at(0), "ctr_calibrationType")
+      .row(lblLaboratoryResults.next(), "laboratoryRecipe", cce_laboratoryResults.at(1), "ctr_laboratoryRecipe")
+      .button(LabCalibrateBtn, "accept", "Accept");
+
+  declareSampling(form);
+
+  FrameForm recipes = frame(form, "recipes", "date_recipes");
+  recipes.heads({{&lblRecipes.at(kRecipes),     "pulpType"},
+                 {&lblRecipes.at(kRecipes + 1), "linearizationSlopeP1"},
+                 {&lblRecipes.at(kRecipes + 2), "linearizationOffsetP2"}});
+  for (int i = 0; i < kRecipes; ++i) {
+    const std::string recipe = "recipe" + std::to_string(i + 1);
+    recipes.row(lblRecipes.at(i), recipe, cce_pulpType.at(i), "ctr_" + recipe + "PulpType")
+        .cell(cte_slope.at(i),  "ctr_" + recipe + "LinearizationSlopeP1")
+        .cell(cte_offset.at(i), "ctr_" + recipe + "LinearizationOffsetP2");
+  }
+  recipes.button(recipeButton, "accept", "Accept");
+
+  mFocusOn = {{"laboratoryResults", &cce_laboratoryResults(0)}, {"recipes", &cce_pulpType(0)}};
+}
+// clang-format on
+
+void VwCalibrationFjell::initialize() {
+  CalibrationView::initialize();
+  // The device speaks HART alone: no data set is asked for its bus.
+  mBus = Ref<IBusDependent>(new BusHart(desktop(), lastError()));
+}
+
+void VwCalibrationFjell::clear() {
+  mBus = nullptr;
+  View::clear();
+}
+
+std::vector<CalibrationView::RecipeRow> VwCalibrationFjell::recipeRows() const {
+  std::vector<RecipeRow> rows;
+  for (int i = 0; i < kRecipes; ++i) rows.push_back({&cce_pulpType(i), {&cte_slope(i), &cte_offset(i)}});
+  return rows;
+}
+
+void VwCalibrationFjell::SetOnlineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  proc.step([&] { modView::setOnlineData(*this, doc); });
+  const Locale& locale = desktop().locale();
+  proc.step([&] { warnOfLargeDeviation(doc, "sample1", locale, proc.messenger()); });
+  proc.step([&] { warnOfLargeDeviation(doc, "sample2", locale, proc.messenger()); });
+  proc.step([&] { showWhenFinal(doc, "laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView", proc.messenger()); });
+}
+
+bool VwCalibrationFjell::startSample(int sample, const Ref<Messenger>& messenger) {
+  const Ref<IBusDependent> bus = required(mBus);
+  return sample == 1 ? bus->StartSampling1(messenger) : bus->StartSampling2(messenger);
+}
+
+bool VwCalibrationFjell::stopSample(int sample, const Ref<Messenger>& messenger) {
+  // Without the shear force that the strategy asks for too; nothing is tested.
+  const std::string name = "sample" + std::to_string(sample);
+  const std::string items = Requests::readItem(name + "Deviation", "noUnit", "floatVal") + Requests::readItem(name + "ConsistencyAverage", "%", "floatVal");
+  if (!messenger) throwNothingThere("the messenger");
+  messenger->ReadRequest(Requests::document("sampling", "read", items), 0);
+  return true;
+}
+
+}  // namespace ostrand
