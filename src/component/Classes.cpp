@@ -2,6 +2,11 @@
 
 #include "calibration/VwCalibration.h"
 #include "calibration/VwCalibrationFjell.h"
+#include "views/VwInformationGYREP.h"
+#include "views/VwInformationH.h"
+#include "views/VwInformationP.h"
+#include "views/VwInformationP2.h"
+#include "views/VwInformationQX5.h"
 #include "views/VwMeasurement.h"
 #include "views/VwMeasurementGYRE.h"
 #include "views/VwMeasurementQX5.h"
@@ -23,6 +28,11 @@ const ComponentClass kClasses[] = {
     OSTRAND_CLASS(VwMeasurement,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2101", "Blade transmitters: live values and active recipe"),
     OSTRAND_CLASS(VwMeasurementGYRE,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2102", "GYRE transmitters: live values and active recipe"),
     OSTRAND_CLASS(VwMeasurementQX5,   "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2103", "Optical transmitter: live values and active grade"),
+    OSTRAND_CLASS(VwInformationP,     "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2106", "PROFIBUS blade transmitters: identification and transmitter data"),
+    OSTRAND_CLASS(VwInformationH,     "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2107", "HART blade transmitters: identification and transmitter data"),
+    OSTRAND_CLASS(VwInformationP2,    "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2108", "PROFIBUS blade, second form: identification and transmitter data"),
+    OSTRAND_CLASS(VwInformationQX5,   "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2109", "Optical transmitter: identification and transmitter data"),
+    OSTRAND_CLASS(VwInformationGYREP, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210a", "PROFIBUS GYRE transmitters: identification and transmitter data"),
     OSTRAND_CLASS(VwCalibration,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2104", "Blade transmitters: samples, laboratory calibration, recipes"),
     OSTRAND_CLASS(VwCalibrationFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2105", "Low-consistency blade: samples, laboratory calibration, recipes"),
 };
