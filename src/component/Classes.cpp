@@ -2,6 +2,7 @@
 
 #include "calibration/VwCalibration.h"
 #include "calibration/VwCalibrationFjell.h"
+#include "diagnostics/VwDiagnostics.h"
 #include "views/VwInformationGYREP.h"
 #include "views/VwInformationH.h"
 #include "views/VwInformationP.h"
@@ -35,6 +36,7 @@ const ComponentClass kClasses[] = {
     OSTRAND_CLASS(VwInformationGYREP, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210a", "PROFIBUS GYRE transmitters: identification and transmitter data"),
     OSTRAND_CLASS(VwCalibration,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2104", "Blade transmitters: samples, laboratory calibration, recipes"),
     OSTRAND_CLASS(VwCalibrationFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2105", "Low-consistency blade: samples, laboratory calibration, recipes"),
+    OSTRAND_CLASS(VwDiagnostics,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210b", "Single-channel devices: status tree, loop test, event logs"),
 };
 // clang-format on
 

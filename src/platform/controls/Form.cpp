@@ -15,6 +15,7 @@ constexpr int kColumnStep = kFieldWidth + 120;
 constexpr int kTitleTop = 120;
 constexpr int kStampWidth = 2640;
 constexpr int kButtonWidth = 1695;
+constexpr int kGap = 120;
 
 }  // namespace
 
@@ -53,6 +54,11 @@ void Form::nested(NestedPlace& at, const std::string& tag) {
   at.make();
   at.nested()->setOuter(&mComponent);
   at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
+}
+
+void Form::free(Control& control, const std::string& tag, int left, int top, int width, int height) {
+  add(control, tag);
+  place(control, left, top, width, height);
 }
 
 void Form::fill(Control& control, const std::string& tag) {
@@ -148,6 +154,17 @@ FrameForm& FrameForm::panel(NestedPlace& at, const std::string& tag) {
   at.nested()->setOuter(&mForm.mComponent);
   at.nested()->Place(mForm.mComponent.desktop(), mForm.mComponent.parent(), tag);
   mLast = &at;
+  return *this;
+}
+
+FrameForm& FrameForm::table(ListView& list, const std::string& tag, std::initializer_list<std::pair<const char*, int>> columns, int shares) {
+  const int height = (mForm.mComponent.height() - kFirstRow) / shares;
+  if (mLast) mTop += height;
+  mColumn = 0;
+  mForm.add(list, tag);
+  Form::place(list, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, height - kGap);
+  for (const auto& [columnTag, width] : columns) list.AddColumn(columnTag, width);
+  mLast = &list;
   return *this;
 }
 

@@ -25,6 +25,8 @@ class Form {
   FrameForm frame(Frame& frame, const std::string& key);
   // A component that stands on the panel by itself and is selected under its tag.
   void nested(NestedPlace& place, const std::string& tag);
+  // A control at a place of its own on the panel, in twips.
+  void free(Control& control, const std::string& tag, int left, int top, int width, int height);
   // A control that fills the panel.
   void fill(Control& control, const std::string& tag);
 
@@ -66,6 +68,8 @@ class FrameForm {
   // A nested panel that takes the rest of the frame.
   FrameForm& panel(NestedPlace& place, const std::string& tag);
   FrameForm& fill(Control& control, const std::string& tag);
+  // A list with its columns (tag, width), as high as an equal share of the frame.
+  FrameForm& table(ListView& list, const std::string& tag, std::initializer_list<std::pair<const char*, int>> columns, int shares);
 
  private:
   friend class Form;
@@ -74,7 +78,8 @@ class FrameForm {
 
   Form& mForm;
   Frame& mFrame;
-  int mTop = 720;
+  static constexpr int kFirstRow = 720;
+  int mTop = kFirstRow;
   int mColumn = 0;
   Control* mLast = nullptr;
 };

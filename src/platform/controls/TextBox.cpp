@@ -1,6 +1,17 @@
 #include "platform/controls/TextBox.h"
 
+#include "platform/controls/Component.h"
+
 namespace ostrand {
+
+void TextBox::type(const std::string& text) {
+  requireUsable();
+  const Ref<Component> pin(owner());
+  if (text == mText) return;
+  mText = text;
+  changedNow();
+  Change(mText);
+}
 
 Value TextBox::get(std::string_view property, std::span<const int> indices) const {
   if (property == "Text") return mText;

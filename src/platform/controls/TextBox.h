@@ -13,6 +13,11 @@ class TextBox : public Control {
   const std::string& Text() const { return read(mText, "Text"); }
   void Text(std::string text) { write(mText, std::move(text), "Text"); }
 
+  Signal<const std::string&> Change;  // the user has typed
+
+  // The user types and leaves; error 70 if the box cannot be reached.
+  void type(const std::string& text);
+
   Value get(std::string_view property, std::span<const int> indices) const override;
   void set(std::string_view property, std::span<const int> indices, const Value& value) override;
 

@@ -26,6 +26,18 @@ Node group(const Document& doc, std::string_view name) { return find(doc, &Tree:
 Node item(const Document& doc, std::string_view name) { return find(doc, &Tree::items, name); }
 Node itemAnywhere(const Document& doc, std::string_view name) { return find(doc, &Tree::itemsAnywhere, name); }
 
+Node mappingByTail(const Document& doc, std::string_view parameterName) {
+  if (Node whole = mapping(doc, parameterName)) return whole;
+  for (std::size_t i = parameterName.size(); i-- > 1;) {
+    const char c = parameterName[i];
+    if (c >= 'a' && c <= 'z') continue;
+    std::string tail(parameterName.substr(i));
+    if (c >= 'A' && c <= 'Z') tail[0] = static_cast<char>(c - 'A' + 'a');
+    if (Node found = mapping(doc, tail)) return found;
+  }
+  return {};
+}
+
 Node response(const Document& doc) {
   if (!doc) throwNothingThere("the document");
   const Node root = doc.root();

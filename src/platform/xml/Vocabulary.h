@@ -18,6 +18,10 @@ Node group(const Document& doc, std::string_view name);              // data:dtm
 Node item(const Document& doc, std::string_view name);               // comm:dtm/comm:communicationResponse/comm:item
 Node itemAnywhere(const Document& doc, std::string_view name);       // //comm:item
 
+// The mapping of a parameter: by its whole name, else by the lower-cased rest of the name from a capital or
+// digit on, the shortest rest first ("recipe1PulpType" finds "pulpType" where there is no "type").
+Node mappingByTail(const Document& doc, std::string_view parameterName);
+
 // comm:dtm/comm:communicationResponse, and the first one anywhere in the document.
 Node response(const Document& doc);
 Node responseAnywhere(const Document& doc);

@@ -1,0 +1,305 @@
+#include "diagnostics/VwDiagnostics.h"
+
+#include "bus/BusChoice.h"
+#include "core/Requests.h"
+#include "core/modTools.h"
+#include "diagnostics/EventLogName.h"
+#include "platform/base/Procedure.h"
+#include "platform/controls/StatusWords.h"
+#include "platform/types/Query.h"
+#include "platform/xml/Vocabulary.h"
+
+namespace ostrand {
+
+using modView::TabPosition;
+
+namespace {
+
+constexpr int kGoOn = 4;  // of AskUser
+constexpr int kStop = 5;
+
+// The status tree knows this bit by another name, whatever the bus calls it.
+constexpr const char* kBitOfBus = "statusHARTPVOutOfLimits";
+constexpr const char* kBitOfTree = "statusConsistencyOutOfLimits";
+
+std::string textOf(Messenger& messenger, const std::string& key) {
+  const Ref<ITextTable> texts = messenger.GetTextTable();
+  if (!texts) throwNothingThere("the text table");
+  return texts->GetText(key);
+}
+
+}  // namespace
+
+// clang-format off
+void VwDiagnostics::declare(Form& form) {
+  form.frame(frmViews.next(), "deviceStatus").title(lblTitle.next(), "statusTree").stamp(ctrDateLabels.at(1), "date_deviceStatus")
+      .panel(CtrStatus1, "deviceStatus");
+  form.frame(frmViews.next(), "loopTest").title(lblTitle.next(), "loopTest").stamp(ctrDateLabels.at(0), "date_loopTest")
+      .row(lblLoopTest, "loopTestValue", cteLoopTest, "ctr_loopTestValue")
+      .button(cmdLoopTest,     "startTest", "Test")
+      .button(cmdStopLoopTest, "stop",      "Stop Test");
+  form.frame(frmViews.next(), "eventLog").title(lblTitle.next(), "eventLog").stamp(ctrDateLabels.at(2), "date_eventLog")
+      .table(lsvEventLog.at(0), "eventLogError",   {{"eventLogErrorEvent ",   6000}, {"count", 3000}}, 3)
+      .table(lsvEventLog.at(1), "eventLogWarning", {{"eventLogWarningEvent ", 6000}, {"count", 3000}}, 3)
+      .table(lsvEventLog.at(2), "eventLogInfo",    {{"eventLogInfoEvent ",    6000}, {"count", 3000}}, 3);
+  form.frame(frmViews.next(), "resetingEventLog").title(lblTitle.next(), "resetingEventLog")
+      .row(chkReset.at(0), "resetErrorEventLog")
+      .row(chkReset.at(1), "resetWarningEventLog")
+      .row(chkReset.at(3), "resetInfoEventLog")
+      .button(cmdReset, "reset", "Reset");
+
+  mFocusOn = {{"deviceStatus", &CtrStatus1}, {"loopTest", &cteLoopTest}, {"resetingEventLog", &chkReset(0)}};
+}
+// clang-format on
+
+VwDiagnostics::VwDiagnostics() : View("VwDiagnostics", "diagnostics") {
+  cmdLoopTest.Click.connect([this] { cmdLoopTest_Click(); });
+  cmdStopLoopTest.Click.connect([this] { cmdStopLoopTest_Click(); });
+  cmdReset.Click.connect([this] { cmdReset_Click(); });
+  cteLoopTest.LostFocus.connect([this] { leaveByTab("cteLoopTest_LostFocus", TabPosition::First); });
+  cmdStopLoopTest.LostFocus.connect([this] { leaveByTab("cmdStopLoopTest_LostFocus", TabPosition::Last); });
+  cmdReset.LostFocus.connect([this] { leaveByTab("cmdReset_LostFocus", TabPosition::Last); });
+}
+
+// --- life
+
+void VwDiagnostics::initialize() {
+  View::initialize();
+  // The status tree stands inside its frame, which is what the host selects.
+  std::erase(mViews, &CtrStatus1);
+  chkReset.each([this](int, CheckBox& box) { box.Click.connect([this] { chkReset_Click(); }); });
+  chkReset(0).LostFocus.connect([this] { leaveByTab("chkReset_LostFocus", TabPosition::First); });
+
+  Procedure proc(*this, "UserControl_Initialize");
+  proc.step([&] { cmdStopLoopTest.Enabled(false); });
+  proc.step([&] { cmdReset.Enabled(false); });
+  proc.step([&] { cteLoopTest.SetTextOption(true); });
+  mGroupStates.fill(SyncWord::kNotRead);
+}
+
+void VwDiagnostics::resized() {
+  View::resized();
+  Procedure proc(*this, "UserControl_Resize");
+  lsvEventLog.each([&](int, ListView& list) {
+    proc.step([&] { list.ColumnWidth(1, list.Width() * 2 / 3); });
+    proc.step([&] { list.ColumnWidth(2, list.Width() - list.ColumnWidth(1)); });
+  });
+}
+
+void VwDiagnostics::clear() {
+  mEventLogNodes = {};
+  if (CtrStatus1.view()) CtrStatus1->PrepareToRelease();
+  mBus = nullptr;
+  View::clear();
+}
+
+void VwDiagnostics::SetMessenger(const Ref<Messenger>& messenger) {
+  View::SetMessenger(messenger);
+  Procedure proc(*this, "ITaviComponent_SetMessenger");
+  enableByLevel(proc, cmdLoopTest);
+}
+
+bool VwDiagnostics::LeaveSelectedView() {
+  Procedure proc(*this, "ITaviView_LeaveSelectedView");
+  bool mayLeave = true;
+  proc.step([&] {
+    if (!cmdStopLoopTest.Enabled() || mSelectedView != "loopTest") return;
+    mayLeave = proc.value(0, [&] { return proc.messenger().AskUser("loopTest", "loopTestExitWarning"); }) == kGoOn;
+    if (mayLeave)
+      cmdStopLoopTest_Click();
+    else
+      cmdLoopTest.SetFocus();
+  });
+  return mayLeave;
+}
+
+// --- documents
+
+void VwDiagnostics::SetImportData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setImportData");
+  proc.step([&] { modView::setImportData(*this, doc); });
+  proc.step([&] { updateEventLog(doc, false); });
+}
+
+void VwDiagnostics::SetOfflineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOfflineData");
+  chooseBus(proc, *this, "VwDiagnostics", doc, mBus);
+  proc.step([&] { modView::setOfflineData(*this, doc); });
+  // The table keeps the nodes of the first data set.
+  proc.step([&] {
+    if (!mEventLogNodes[0][0][0]) buildEventLogNodes(doc);
+  });
+  proc.step([&] { updateEventLog(doc, false); });
+}
+
+void VwDiagnostics::SetErrorData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setErrorData");
+  const std::string name = proc.value(std::string(), [&] { return std::string(responseAnywhere(doc).attribute("name")); });
+  proc.step([&] {
+    if (name == "deviceStatus")
+      modView::callObject(CtrStatus1, CtrStatus1.dataUser(), "SetErrorData", " document", [&](ITaviDataUser& status) { status.SetErrorData(doc); });
+    else
+      modView::setErrorData(*this, doc);
+  });
+}
+
+void VwDiagnostics::SetOnlineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  const Node answer = proc.value(Node(), [&] { return responseAnywhere(doc); });
+  if (!answer) return;
+  const std::string name = proc.value(std::string(), [&] { return std::string(answer.attribute("name")); });
+  if (name == "loopTest") loopTestAnswered(proc, doc);
+  if (name == "deviceStatus") deviceStatusAnswered(proc, doc);
+  if (name == "eventLog") eventLogAnswered(proc, doc, answer);
+}
+
+void VwDiagnostics::loopTestAnswered(Procedure& proc, const Document& doc) {
+  double value = 1.0;  // the test goes on until the device says otherwise
+  const bool read = proc.step([&] {
+    if (!itemAnywhere(doc, "loopTestValue")) return;
+    const Node text = doc.select("//comm:floatVal");
+    if (!text) throwNothingThere("the value of the loop test");
+    value = modTools::ToLocalNumber(text.text(), desktop().locale());
+  });
+  // Exactly 0: any other value, however small, drives the output.
+  if (!read || value != 0.0) return;
+  proc.step([&] { proc.messenger().ShowMessage("loopTest", "loopTestDone"); });
+  proc.step([&] { cmdStopLoopTest.Enabled(false); });
+  proc.step([&] { cmdLoopTest.Tag("startTest"); });
+  const std::string caption = proc.value(std::string(), [&] { return textOf(proc.messenger(), "startTest"); });
+  proc.step([&] { cmdLoopTest.Caption(caption); });
+}
+
+void VwDiagnostics::deviceStatusAnswered(Procedure& proc, const Document& doc) {
+  proc.step([&] {
+    const Node bit = itemAnywhere(doc, kBitOfBus);
+    if (!bit) return;
+    const Node copy = bit.clone();
+    copy.setAttribute("name", kBitOfTree);
+    bit.parent().insertBefore(copy, bit);
+  });
+  proc.step([&] {
+    modView::callObject(CtrStatus1, CtrStatus1.dataUser(), "SetOnlineData", " document", [&](ITaviDataUser& status) { status.SetOnlineData(doc); });
+  });
+  proc.step([&] { ctrDateLabels(1).Caption(modTools::presentDateAndTime(desktop())); });
+}
+
+void VwDiagnostics::eventLogAnswered(Procedure& proc, const Document& doc, const Node& response) {
+  proc.step([&] { updateEventLog(doc, true); });
+  if (!proc.value(false, [&] { return response.attribute("isFinal") == "1"; })) return;
+  ctrDateLabels.each([&](int, CtrDateLabel& label) {
+    proc.step([&] {
+      if (label.Tag() == "date_eventLog") label.Caption(modTools::presentDateAndTime(desktop()));
+    });
+  });
+  modView::forwardSyncChanges("eventLog", true, mGroupStates[kEventLogFrame], proc.pinnedMessenger());
+}
+
+// --- event logs
+
+void VwDiagnostics::buildEventLogNodes(const Document& doc) {
+  for (const Node& node : doc.selectAll("//data:parameter[starts-with(@name, \"eventLog\")]")) {
+    const std::string_view name = node.attribute("name");
+    const int category = GetEventLogCategory(name), kind = GetEventLogKind(name), row = GetEventLogRow(name);
+    if (category < 0 || kind < 0 || row < 1 || row > kRows) continue;
+    mEventLogNodes[static_cast<std::size_t>(kind)][static_cast<std::size_t>(category)][static_cast<std::size_t>(row) - 1] = node;
+  }
+}
+
+void VwDiagnostics::updateEventLog(const Document& doc, bool online) {
+  Procedure proc(mMessenger, lastError(), "VwDiagnostics updateEventLog");
+  proc.all([&] {
+    const char* const path = online ? "//comm:item[starts-with(@name, \"eventLog\")]" : "//data:parameter[starts-with(@name, \"eventLog\")]";
+    for (const Node& node : doc.selectAll(path)) {
+      const std::string name(node.attribute("name"));
+      const int category = GetEventLogCategory(name), kind = GetEventLogKind(name), row = GetEventLogRow(name);
+      if (category < 0 || kind < 0 || row < 0) continue;
+      if (row > kRows) continue;
+      if (row == 0) throw RuntimeError(RuntimeError::OutOfRange, name + " has no row");
+      const Node first = node.firstChild();
+      const std::string value = first ? first.text() : std::string(node.attribute("value"));
+      // The data set follows the device.
+      const Node& cell = mEventLogNodes[static_cast<std::size_t>(kind)][static_cast<std::size_t>(category)][static_cast<std::size_t>(row) - 1];
+      cell.setAttribute("value", value);
+      const std::string eventText = kind == 0 && !value.empty() ? textOf(proc.messenger(), value) : std::string();
+      const std::string countText = kind == 1 ? value : std::string();
+      if (!eventText.empty() || !countText.empty()) AddEventLogEvent(lsvEventLog(category), row, eventText, countText);
+    }
+  });
+}
+
+void VwDiagnostics::AddEventLogEvent(ListView& list, int row, const std::string& eventText, const std::string& countText) {
+  Procedure proc(mMessenger, lastError(), "VwDiagnostics AddEventLogEvent");
+  proc.step([&] {
+    if (list.Count() == 0)
+      for (int i = 0; i < kRows; ++i) list.AddRow();
+  });
+  proc.step([&] {
+    if (row > list.Count()) return;
+    if (!eventText.empty()) list.Cell(row, 1, eventText);
+    if (!countText.empty()) list.Cell(row, 2, countText);
+  });
+}
+
+// --- loop test
+
+void VwDiagnostics::cmdLoopTest_Click() {
+  Procedure proc(*this, "cmdLoopTest_Click");
+  bool empty = true;
+  if (!proc.step([&] { empty = cteLoopTest.Text().empty(); })) return;
+  if (empty) {
+    proc.step([&] { proc.messenger().ShowMessage("informationError", "pleaseCheckTheValues"); });
+    return;
+  }
+  // A running test takes a new value without a question.
+  bool mayStart = true;
+  proc.step([&] {
+    if (cmdLoopTest.Tag() == "startTest") mayStart = proc.value(kStop, [&] { return proc.messenger().AskUser("loopTest", "loopTestWarning"); }) != kStop;
+  });
+  if (!mayStart) return;
+  const std::string item = proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); });
+  proc.step([&] { proc.messenger().SendRequest(Requests::fragment("loopTest", "write", item), "loopTest"); });
+  proc.step([&] {
+    if (const Ref<INotifyStatus> status = query<INotifyStatus>(parent().get())) status->NotifyStatus("testing", 0, 0);
+  });
+  proc.step([&] { cmdLoopTest.Tag("loopTestChangeValue"); });
+  const std::string caption = proc.value(std::string(), [&] { return textOf(proc.messenger(), cmdLoopTest.Tag()); });
+  proc.step([&] { cmdLoopTest.Caption(caption); });
+  proc.step([&] { cmdStopLoopTest.Enabled(true); });
+  proc.step([&] { cmdStopLoopTest.SetFocus(); });
+}
+
+void VwDiagnostics::cmdStopLoopTest_Click() {
+  Procedure proc(*this, "cmdStopLoopTest_Click");
+  proc.step([&] { cteLoopTest.Text("0"); });
+  const std::string item = proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); });
+  proc.step([&] { cteLoopTest.Text(""); });
+  // The buttons change when the device answers 0, and not before.
+  proc.step([&] { proc.messenger().SendRequest(Requests::fragment("loopTest", "write", item), "loopTest"); });
+}
+
+// --- reset
+
+void VwDiagnostics::chkReset_Click() {
+  Procedure proc(*this, "chkReset_Click");
+  proc.step([&] {
+    bool any = false;
+    chkReset.each([&](int, const CheckBox& box) { any = any || box.Value(); });
+    cmdReset.Enabled(any);
+  });
+}
+
+void VwDiagnostics::cmdReset_Click() {
+  Procedure proc(*this, "cmdReset_Click");
+  bool ok = true;
+  for (int i = 0; i < chkReset.size() && ok; ++i) {
+    if (!chkReset.has(i)) continue;
+    proc.step([&] {
+      if (!chkReset(i).Value()) return;
+      const Ref<IBusDependent> bus = required(mBus);
+      ok = bus->ResetEventLog(proc.pinnedMessenger(), chkReset(i).Tag());
+    });
+  }
+}
+
+}  // namespace ostrand

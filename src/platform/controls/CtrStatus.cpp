@@ -1,0 +1,196 @@
+#include "platform/controls/CtrStatus.h"
+
+#include <algorithm>
+
+#include "platform/base/NumberText.h"
+#include "platform/base/Procedure.h"
+#include "platform/controls/Form.h"
+#include "platform/controls/ParameterInfo.h"
+#include "platform/types/Query.h"
+#include "platform/xml/Vocabulary.h"
+
+namespace ostrand {
+
+namespace {
+
+enum Column { Name = 1, State, Category, New };
+
+constexpr int kSearchHeight = 480;
+constexpr const char* kIndent = "    ";
+
+bool isZero(const std::string& value) { return parseNumber(value, '.').value_or(1.0) == 0.0; }
+
+// The category of a raised bit: that of the mapping's item with another value than 0.
+Ne107 categoryOf(const Node& mapping) {
+  for (Node item = mapping.firstChild(); item; item = item.nextSibling()) {
+    if (isZero(std::string(item.findAttribute("value").value_or("0")))) continue;
+    if (const auto category = ne107Of(item.findAttribute("category").value_or(""))) return *category;
+  }
+  return Ne107::Maintenance;
+}
+
+bool contains(const std::string& text, const std::string& part) {
+  const auto same = [](char a, char b) { return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b)); };
+  return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
+}
+
+}  // namespace
+
+CtrStatus::CtrStatus() {
+  txtSearch.Change.connect([this](const std::string&) { rebuild(); });
+}
+
+bool CtrStatus::offerInterface(const Guid& id, void** out) noexcept {
+  return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
+         offer<ILocalizable>(id, this, out);
+}
+
+void CtrStatus::declare(Form& form) {
+  form.free(lblSearch, "search", 240, 60, 1800, 315);
+  form.free(txtSearch, "", 2160, 60, 3600, 315);
+  form.fill(lsvStatus, "statusTree");
+  lsvStatus.AddColumn("status", 6000);
+  lsvStatus.AddColumn("state", 1800);
+  lsvStatus.AddColumn("ne107", 3000);
+  lsvStatus.AddColumn("newSinceLastRead", 2400);
+}
+
+void CtrStatus::resized() {
+  Procedure proc(*this, "UserControl_Resize");
+  proc.step([&] { lsvStatus.Move(0, kSearchHeight, width(), std::max(0, height() - kSearchHeight)); });
+}
+
+void CtrStatus::terminate() {
+  mMessenger = nullptr;
+  mTextTable = nullptr;
+  mDataSet = {};
+}
+
+void CtrStatus::RequestFocus() {
+  Procedure proc(*this, "ITaviView_RequestFocus");
+  proc.step([&] { lsvStatus.SetFocus(); });
+}
+
+void CtrStatus::Localize(const Ref<ITextTable>& textTable) {
+  Procedure proc(*this, "ILocalizable_Localize");
+  proc.step([&] {
+    mTextTable = textTable;
+    lblSearch.Caption(text(lblSearch.Tag()));
+    for (int column = 1; column <= lsvStatus.ColumnCount(); ++column) lsvStatus.Header(column, text(lsvStatus.HeaderTag(column)));
+    rebuild();
+  });
+}
+
+std::string CtrStatus::text(const std::string& key) const { return mTextTable ? mTextTable->GetText(key) : key; }
+
+// --- documents
+
+void CtrStatus::SetOfflineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOfflineData");
+  proc.step([&] {
+    mDataSet = doc;
+    mBranches.clear();
+    mPlaces.clear();
+    mLastRead.reset();
+    mFailed = false;
+    if (const Node bits = group(doc, tag()))
+      for (Node bit = bits.firstChild(); bit; bit = bit.nextSibling()) addLeaf(std::string(bit.findAttribute("name").value_or("")));
+    rebuild();
+  });
+}
+
+void CtrStatus::SetOnlineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  proc.step([&] {
+    const Node answer = response(doc);
+    if (!answer) return;
+    const bool first = !mLastRead;
+    for (Node item = answer.firstChild(); item; item = item.nextSibling()) {
+      if (item.name() != "comm:item") continue;
+      const std::string name(item.findAttribute("name").value_or(""));
+      // A bit that the data set does not list still finds its branch, if a mapping knows its kind.
+      if (!mPlaces.contains(name) && (!mDataSet || !addLeaf(name))) continue;
+      const Node value = valueElement(item, "integerVal");
+      if (!value) continue;
+      Leaf& leaf = *leafOf(name);
+      const bool raised = !isZero(value.text());
+      leaf.isNew = raised && !leaf.raised && !first;
+      leaf.raised = raised;
+    }
+    mLastRead = desktop().now();
+    mFailed = false;
+    rebuild();
+  });
+}
+
+void CtrStatus::SetErrorData(const Document&) {
+  Procedure proc(*this, "ITaviDataUser_setErrorData");
+  proc.step([&] {
+    mFailed = true;
+    rebuild();
+  });
+}
+
+bool CtrStatus::addLeaf(const std::string& item) {
+  const Node mapping = mappingByTail(mDataSet, item);
+  if (!mapping || mPlaces.contains(item)) return false;
+  const std::string key(mapping.attribute("name"));
+  auto branch = std::find_if(mBranches.begin(), mBranches.end(), [&](const Branch& at) { return at.key == key; });
+  if (branch == mBranches.end()) branch = mBranches.insert(mBranches.end(), Branch{key, {}});
+  mPlaces[item] = {static_cast<std::size_t>(branch - mBranches.begin()), branch->leaves.size()};
+  branch->leaves.push_back({item, categoryOf(mapping)});
+  return true;
+}
+
+CtrStatus::Leaf* CtrStatus::leafOf(const std::string& item) {
+  const auto place = mPlaces.find(item);
+  return place == mPlaces.end() ? nullptr : &mBranches[place->second.first].leaves[place->second.second];
+}
+
+// --- the table
+
+void CtrStatus::rebuild() {
+  struct Row {
+    std::string name, state, category, isNew;
+    bool bad;
+  };
+  std::vector<Row> rows(1);
+  const auto categoryText = [&](Ne107 category) { return (category == Ne107::Good ? std::string() : std::string(1, letterOf(category)) + "  ") + text(std::string(keyOf(category))); };
+  const std::string& wanted = txtSearch.Text();
+  mWorst = Ne107::Good;
+  bool anyNew = false;
+  for (const Branch& branch : mBranches) {
+    Ne107 worst = Ne107::Good;
+    bool branchNew = false;
+    std::vector<Row> leaves;
+    for (const Leaf& leaf : branch.leaves) {
+      if (leaf.raised) worst = std::max(worst, leaf.category);
+      branchNew = branchNew || leaf.isNew;
+      const std::string name = text(leaf.item);
+      if (!wanted.empty() && !contains(name, wanted)) continue;
+      leaves.push_back({std::string(kIndent) + kIndent + name, !mLastRead ? std::string() : text(leaf.raised ? "on" : "off"),
+                        leaf.raised ? categoryText(leaf.category) : std::string(), leaf.isNew ? text("new") : std::string(), leaf.raised});
+    }
+    mWorst = std::max(mWorst, worst);
+    anyNew = anyNew || branchNew;
+    if (leaves.empty()) continue;
+    rows.push_back({kIndent + text(branch.key), {}, mLastRead ? categoryText(worst) : std::string(), branchNew ? text("new") : std::string(), worst != Ne107::Good});
+    rows.insert(rows.end(), leaves.begin(), leaves.end());
+  }
+  rows[0] = {text(tag()), mFailed ? text("syncError") : mLastRead ? desktop().locale().dateAndTime(*mLastRead) : text("notRead"),
+             mLastRead ? categoryText(mWorst) : std::string(), anyNew ? text("new") : std::string(), mWorst != Ne107::Good};
+
+  const int count = static_cast<int>(rows.size());
+  while (lsvStatus.Count() > count) lsvStatus.RemoveRow(lsvStatus.Count());
+  while (lsvStatus.Count() < count) lsvStatus.AddRow();
+  for (int row = 1; row <= count; ++row) {
+    const Row& at = rows[static_cast<std::size_t>(row) - 1];
+    lsvStatus.Cell(row, Name, at.name);
+    lsvStatus.Cell(row, State, at.state);
+    lsvStatus.Cell(row, Category, at.category);
+    lsvStatus.CellColor(row, Category, at.bad ? Color::errorText() : Color::text());
+    lsvStatus.Cell(row, New, at.isNew);
+  }
+}
+
+}  // namespace ostrand

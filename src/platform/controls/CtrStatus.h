@@ -1,0 +1,90 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/controls/Component.h"
+#include "platform/controls/Label.h"
+#include "platform/controls/ListView.h"
+#include "platform/controls/Ne107.h"
+#include "platform/controls/TextBox.h"
+#include "platform/types/ILocalizable.h"
+#include "platform/types/ITaviComponent.h"
+#include "platform/types/ITaviDataUser.h"
+
+namespace ostrand {
+
+// The status of the device as a tree: a branch for each mapping of status bits in the data set, a leaf for
+// each bit of the request group that bears the control's Tag. A mapping's item tells its category:
+//
+//   <data:mappedParam name="failure"><data:mappedItem value="1" key="on" category="failure"/>...
+//
+// The worst category rises to the branch and to the root. Bits that are raised and were not at the last
+// read are marked as new. A search shows the leaves whose text holds it.
+class CtrStatus : public Component, public ITaviView, public ITaviDataUser, public ITaviComponent, public ILocalizable {
+ public:
+  static constexpr std::string_view kClassName = "CtrStatus";
+  CtrStatus();
+
+  const ControlCollection& GetControls() override { return controls(); }
+  Ref<Messenger> GetMessenger() override { return mMessenger; }
+  std::string GetSelectedView() override { return mSelectedView; }
+  void SetSelectedView(const std::string& key) override { mSelectedView = key == tag() ? key : std::string(); }
+  bool LeaveSelectedView() override { return true; }
+  void RequestFocus() override;
+  void PrepareToRelease() override { terminate(); }
+
+  // A failed read leaves the tree as it was and says so in its root.
+  void SetErrorData(const Document& doc) override;
+  void SetImportData(const Document& doc) override { SetOfflineData(doc); }
+  void SetOfflineData(const Document& doc) override;
+  void SetOnlineData(const Document& doc) override;
+
+  void SetMessenger(const Ref<Messenger>& messenger) override { mMessenger = messenger; }
+  void Localize(const Ref<ITextTable>& textTable) override;
+
+  std::string_view objectName() const override { return kClassName; }
+
+  // The worst category that is raised; Good before the first read.
+  Ne107 worst() const { return mWorst; }
+
+ protected:
+  void declare(Form& form) override;
+  void resized() override;
+  void terminate() override;
+  bool offerInterface(const Guid& id, void** out) noexcept override;
+
+ private:
+  struct Leaf {
+    std::string item;
+    Ne107 category;  // when it is raised
+    bool raised = false;
+    bool isNew = false;
+  };
+  struct Branch {
+    std::string key;
+    std::vector<Leaf> leaves;
+  };
+
+  bool addLeaf(const std::string& item);
+  Leaf* leafOf(const std::string& item);
+  void rebuild();
+  std::string text(const std::string& key) const;
+
+  Label lblSearch{"lblSearch"};
+  TextBox txtSearch{"txtSearch"};
+  ListView lsvStatus{"lsvStatus"};
+
+  Document mDataSet;
+  Ref<ITextTable> mTextTable;
+  std::vector<Branch> mBranches;
+  std::unordered_map<std::string, std::pair<std::size_t, std::size_t>> mPlaces;  // of a leaf, by its item
+  std::optional<LocalTime> mLastRead;
+  bool mFailed = false;
+  Ne107 mWorst = Ne107::Good;
+  std::string mSelectedView;
+};
+
+}  // namespace ostrand
