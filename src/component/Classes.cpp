@@ -3,6 +3,7 @@
 #include "calibration/VwCalibration.h"
 #include "calibration/VwCalibrationFjell.h"
 #include "diagnostics/VwDiagnostics.h"
+#include "diagnostics/VwDiagnosticsQX5.h"
 #include "views/VwInformationGYREP.h"
 #include "views/VwInformationH.h"
 #include "views/VwInformationP.h"
@@ -37,6 +38,7 @@ const ComponentClass kClasses[] = {
     OSTRAND_CLASS(VwCalibration,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2104", "Blade transmitters: samples, laboratory calibration, recipes"),
     OSTRAND_CLASS(VwCalibrationFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2105", "Low-consistency blade: samples, laboratory calibration, recipes"),
     OSTRAND_CLASS(VwDiagnostics,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210b", "Single-channel devices: status tree, loop test, event logs"),
+    OSTRAND_CLASS(VwDiagnosticsQX5,   "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210c", "Optical transmitter: loop test of channels, sensors, status tree"),
 };
 // clang-format on
 

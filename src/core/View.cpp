@@ -150,6 +150,15 @@ void View::followMode(Procedure& proc, int mode, CommandButton& button) {
     }
     default: break;
   }
+  captionFromTag(proc, button);
+}
+
+void View::setCaption(Procedure& proc, CommandButton& button, const std::string& tag) {
+  proc.step([&] { button.Tag(tag); });
+  captionFromTag(proc, button);
+}
+
+void View::captionFromTag(Procedure& proc, CommandButton& button) {
   const Ref<ITextTable> texts = proc.value(Ref<ITextTable>(), [&] { return proc.messenger().GetTextTable(); });
   const std::string caption = proc.value(std::string(), [&] {
     if (!texts) throwNothingThere("the text table");

@@ -56,6 +56,8 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   void enableByLevel(Procedure& proc, CommandButton& button);
   // A button that writes to the device follows the communication mode.
   void followMode(Procedure& proc, int mode, CommandButton& button);
+  // Gives a button another tag, and the caption that goes with it.
+  void setCaption(Procedure& proc, CommandButton& button, const std::string& tag);
   // A control at an edge of the tab order has lost the focus.
   void leaveByTab(std::string_view procedure, modView::TabPosition position);
 
@@ -68,6 +70,8 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   std::string mSelectedView;
 
  private:
+  void captionFromTag(Procedure& proc, CommandButton& button);
+
   std::string_view mObjectName;
   std::string_view mTreeName;
 };

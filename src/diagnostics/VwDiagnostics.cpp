@@ -165,9 +165,7 @@ void VwDiagnostics::loopTestAnswered(Procedure& proc, const Document& doc) {
   if (!read || value != 0.0) return;
   proc.step([&] { proc.messenger().ShowMessage("loopTest", "loopTestDone"); });
   proc.step([&] { cmdStopLoopTest.Enabled(false); });
-  proc.step([&] { cmdLoopTest.Tag("startTest"); });
-  const std::string caption = proc.value(std::string(), [&] { return textOf(proc.messenger(), "startTest"); });
-  proc.step([&] { cmdLoopTest.Caption(caption); });
+  setCaption(proc, cmdLoopTest, "startTest");
 }
 
 void VwDiagnostics::deviceStatusAnswered(Procedure& proc, const Document& doc) {
@@ -262,9 +260,7 @@ void VwDiagnostics::cmdLoopTest_Click() {
   proc.step([&] {
     if (const Ref<INotifyStatus> status = query<INotifyStatus>(parent().get())) status->NotifyStatus("testing", 0, 0);
   });
-  proc.step([&] { cmdLoopTest.Tag("loopTestChangeValue"); });
-  const std::string caption = proc.value(std::string(), [&] { return textOf(proc.messenger(), cmdLoopTest.Tag()); });
-  proc.step([&] { cmdLoopTest.Caption(caption); });
+  setCaption(proc, cmdLoopTest, "loopTestChangeValue");
   proc.step([&] { cmdStopLoopTest.Enabled(true); });
   proc.step([&] { cmdStopLoopTest.SetFocus(); });
 }

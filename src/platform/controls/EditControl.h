@@ -29,6 +29,7 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   void Modified(bool modified);
   // The value passes its limits.
   bool Correct() const { return read(mCorrect, "Correct"); }
+  void Correct(bool correct) { write(mCorrect, correct, "Correct"); }
   bool ValueIsValid() const;
   void MarkEdited(bool edited);
   bool HasParameter() const;
