@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "core/View.h"
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/CtrDateEdit.h"
@@ -9,28 +7,27 @@
 
 namespace ostrand::bench {
 
-// A view of any size in the mix of ours: of ten controls seven text edits, two combos with mappings, one
-// date; and a date label to each frame of twenty. The parameters are spread over the data set.
+// A view of any size in the mix of ours: of ten controls seven text edits, two combos, one date; and a date
+// label to each frame of twenty. Its parameters are spread over a data set of that many, from `first` on.
 class BenchView : public View {
  public:
-  BenchView(int controls, int parameters) : View("BenchView", "bench"), mControls(controls), mParameters(parameters) {}
+  BenchView(int controls, int parameters, int first = 0)
+      : View("BenchView", "bench"), mControls(controls), mParameters(parameters), mFirst(first) {}
 
  protected:
   void declare(Form& form) override;
 
  private:
+  Control& nextControl(int i);
+  int parameterOf(int i) const;
+
   int mControls;
   int mParameters;
+  int mFirst;
   ControlArray<Label> lblValue{"lblValue"};
   ControlArray<CtrTextEdit> cteValue{"cteValue"};
   ControlArray<CtrComboEdit> cceValue{"cceValue"};
   ControlArray<CtrDateEdit> cdeValue{"cdeValue"};
-};
-
-// The same mix the classic way: the tags of the controls, for one path per lookup.
-struct ClassicControl {
-  std::string name;
-  bool combo;
 };
 
 }  // namespace ostrand::bench

@@ -115,7 +115,8 @@ void Communication::arrived(const Request& request, const Document& answer) {
 void Communication::answered(const Request& request, const Document& answer) {
   if (request.onAnswer) request.onAnswer(answer);
   // What is no answer at all ends as one that never came.
-  if (!request.quiet && headOf(answer).valid) mDeliver(answer);
+  const AnswerHead head = headOf(answer);
+  if (!request.quiet && head.valid && (request.tellsFailure || head.errorCode.empty())) mDeliver(answer);
 }
 
 void Communication::finished(const Request& request, Outcome outcome) {
@@ -129,7 +130,8 @@ void Communication::finished(const Request& request, Outcome outcome) {
     const Document error = makeErrorAnswer(request.document, "communicationError", names);
     if (request.onAnswer) request.onAnswer(error);
     // The user knows what he has cancelled; a view that waits for its answer must still hear that there is none.
-    if (!request.quiet && (outcome == Outcome::NoAnswer || !request.asker.empty())) mDeliver(error);
+    const bool told = outcome == Outcome::NoAnswer || !request.asker.empty();
+    if (!request.quiet && request.tellsFailure && told) mDeliver(error);
   }
   if (request.onFinished) request.onFinished(outcome);
 }

@@ -35,6 +35,7 @@ class Communication {
 
   void setDataSet(std::optional<DataSet> dataSet) { mDataSet = std::move(dataSet); }
   DataSet* dataSet() { return mDataSet ? &*mDataSet : nullptr; }
+  const DataSet* dataSet() const { return mDataSet ? &*mDataSet : nullptr; }
   void setUnits(Ref<IUnitConverter> units) { mUnits = std::move(units); }
   // Cancels what was for the device before; no device: every request to it is refused.
   void connect(std::unique_ptr<Device> device) { mQueue.connect(std::move(device)); }

@@ -15,8 +15,10 @@ std::filesystem::path dataFolder() {
     return told;
   }
   const std::filesystem::path program = programFolder();
-  for (const std::filesystem::path& folder : {program / "data", program.parent_path() / "data", program.parent_path() / "share" / "ostrand" / "data"})
-    if (std::filesystem::is_directory(folder / "devices", ignored)) return folder;
+  // A build folder lies one or two folders deep in its source tree.
+  for (const std::filesystem::path& above : {program, program.parent_path(), program.parent_path().parent_path()})
+    for (const std::filesystem::path& folder : {above / "data", above / "share" / "ostrand" / "data"})
+      if (std::filesystem::is_directory(folder / "devices", ignored)) return folder;
   throw RuntimeError(RuntimeError::FileNotFound, "no data folder near " + program.string() + ": set OSTRAND_DATA to it");
 }
 

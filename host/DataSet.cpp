@@ -125,7 +125,7 @@ std::string DataSet::lastUpdate(std::string_view name) const {
 
 MessageItem DataSet::item(std::string_view parameter, bool withValue) const {
   const ParameterInfo about = info(parameter);
-  return {std::string(parameter), about.unit, elementOf(about.type), withValue ? current(parameter) : ""};
+  return {std::string(parameter), about.unit, about.wireType(), withValue ? current(parameter) : ""};
 }
 
 std::vector<MessageItem> DataSet::readItems(std::string_view group) const {

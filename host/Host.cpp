@@ -34,7 +34,7 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
   const bool hasTexts = isThere(mDataFolder / "texts" / (mSession.language + ".xml"));
   if (!hasTexts) mSession.language = "keys";
   mTextTable = mTextTables.table(mSession.language);
-  if (isThere(mDataFolder / "tree.xml")) mTree = Document::readFile(mDataFolder / "tree.xml");
+  mTree = readTree({});
   mCommunication.setUnits(mUnits);
 }
 
@@ -44,7 +44,15 @@ Host::~Host() {
 
 // --- data set and device
 
+Document Host::readTree(const std::string& deviceType) const {
+  const std::filesystem::path own = mDataFolder / "trees" / (deviceType + ".xml");
+  const std::filesystem::path common = mDataFolder / "tree.xml";
+  if (!deviceType.empty() && isThere(own)) return Document::readFile(own);
+  return isThere(common) ? Document::readFile(common) : Document();
+}
+
 void Host::setDataSet(DataSet dataSet) {
+  mTree = readTree(dataSet.deviceType());
   mCommunication.setDataSet(std::move(dataSet));
   mObservers.tell([](HostObserver& each) { each.dataSetChanged(); });
   for (const Ref<ViewSite>& site : std::vector(mSites)) site->handIn(DataPath::Offline, this->dataSet()->copy());

@@ -59,6 +59,7 @@ class Host {
   void setDataSet(DataSet dataSet);
   // nullptr if none is open.
   DataSet* dataSet() { return mCommunication.dataSet(); }
+  const DataSet* dataSet() const { return mCommunication.dataSet(); }
   // nullptr disconnects.
   void connect(std::unique_ptr<Device> device);
 
@@ -126,7 +127,7 @@ class Host {
   std::string submit(const std::string& view, const std::string& xml, const std::string& name, const std::string& statusKey, int first, int second);
   int addChange(Change change);
   void forward(const HostMessenger& from, const std::string& tag, const std::string& value);
-  // Empty if there is none.
+  // The navigation of the data set's device: trees/ + its type, else tree.xml. Empty if there is none.
   const Document& treeDocument() const { return mTree; }
   const Ref<AddressService>& addressService() const { return mAddressService; }
   // The data folder with its closing separator.
@@ -136,6 +137,7 @@ class Host {
 
  private:
   void raise(const ViewEvent& event);
+  Document readTree(const std::string& deviceType) const;
   std::string liveGroup() const;
   void transferParameters(const std::vector<std::string>& names, bool write, std::function<void()> finished);
   std::string uniqueName(const std::string& className) const;

@@ -38,8 +38,10 @@ void LiveReading::tick() {
   Request request;
   request.name = group;
   request.document = makeReadRequest(group, items);
-  request.onFinished = [this, mine = std::weak_ptr<int>(mReading)](Outcome) {
+  request.tellsFailure = !mFailing;
+  request.onFinished = [this, mine = std::weak_ptr<int>(mReading)](Outcome outcome) {
     if (mine.expired()) return;
+    mFailing = outcome != Outcome::Done;
     mReading.reset();
     if (!mWanted().empty()) next(mPeriod);
   };

@@ -10,7 +10,8 @@
 namespace ostrand {
 
 // Reads a group again and again while somebody looks at its values. Never in the way of others: it waits while anything
-// else is on its way to the device, and stays quiet while the communication takes no requests to the device.
+// else is on its way to the device, and stays quiet while the communication takes no requests to the device. When it fails
+// the views hear of it once, and not again until it has worked in between.
 class LiveReading {
  public:
   // `wanted` gives the group that is to be read now, or an empty text. The desktop and the communication must outlive it.
@@ -33,6 +34,7 @@ class LiveReading {
   Communication& mCommunication;
   std::function<std::string()> mWanted;
   double mPeriod = 1.0;
+  bool mFailing = false;
   std::optional<Desktop::TimerId> mTimer;
   std::shared_ptr<int> mReading;  // held while our own request is under way
 };

@@ -41,12 +41,6 @@ Node beginAnswer(const Document& request) {
 
 }  // namespace
 
-std::string elementOf(std::string_view type) {
-  if (type.starts_with("int")) return "integerVal";
-  if (type.starts_with("float")) return "floatVal";
-  return "stringVal";
-}
-
 Document readRequestText(const std::string& xml, const std::string& name) {
   Document doc = Document::read(xml);
   // A fragment of a view bears no namespace; wrapped as text, it takes on that of the document around it.

@@ -21,9 +21,6 @@ struct MessageItem {
   std::string value;
 };
 
-// "integerVal" for a type that begins with "int", "floatVal" for one that begins with "float", else "stringVal".
-std::string elementOf(std::string_view type);
-
 // A view's request, whole or as a bare communicationRequest element, as a whole document. A name that is not empty
 // becomes the request's. RuntimeError 5 for a text that is no request.
 Document readRequestText(const std::string& xml, const std::string& name);

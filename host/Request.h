@@ -29,6 +29,8 @@ struct Request {
   int second = 0;
   // A request of the host that is to change neither data set nor views.
   bool quiet = false;
+  // Off: the views are not told when it fails, for they have been told before.
+  bool tellsFailure = true;
 
   int itemCount = 0;  // items asked for or written
   int answers = 0;    // answers that came so far

@@ -20,6 +20,7 @@ constexpr Blade kBlades[] = {
                          "pulpTypeTmp pulpTypeCtmp pulpTypeSpecialGrade "},
     {"bladeTypeWS", 8.0, "pulpTypeDeinked pulpTypeBroke pulpTypeSpecialGrade "},
     {"bladeTypeRL", 10.5, "pulpTypeGroundwood pulpTypeTmp pulpTypeCtmp pulpTypeDeinked pulpTypeBroke pulpTypeSpecialGrade "},
+    {"bladeTypeLowConsistency", 21.0, ""},
     {"bladeTypeRM", 7.7, "pulpTypeGroundwood pulpTypeTmp pulpTypeCtmp pulpTypeDeinked pulpTypeBroke pulpTypeSpecialGrade "},
 };
 

@@ -23,6 +23,8 @@ constexpr double kLowestTestCurrent = 3.5;
 
 constexpr double kLargestTemperatureCorrection = 10.0;  // degC
 constexpr double kLargeDeviation = 0.05;                // of the average
+// What titanium dioxide takes from the force, in parts of the consistency.
+constexpr double kTitaniumDioxide = 0.03;
 // The memory for one sample, an hour; what comes later is not averaged any more.
 constexpr std::int64_t kLongestSample = 7200;
 
@@ -50,8 +52,25 @@ constexpr Limit kLimits[] = {
     {"electronicsTemperature", "statusElectronicsTemperatureOutOfLimits", "eventElectronicsTemperatureHigh"},
 };
 
+// What is written to executeAction.
+enum Action {
+  kStartSample1 = 3,
+  kStartSample2 = 4,
+  kStopSample1 = 5,
+  kStopSample2 = 6,
+  kFirstRecipe = 11,  // makes ready to read this recipe
+  kLastRecipe = 18,
+  kResetErrorEventLog = 150,
+  kResetWarningEventLog = 151,
+  kResetInfoEventLog = 152,
+};
+
+constexpr const char* kOfSample[] = {"ConsistencyAverage", "Deviation", "ShearForceAverage"};
+
 // Whatever stands in the memory, it is a number of a recipe, if only of one that does not exist.
 int recipeOf(double number) { return static_cast<int>(std::clamp(number, 0.0, 99.0)); }
+int actionOf(double number) { return static_cast<int>(std::clamp(number, 0.0, 999.0)); }
+std::int64_t ticksOf(double seconds) { return static_cast<std::int64_t>(std::clamp(seconds, 0.0, 1e6) / BladeProcess::kSecondsPerTick); }
 std::string recipeName(int recipe, const char* what) { return "recipe" + std::to_string(recipe) + what; }
 std::string sampleName(int sample, const char* what) { return "sample" + std::to_string(sample) + what; }
 
@@ -61,7 +80,7 @@ std::string pointName(const char* what, int point) {
 
 // Writes that are no configuration: they act, or have an event of their own.
 bool isAction(std::string_view name) {
-  return name == "activeRecipe" || name == "sampleStart" || name == "loopTestValue" || name.starts_with("mACalibration") ||
+  return name == "activeRecipe" || name == "sampleStart" || name == "executeAction" || name == "loopTestValue" || name.starts_with("mACalibration") ||
          name.starts_with("laboratory") || name == "calibrationType" || name == "sampleFiller" || name.starts_with("temperatureCalibration");
 }
 
@@ -71,10 +90,23 @@ BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataS
     : mDesktop(desktop),
       mTable(dataSet),
       mLog(mTable),
-      mProcess(settings.line, Blade::of(mTable.key("bladeType")), desktop.now(), seed),
-      mReadEndsSample(settings.readEndsSample) {
+      mBuiltInBlade(settings.blade),
+      mProcess(settings.line, blade(), desktop.now(), seed),
+      mBus(settings.bus) {
+  // The samples are not kept without power.
   for (const int sample : {1, 2})
-    for (const char* what : {"ConsistencyAverage", "Deviation", "ShearForceAverage"}) mTable.set(sampleName(sample, what), kNothing);
+    for (const char* what : kOfSample) mTable.set(sampleName(sample, what), 0);
+  if (mBus == Bus::Profibus) {
+    mActionStatus.emplace(mTable);
+    for (const int sample : {1, 2}) {
+      Parameter quality;
+      quality.name = sampleName(sample, "Quality");
+      quality.type = Parameter::Type::Integer;
+      quality.unit = "noUnit";
+      quality.value.number = 1;  // no sample is no good sample
+      mTable.add(std::move(quality));
+    }
+  }
   mLog.count(EventLog::Kind::Info, "eventPowerUp");
 }
 
@@ -101,8 +133,9 @@ double BladeTransmitter::specialGradeOffset(double consistency) const {
 
 double BladeTransmitter::linearInput(int recipe, double shearForce) const {
   const std::string_view pulp = mTable.key(recipeName(recipe, "PulpType"));
-  double consistency = Blade::of(mTable.key("bladeType")).consistency(shearForce, pulpFactor(pulp));
+  double consistency = blade().consistency(shearForce, pulpFactor(pulp));
   if (pulp == "pulpTypeSpecialGrade") consistency += specialGradeOffset(consistency);
+  if (mTable.key("titaniumDioxideCompensation") == "on") consistency /= 1 - kTitaniumDioxide;
   // Filler leaves no force on the blade, but counts in the consistency.
   return consistency / (1 - std::clamp(mTable.number(recipeName(recipe, "Filler"), 0), 0.0, 90.0) / 100);
 }
@@ -110,6 +143,14 @@ double BladeTransmitter::linearInput(int recipe, double shearForce) const {
 double BladeTransmitter::reading(int recipe, double shearForce) const {
   const double slope = mTable.number(recipeName(recipe, "LinearizationSlopeP1"), 1);
   return slope * linearInput(recipe, shearForce) + mTable.number(recipeName(recipe, "LinearizationOffsetP2"), 0);
+}
+
+std::int64_t BladeTransmitter::undisturbed(std::int64_t tick) const {
+  if (mTable.key("flushingMode") != "flushingModeTimed" || tick < mFlushingFrom) return tick;
+  const std::int64_t between = ticksOf(60 * mTable.number("flushingInterval", 0));
+  const std::int64_t cycle = between + ticksOf(mTable.number("flushingTime", 0));
+  const std::int64_t within = cycle > 0 ? (tick - mFlushingFrom) % cycle : 0;
+  return within < between ? tick : tick - (within - between) - 1;
 }
 
 double BladeTransmitter::dampedForce(std::int64_t tick) const {
@@ -140,10 +181,11 @@ void BladeTransmitter::look() {
   mTable.set("outputPercent", now.percent);
   mTable.set("outputCurrent", now.current);
   showStatus(now);
+  showFunctionBlock();
 }
 
 void BladeTransmitter::showMeasurement() {
-  const std::int64_t tick = now();
+  const std::int64_t tick = undisturbed(now());
   const bool blind = failed("sensor");
   const double force = mProcess.shearForce(tick);
   double consistency = blind ? kNothing : reading(activeRecipe(), dampedForce(tick));
@@ -154,6 +196,7 @@ void BladeTransmitter::showMeasurement() {
     if (type == "failSafeTypeDefaultValue") consistency = mTable.number("failSafeDefaultValue", 0);
     if (type == "failSafeTypeLastValidValue") consistency = mLastConsistency;
   }
+  if (mTable.key("simulation") == "on") consistency = mTable.number("simulationValue", 0);
   mTable.set("consistency", consistency);
   mTable.set("processTemperature", failed("temperatureSensor") ? kNothing : mProcess.processTemperature(tick) + mProcessCorrection);
   mTable.set("electronicsTemperature", mProcess.electronicsTemperature(tick) + mElectronicsCorrection);
@@ -165,7 +208,8 @@ BladeTransmitter::Output BladeTransmitter::output(double consistency) const {
   const double asked = upper == lower ? 0 : 100 * (consistency - lower) / (upper - lower);
   const double percent = std::isnan(asked) ? kNothing : std::clamp(asked, kLowestPercent, kHighestPercent);
   Output out{percent, currentOf(percent), false, percent != asked && !std::isnan(asked)};
-  const bool alarm = isFailSafe() && (std::isnan(percent) || mTable.key("failSafeType") == "failSafeTypeAlarmCurrent");
+  const bool hasNoChoice = !mTable.find("failSafeType");
+  const bool alarm = isFailSafe() && (std::isnan(percent) || hasNoChoice || mTable.key("failSafeType") == "failSafeTypeAlarmCurrent");
   if (alarm || std::isnan(percent)) {
     const std::string_view type = mTable.key("failSafeAlarmCurrent");
     out.current = type == "alarmCurrentLow" ? currentOf(kLowestPercent) : type == "alarmCurrentHold" ? mLastCurrent : currentOf(kHighestPercent);
@@ -178,6 +222,23 @@ BladeTransmitter::Output BladeTransmitter::output(double consistency) const {
     out.isSaturated = false;
   }
   return out;
+}
+
+// What goes out on the bus in turn with other values, and what it is worth.
+void BladeTransmitter::showFunctionBlock() {
+  if (!mTable.find("outputValue")) return;
+  const bool isOut = failed("electronics") || failed("memory");
+  mTable.setKey("actualMode", isOut ? "modeOutOfService" : mTable.key("targetMode"));
+  const std::string_view mode = mTable.key("actualMode");
+  const double consistency = mTable.number("consistency");
+  const bool byHand = mode == "modeManual";
+  const double value = mode == "modeOutOfService" ? kNothing : mLoopTest != 0 ? mLoopTest : byHand ? mHeldOutput : consistency;
+  mTable.set("outputValue", value);
+  std::string_view quality = "qualityGood";
+  if (isFailSafe() || isOutOfLimits("consistency") || undisturbed(now()) != now()) quality = "qualityUncertain";
+  if (mTable.key("simulation") == "on") quality = mTable.key("simulationQuality");
+  if (std::isnan(value)) quality = "qualityBad";
+  mTable.setKey("outputQuality", quality);
 }
 
 // --- Status ---
@@ -211,11 +272,13 @@ void BladeTransmitter::showStatus(const Output& out) {
   raise("statusSamplingActive", mRunningSample != 0);
   raise("statusFailSafeActive", isFailSafe());
   raise("statusWriteProtectionActive", mIsWriteProtected);
+  raise("statusSimulationActive", mTable.key("simulation") == "on");
+  raise("statusFlushingActive", undisturbed(now()) != now());
 
   const double consistency = mTable.number("consistency");
   mLog.follow(EventLog::Kind::Warning, "eventConsistencyAboveRange", consistency > mTable.number("upperRangeValue"));
   mLog.follow(EventLog::Kind::Warning, "eventConsistencyBelowRange", consistency < mTable.number("lowerRangeValue"));
-  mLog.follow(EventLog::Kind::Warning, "eventOutputSaturated", out.isSaturated);
+  mLog.follow(EventLog::Kind::Warning, "eventOutputSaturated", out.isSaturated && mTable.find("outputCurrent"));
 
   mTable.set("statusHARTPVOutOfLimits", consistency < mTable.number("lowerSensorLimit") || consistency > mTable.number("upperSensorLimit"));
   mTable.set("statusHARTNonPVOutOfLimits", isOtherOut);
@@ -227,9 +290,23 @@ void BladeTransmitter::showStatus(const Output& out) {
   mTable.set("statusHARTDeviceFailure", !mFailures.empty());
 }
 
+void BladeTransmitter::beginRead(const std::vector<const Parameter*>& asked) {
+  if (mBus != Bus::Hart || mRunningSample == 0) return;
+  // Who wants the sample asks for its average and deviation, and for nothing that is not the sample's. Who reads them among
+  // other values only looks.
+  bool hasAverage = false;
+  bool hasDeviation = false;
+  for (const Parameter* parameter : asked) {
+    if (!parameter->name.starts_with(sampleName(mRunningSample, ""))) return;
+    hasAverage = hasAverage || parameter->name.ends_with("ConsistencyAverage");
+    hasDeviation = hasDeviation || parameter->name.ends_with("Deviation");
+  }
+  if (hasAverage && hasDeviation) stopSample(mRunningSample);
+}
+
 std::string BladeTransmitter::read(const Parameter& parameter) {
-  const bool ofSample = mRunningSample != 0 && parameter.name.starts_with("sample" + std::to_string(mRunningSample));
-  if (ofSample && mReadEndsSample) stopSample(mRunningSample);
+  // Of a sample that is running, the average so far.
+  if (mRunningSample != 0 && parameter.name.starts_with(sampleName(mRunningSample, ""))) showSample(average());
   // These two last until they have been seen.
   if (parameter.name == "statusHARTColdStart") mIsColdStart = false;
   if (parameter.name == "statusHARTConfigurationChanged") mIsConfigurationChanged = false;
@@ -271,35 +348,49 @@ void BladeTransmitter::startSample(int number) {
   mRunningSample = number;
   mSampleStart = now();
   mSamples[static_cast<std::size_t>(number - 1)].reset();
-  for (const char* what : {"ConsistencyAverage", "Deviation", "ShearForceAverage"}) mTable.set(sampleName(number, what), kNothing);
+  for (const char* what : kOfSample) mTable.set(sampleName(number, what), kNothing);
+  mTable.set(sampleName(number, "Quality"), 1);
+}
+
+BladeTransmitter::Average BladeTransmitter::average() const {
+  Average result{};
+  const std::int64_t end = std::min(now(), mSampleStart + kLongestSample - 1);
+  double squares = 0;
+  double count = 0;
+  for (std::int64_t tick = mSampleStart; tick <= end && !failed("sensor"); ++tick) {
+    if (undisturbed(tick) != tick) continue;
+    const double force = mProcess.shearForce(tick);
+    const double measured = reading(activeRecipe(), force);
+    count += 1;
+    result.shearForce += force;
+    result.laboratory += mProcess.consistency(tick);
+    const double difference = measured - result.consistency;
+    result.consistency += difference / count;
+    squares += difference * (measured - result.consistency);
+  }
+  result.isEmpty = count == 0;
+  result.shearForce /= count;
+  result.laboratory /= count;
+  result.deviation = std::sqrt(squares / count);
+  return result;
+}
+
+void BladeTransmitter::showSample(const Average& average) {
+  mTable.set(sampleName(mRunningSample, "ConsistencyAverage"), average.isEmpty ? kNothing : average.consistency);
+  mTable.set(sampleName(mRunningSample, "Deviation"), average.isEmpty ? kNothing : average.deviation);
+  mTable.set(sampleName(mRunningSample, "ShearForceAverage"), average.isEmpty ? kNothing : average.shearForce);
 }
 
 void BladeTransmitter::stopSample(int number) {
   if (mRunningSample != number) return;
+  const Average taken = average();
+  showSample(taken);
   mRunningSample = 0;
-  if (failed("sensor")) return;
-  const std::int64_t end = std::min(now(), mSampleStart + kLongestSample - 1);
-  double force = 0;
-  double laboratory = 0;
-  double average = 0;
-  double squares = 0;
-  double count = 0;
-  for (std::int64_t tick = mSampleStart; tick <= end; ++tick) {
-    const double measuredForce = mProcess.shearForce(tick);
-    const double measured = reading(activeRecipe(), measuredForce);
-    count += 1;
-    force += measuredForce;
-    laboratory += mProcess.consistency(tick);
-    const double difference = measured - average;
-    average += difference / count;
-    squares += difference * (measured - average);
-  }
-  const double deviation = std::sqrt(squares / count);
-  mSamples[static_cast<std::size_t>(number - 1)] = Sample{force / count, laboratory / count};
-  mTable.set(sampleName(number, "ConsistencyAverage"), average);
-  mTable.set(sampleName(number, "Deviation"), deviation);
-  mTable.set(sampleName(number, "ShearForceAverage"), force / count);
-  if (deviation > kLargeDeviation * average) mLog.count(EventLog::Kind::Warning, "eventSampleDeviationLarge");
+  if (taken.isEmpty) return;
+  mSamples[static_cast<std::size_t>(number - 1)] = Sample{taken.shearForce, taken.laboratory};
+  const bool isUneven = taken.deviation > kLargeDeviation * taken.consistency;
+  mTable.set(sampleName(number, "Quality"), isUneven);
+  if (isUneven) mLog.count(EventLog::Kind::Warning, "eventSampleDeviationLarge");
 }
 
 std::optional<double> BladeTransmitter::laboratoryValue(int sample) const {
@@ -310,8 +401,7 @@ std::optional<double> BladeTransmitter::laboratoryValue(int sample) const {
 Judgement BladeTransmitter::calibrate() {
   const int recipe = recipeOf(mTable.number("laboratoryRecipe", 1));
   const std::string_view type = mTable.key("calibrationType");
-  const Blade& blade = Blade::of(mTable.key("bladeType"));
-  if (!blade.allows(mTable.key(recipeName(recipe, "PulpType")))) return {Verdict::PulpTypeNotAllowed, {"laboratoryRecipe"}};
+  if (!blade().allows(mTable.key(recipeName(recipe, "PulpType")))) return {Verdict::PulpTypeNotAllowed, {"laboratoryRecipe"}};
 
   mTable.set(recipeName(recipe, "Filler"), mTable.number("sampleFiller", 0));
   std::vector<CalibrationPoint> points;
@@ -335,7 +425,7 @@ Judgement BladeTransmitter::calibrate() {
 
 Verdict BladeTransmitter::verdictOnRecipe(int recipe) const {
   const std::string_view pulp = mTable.key(recipeName(recipe, "PulpType"));
-  if (!Blade::of(mTable.key("bladeType")).allows(pulp)) return Verdict::PulpTypeNotAllowed;
+  if (!blade().allows(pulp)) return Verdict::PulpTypeNotAllowed;
   const double slope = mTable.number(recipeName(recipe, "LinearizationSlopeP1"));
   if (std::isnan(slope)) return Verdict::RecipeNotCalibrated;
   // A special grade is known by its points or by a calibration; as it leaves the factory it has neither.
@@ -352,6 +442,21 @@ Verdict BladeTransmitter::verdictOnSpecialGrade() const {
   return Verdict::Accepted;
 }
 
+Verdict BladeTransmitter::verdictOnAction(int action) const {
+  switch (action) {
+    // The other sample is not ended without being asked for; this one begins anew.
+    case kStartSample1: return mRunningSample == 2 ? Verdict::SampleRunning : Verdict::Accepted;
+    case kStartSample2: return mRunningSample == 1 ? Verdict::SampleRunning : Verdict::Accepted;
+    case kStopSample1: return mRunningSample == 1 ? Verdict::Accepted : Verdict::SampleNotRunning;
+    case kStopSample2: return mRunningSample == 2 ? Verdict::Accepted : Verdict::SampleNotRunning;
+    case kResetErrorEventLog:
+    case kResetWarningEventLog:
+    case kResetInfoEventLog: return Verdict::Accepted;
+    default: break;
+  }
+  return action >= kFirstRecipe && action <= kLastRecipe ? Verdict::Accepted : Verdict::CommandNotImplemented;
+}
+
 Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Writing>& writings) {
   bool isSpecialGrade = false;
   std::vector<std::string> range;
@@ -362,12 +467,15 @@ Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Wr
       const Verdict verdict = verdictOnRecipe(recipeOf(number));
       if (verdict != Verdict::Accepted) return {verdict, {name}};
     } else if (name.starts_with("recipe") && name.ends_with("PulpType")) {
-      if (!Blade::of(mTable.key("bladeType")).allows(mTable.key(name))) return {Verdict::PulpTypeNotAllowed, {name}};
+      if (!blade().allows(mTable.key(name))) return {Verdict::PulpTypeNotAllowed, {name}};
     } else if (name == "sampleStart") {
       if (number != 0 && number != 1) return {Verdict::InvalidSelection, {name}};
+    } else if (name == "executeAction") {
+      const Verdict verdict = verdictOnAction(actionOf(number));
+      if (verdict != Verdict::Accepted) return {verdict, {name}};
     } else if (name == "temperatureCalibrationCorrection") {
       if (std::abs(number) > kLargestTemperatureCorrection) return {Verdict::TemperatureCorrectionTooLarge, {name}};
-    } else if (name == "loopTestValue" || name == "mACalibrationFixedCurrent") {
+    } else if (writing.parameter->unit == "mA" && (name == "loopTestValue" || name == "mACalibrationFixedCurrent")) {
       if (number != 0 && number < kLowestTestCurrent) return {Verdict::TooSmall, {name}};
     } else if (name == "lowerRangeValue" || name == "upperRangeValue") {
       range.push_back(name);
@@ -394,23 +502,37 @@ Judgement BladeTransmitter::write(std::string_view command, const std::vector<Wr
   }
   // The verdicts look at the memory as it would be: so it is written first, and put back after a refusal.
   const ParameterTable::Values before = mTable.values();
-  for (const Writing& writing : writings) mTable.find(writing.parameter->name)->value = writing.value;
+  bool isNothingNew = command != "laboratoryResults";
+  bool isConfiguration = false;
+  for (const Writing& writing : writings) {
+    const std::string& name = writing.parameter->name;
+    Value& present = mTable.find(name)->value;
+    const bool isText = writing.parameter->type == Parameter::Type::Text;
+    const bool isSame = isText ? present.text == writing.value.text : present.number == writing.value.number;
+    isNothingNew = isNothingNew && isSame && name != "executeAction";
+    isConfiguration = isConfiguration || !isAction(name);
+    present = writing.value;
+  }
   Judgement judgement = judge(command, writings);
   if (judgement.isRefusal()) {
     mTable.restore(before);
+    // Whoever stops a sample that is not running takes what he reads then for that sample.
+    if (judgement.verdict == Verdict::SampleNotRunning)
+      for (const Writing& writing : writings) mTable.set(sampleName(actionOf(writing.value.number) == kStopSample1 ? 1 : 2, "Quality"), 1);
     if (command == "laboratoryResults") mLog.count(EventLog::Kind::Warning, "eventCalibrationSuspicious");
     return judgement;
   }
-  bool isConfiguration = false;
-  for (const Writing& writing : writings) {
-    takeEffect(writing);
-    isConfiguration = isConfiguration || !isAction(writing.parameter->name);
-  }
+  for (const Writing& writing : writings) takeEffect(writing);
+  judgement.isNothingNew = isNothingNew;
   if (isConfiguration) {
     mIsConfigurationChanged = true;
     mLog.count(EventLog::Kind::Info, "eventConfigurationChanged");
   }
   return judgement;
+}
+
+void BladeTransmitter::judged(std::string_view command, const Judgement& judgement) {
+  if (mActionStatus) mActionStatus->record(command, judgement);
 }
 
 void BladeTransmitter::takeEffect(const Writing& writing) {
@@ -421,6 +543,12 @@ void BladeTransmitter::takeEffect(const Writing& writing) {
     record("eventActiveRecipeChanged");
   } else if (name == "sampleStart") {
     startSample(static_cast<int>(number) + 1);
+  } else if (name == "executeAction") {
+    execute(actionOf(number));
+  } else if (name.starts_with("flushing")) {
+    mFlushingFrom = now();
+  } else if (name == "targetMode") {
+    mHeldOutput = mTable.number("outputValue");
   } else if (name == "loopTestValue") {
     if (mLoopTest == 0 && number != 0) record("eventLoopTestRun");
     mLoopTest = number;
@@ -432,6 +560,23 @@ void BladeTransmitter::takeEffect(const Writing& writing) {
     const bool isProcess = mTable.key("temperatureCalibrationMeasurement") != "electronicsTemperature";
     (isProcess ? mProcessCorrection : mElectronicsCorrection) = number;
     record("eventTemperatureCalibrated");
+  }
+}
+
+void BladeTransmitter::execute(int action) {
+  const auto reset = [&](EventLog::Kind kind) {
+    mLog.clear(kind);
+    mLog.count(EventLog::Kind::Info, "eventLogReset");
+  };
+  switch (action) {
+    case kStartSample1: return startSample(1);
+    case kStartSample2: return startSample(2);
+    case kStopSample1: return stopSample(1);
+    case kStopSample2: return stopSample(2);
+    case kResetErrorEventLog: return reset(EventLog::Kind::Error);
+    case kResetWarningEventLog: return reset(EventLog::Kind::Warning);
+    case kResetInfoEventLog: return reset(EventLog::Kind::Info);
+    default: return;  // a recipe is always ready to be read
   }
 }
 

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "platform/desktop/Desktop.h"
+#include "simulator/ActionStatus.h"
 #include "simulator/BladeProcess.h"
 #include "simulator/EventLog.h"
 #include "simulator/Transmitter.h"
@@ -16,28 +17,38 @@ namespace ostrand {
 // slope and offset. What a device has of all this is what its data set has parameters for.
 class BladeTransmitter : public Transmitter {
  public:
+  // On HART a write is refused at once, and a read of a sample's own values ends it. On PROFIBUS samples are started and
+  // stopped by actions, and every write leaves an action status.
+  enum class Bus { Hart, Profibus };
+
   struct Settings {
-    PulpLine line;
-    bool readEndsSample;  // or else only stopSample does
+    Bus bus;
+    PulpLine line = {};
+    std::string_view blade = {};  // key of the blade that is built in, if the data set has no `bladeType`
   };
 
   BladeTransmitter(const Desktop& desktop, const Document& dataSet, const Settings& settings, unsigned seed);
 
   const ParameterTable& parameters() const override { return mTable; }
   void look() override;
+  void beginRead(const std::vector<const Parameter*>& asked) override;
   std::string read(const Parameter& parameter) override;
   Judgement write(std::string_view command, const std::vector<Writing>& writings) override;
+  void judged(std::string_view command, const Judgement& judgement) override;
   bool setFault(std::string_view name, std::string_view argument) override;
   std::optional<double> laboratoryValue(int sample) const override;
-
-  // Samples 1 and 2. A start ends the sample that is running; stopping one that is not running does nothing.
-  void startSample(int number);
-  void stopSample(int number);
 
  private:
   struct Sample {
     double shearForce;  // N, average
     double laboratory;  // %Cs
+  };
+  struct Average {
+    double shearForce;   // N
+    double laboratory;   // %Cs
+    double consistency;  // %Cs, by the active recipe
+    double deviation;    // %Cs
+    bool isEmpty;
   };
   struct Output {
     double percent;
@@ -46,6 +57,9 @@ class BladeTransmitter : public Transmitter {
   };
 
   std::int64_t now() const { return mProcess.tickAt(mDesktop.now()); }
+  const Blade& blade() const { return Blade::of(mTable.find("bladeType") ? mTable.key("bladeType") : mBuiltInBlade); }
+  // The tick itself, or while the blade is being flushed the last one before.
+  std::int64_t undisturbed(std::int64_t tick) const;
   // %Cs of a force. `linearInput` is what slope and offset of the recipe are applied to.
   double linearInput(int recipe, double shearForce) const;
   double reading(int recipe, double shearForce) const;
@@ -53,16 +67,25 @@ class BladeTransmitter : public Transmitter {
   double dampedForce(std::int64_t tick) const;
   int activeRecipe() const;
 
+  // Samples 1 and 2. A start ends the sample that is running; stopping one that is not running does nothing.
+  void startSample(int number);
+  void stopSample(int number);
+  Average average() const;
+  void showSample(const Average& average);
+
   Judgement judge(std::string_view command, const std::vector<Writing>& writings);
   Verdict verdictOnRecipe(int recipe) const;
   Verdict verdictOnSpecialGrade() const;
+  Verdict verdictOnAction(int action) const;
   Judgement calibrate();
   void takeEffect(const Writing& writing);
+  void execute(int action);
 
   bool failed(std::string_view what) const { return mFailures.contains(what); }
   bool isFailSafe() const;
   void showMeasurement();
   Output output(double consistency) const;
+  void showFunctionBlock();
   void showStatus(const Output& output);
   void raise(std::string_view name, bool condition);
   bool isOutOfLimits(std::string_view name) const;
@@ -70,19 +93,24 @@ class BladeTransmitter : public Transmitter {
   const Desktop& mDesktop;
   ParameterTable mTable;
   EventLog mLog;
+  std::string_view mBuiltInBlade;
   BladeProcess mProcess;
-  bool mReadEndsSample;
+  Bus mBus;
+  std::optional<ActionStatus> mActionStatus;
 
   int mRunningSample = 0;
   std::int64_t mSampleStart = 0;
   std::array<std::optional<Sample>, 2> mSamples;
 
-  double mLoopTest = 0;      // mA, 0 without a test
+  std::int64_t mFlushingFrom = 0;  // from where the cycles of the flushing count
+
+  double mLoopTest = 0;      // mA, or %Cs without a current output; 0 without a test
   double mFixedCurrent = 0;  // mA, 0 if the output follows
   double mProcessCorrection = 0;      // degC
   double mElectronicsCorrection = 0;  // degC
   double mLastConsistency = 0;        // before the first failure
   double mLastCurrent = 0;
+  double mHeldOutput = 0;  // %Cs, by hand
   std::set<std::string, std::less<>> mFailures;
   bool mIsWriteProtected = false;
   bool mIsColdStart = true;

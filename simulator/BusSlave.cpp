@@ -4,6 +4,7 @@
 #include <cmath>
 #include <unordered_set>
 
+#include "platform/base/Locale.h"
 #include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/Vocabulary.h"
@@ -54,20 +55,26 @@ BusSlave::Request BusSlave::understood(const Document& document) const {
   request.name = attribute(node, "name");
   request.access = attribute(node, "access");
   const ParameterTable& table = mTransmitter->parameters();
+  const bool isRead = request.access == "read";
+  std::vector<std::string> names;
+  std::vector<std::string> texts;
   std::unordered_set<std::string> seen;
   for (Node item = node.firstChild(); item; item = item.nextSibling()) {
     std::string name = attribute(item, "name");
     if (item.name() != "comm:item" || !seen.insert(name).second) continue;
-    const Parameter* const parameter = table.find(name);
-    if (!parameter || (request.access == "read" && !parameter->readable)) {
-      request.unknown.push_back(std::move(name));
-      continue;
-    }
     const Node value = item.firstChild();
-    request.items.push_back({parameter, value ? value.text() : item.text()});
+    names.push_back(std::move(name));
+    texts.push_back(value ? value.text() : item.text());
   }
-  if (request.access == "read" && seen.empty())
-    for (const std::string& member : table.group(request.name)) request.items.push_back({table.find(member), ""});
+  if (isRead) names = names.empty() ? table.group(request.name) : answeredWith(std::move(names));
+  texts.resize(names.size());
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const Parameter* const parameter = table.find(names[i]);
+    if (!parameter || (isRead && !parameter->readable))
+      request.unknown.push_back(std::move(names[i]));
+    else
+      request.items.push_back({parameter, std::move(texts[i])});
+  }
   return request;
 }
 
@@ -125,6 +132,11 @@ BusSlave::Reply BusSlave::readStep(Request& request) {
     reply.isFinal = true;
     return reply;
   }
+  if (request.done == 0) {
+    std::vector<const Parameter*> asked;
+    for (const Item& item : request.items) asked.push_back(item.parameter);
+    mTransmitter->beginRead(asked);
+  }
   const std::size_t end = std::min(request.done + mTiming.itemsPerTransaction, request.items.size());
   for (; request.done < end; ++request.done) {
     const Parameter& parameter = *request.items[request.done].parameter;
@@ -138,26 +150,29 @@ BusSlave::Reply BusSlave::readStep(Request& request) {
 
 BusSlave::Reply BusSlave::writeStep(Request& request) {
   Reply reply;
-  const auto refuse = [&](std::string_view key, std::vector<std::string> names) {
+  const auto refuse = [&](const Judgement& judgement, std::string_view key = {}) {
+    mTransmitter->judged(request.name, judgement);
     reply.values.clear();
-    reply.errorCode = key;
-    reply.names = std::move(names);
     reply.isFinal = true;
+    if (key.empty() && acknowledgesRefusal(request.name)) return reply;
+    reply.errorCode = key.empty() ? errorKey(judgement.verdict) : key;
+    reply.names = judgement.items;
     return reply;
   };
-  if (!request.unknown.empty()) return refuse("missingItems", request.unknown);
+  if (!request.unknown.empty()) return refuse({Verdict::CommandNotImplemented, request.unknown}, "missingItems");
   const std::size_t end = std::min(request.done + mTiming.itemsPerTransaction, request.items.size());
   for (; request.done < end; ++request.done) {
     const Item& item = request.items[request.done];
     Writing writing{item.parameter, {}};
     const Verdict verdict = check(*item.parameter, item.text, writing.value);
-    if (verdict != Verdict::Accepted) return refuse(errorKey(verdict), {item.parameter->name});
+    if (verdict != Verdict::Accepted) return refuse({verdict, {item.parameter->name}});
     reply.values.emplace_back(item.parameter, item.parameter->text(writing.value));
     request.writings.push_back(std::move(writing));
   }
   if (request.done < request.items.size()) return reply;
   const Judgement judgement = mTransmitter->write(request.name, request.writings);
-  if (judgement.isRefusal()) return refuse(errorKey(judgement.verdict), judgement.items);
+  if (judgement.isRefusal()) return refuse(judgement);
+  mTransmitter->judged(request.name, judgement);
   reply.isFinal = true;
   return reply;
 }
@@ -166,6 +181,10 @@ Verdict BusSlave::check(const Parameter& parameter, std::string_view text, Value
   if (!parameter.writable) return Verdict::AccessRestricted;
   if (parameter.type == Parameter::Type::Text) {
     value.text = text;
+    if (parameter.name != "deviceDate") return Verdict::Accepted;
+    LocalTime date;
+    if (text.find('-') == text.npos || !readDate(text, Locale::english(), date)) return Verdict::InvalidSelection;
+    value.text = standardDate(date);
     return Verdict::Accepted;
   }
   const std::optional<double> number = parseNumber(text, '.');

@@ -10,7 +10,7 @@
 namespace ostrand {
 
 // A transmitter on its bus: queues the requests, lets each transaction take its time, and words the answers. What differs
-// from bus to bus is how fast it is, and its error keys.
+// from bus to bus is how fast it is, what it can be asked for, and how it refuses.
 class BusSlave : public Device {
  public:
   BusSlave(const BusSlave&) = delete;
@@ -36,6 +36,11 @@ class BusSlave : public Device {
   virtual std::string_view errorKey(Verdict verdict) const = 0;
   // Whether the text can be a value of the parameter; then `value` is it.
   virtual Verdict check(const Parameter& parameter, std::string_view text, Value& value) const;
+  // What a read of these items is answered with.
+  virtual std::vector<std::string> answeredWith(std::vector<std::string> names) const { return names; }
+  // Whether the bus acknowledges a write of this name that the device refuses: then the device tells its verdict when it is
+  // asked for it, and the acknowledgement has no items.
+  virtual bool acknowledgesRefusal(std::string_view) const { return false; }
 
  private:
   struct Item {

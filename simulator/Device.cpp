@@ -3,12 +3,15 @@
 #include "platform/base/RuntimeError.h"
 #include "simulator/BladeTransmitter.h"
 #include "simulator/HartSlave.h"
+#include "simulator/ProfibusSlave.h"
 
 namespace ostrand {
 
 const std::vector<DeviceKind>& deviceKinds() {
   static const std::vector<DeviceKind> kinds = {
       {"hartBlade", "devices/hartBlade.xml", "a blade transmitter on HART, in a line with about 3.4 % of bleached softwood"},
+      {"profibusBlade", "devices/profibusBlade.xml", "a blade transmitter on PROFIBUS, in a line with about 4 % of softwood"},
+      {"hartFjell", "devices/hartFjell.xml", "a low-consistency blade transmitter on HART, with flushing, in a line with about 1.4 %"},
   };
   return kinds;
 }
@@ -33,9 +36,18 @@ const std::vector<FaultKind>& Device::faults() {
 }
 
 std::unique_ptr<Device> makeDevice(std::string_view name, Desktop& desktop, const Document& dataSet, unsigned seed) {
-  if (name == "hartBlade") {
-    constexpr BladeTransmitter::Settings kSettings{.line = {}, .readEndsSample = true};
-    return std::make_unique<HartSlave>(desktop, std::make_unique<BladeTransmitter>(desktop, dataSet, kSettings, seed));
+  using Bus = BladeTransmitter::Bus;
+  const auto transmitter = [&](const BladeTransmitter::Settings& settings) {
+    return std::make_unique<BladeTransmitter>(desktop, dataSet, settings, seed);
+  };
+  if (name == "hartBlade") return std::make_unique<HartSlave>(desktop, transmitter({.bus = Bus::Hart}));
+  if (name == "profibusBlade") {
+    constexpr PulpLine kLine{.consistency = 4.0, .swing = 0.3, .flocs = 0.04, .temperature = 58.0};
+    return std::make_unique<ProfibusSlave>(desktop, transmitter({.bus = Bus::Profibus, .line = kLine}));
+  }
+  if (name == "hartFjell") {
+    constexpr PulpLine kLine{.consistency = 1.4, .swing = 0.15, .flocs = 0.012, .temperature = 46.0};
+    return std::make_unique<HartSlave>(desktop, transmitter({.bus = Bus::Hart, .line = kLine, .blade = "bladeTypeLowConsistency"}));
   }
   throw RuntimeError(RuntimeError::BadArgument, "no such device: \"" + std::string(name) + "\"");
 }

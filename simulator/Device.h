@@ -26,7 +26,9 @@
 //   "NaN". A read without items asks for the group of its name.
 // - A write is answered with what was written. It is taken over as a whole when its last transaction has come; a refusal
 //   leaves the device as it was. A refusal is a final answer with `errorCode`, a key of the text table, and the items
-//   that it is about, without values.
+//   that it is about, without values. On PROFIBUS a write that makes the device act is refused without an error: its final
+//   answer has no items, and a read of `actionStatus` tells why.
+// - On HART a sample that is running ends when its own average and deviation are read, and nothing else with them.
 // - An item that the device does not have is named in a final answer "missingItems": in a read after the values of the
 //   others, in a write instead of it. An item that comes twice counts once, with its first text.
 // - What is no request at all is answered by "communicationError" under the name that it bears, if any.

@@ -30,6 +30,13 @@ void EventLog::count(Kind kind, std::string_view event) {
   mTable.set(counter, std::min(before + 1, kHighestCount));
 }
 
+void EventLog::clear(Kind kind) {
+  for (int row = 1; row <= kRows; ++row) {
+    mTable.set(rowName(kind, "Event", row), "");
+    mTable.set(rowName(kind, "Count", row), 0);
+  }
+}
+
 void EventLog::follow(Kind kind, std::string_view event, bool condition) {
   if (!condition) {
     if (const auto present = mPresent.find(event); present != mPresent.end()) mPresent.erase(present);

@@ -17,6 +17,8 @@ class EventLog {
 
   // One more of this event; the first takes the first free row, or in a full list the last one.
   void count(Kind kind, std::string_view event);
+  // An empty list. What is present now is not counted again before it comes back.
+  void clear(Kind kind);
   // Counts the event when the condition begins.
   void follow(Kind kind, std::string_view event, bool condition);
 

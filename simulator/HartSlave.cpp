@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/base/Locale.h"
-
 namespace ostrand {
 
 namespace {
@@ -35,6 +33,9 @@ std::string_view HartSlave::errorKey(Verdict verdict) const {
     case Verdict::PointsTooClose:
     case Verdict::CalibrationSuspicious:
     case Verdict::TemperatureCorrectionTooLarge: return "hartCmdErrSuspiciousCalibration";
+    // Of actions, which this bus does not know.
+    case Verdict::SampleRunning:
+    case Verdict::SampleNotRunning:
     case Verdict::InvalidSelection:
     case Verdict::SpecialGradePointInvalid: return "hartCmdErrInvalidSelection";
   }
@@ -44,12 +45,6 @@ std::string_view HartSlave::errorKey(Verdict verdict) const {
 Verdict HartSlave::check(const Parameter& parameter, std::string_view text, Value& value) const {
   const Verdict verdict = BusSlave::check(parameter, text, value);
   if (verdict != Verdict::Accepted || parameter.type != Parameter::Type::Text) return verdict;
-  if (parameter.name == "deviceDate") {
-    LocalTime date;
-    if (text.find('-') == text.npos || !readDate(text, Locale::english(), date)) return Verdict::InvalidSelection;
-    value.text = standardDate(date);
-    return Verdict::Accepted;
-  }
   const auto field = std::find_if(std::begin(kPackedTexts), std::end(kPackedTexts), [&](const TextField& f) { return f.name == parameter.name; });
   if (field == std::end(kPackedTexts)) return Verdict::Accepted;
   if (text.size() > field->longest) return Verdict::TooLarge;

@@ -20,10 +20,11 @@ Parameter::Type typeOf(std::string_view type) {
 bool beginsWord(char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); }
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// The mapping of the shortest tail that has one, from a capital or a digit on, or else of the whole name.
+// The mapping of the whole name, or else of the shortest tail that has one, from a capital or a digit on.
 Node mappingOf(const Document& dataSet, const std::string& name) {
-  for (std::size_t at = name.size(); at-- > 0;) {
-    if (at > 0 && !beginsWord(name[at])) continue;
+  if (const Node own = mapping(dataSet, name)) return own;
+  for (std::size_t at = name.size(); at-- > 1;) {
+    if (!beginsWord(name[at])) continue;
     const std::string tail = lower(name[at]) + name.substr(at + 1);
     if (const Node found = mapping(dataSet, tail)) return found;
   }
@@ -59,7 +60,6 @@ std::string_view Parameter::key(const Value& coded) const {
 
 ParameterTable::ParameterTable(const Document& dataSet) {
   const std::vector<Node> nodes = dataSet.selectAll("./data:dtm/data:persistentData/data:parameters/data:parameter[@name]");
-  mParameters.reserve(nodes.size());
   for (const Node& node : nodes) {
     Parameter& p = mParameters.emplace_back();
     p.name = node.attribute("name");
@@ -87,6 +87,12 @@ ParameterTable::ParameterTable(const Document& dataSet) {
       if (p && p->readable) entry->second.push_back(p->name);
     }
   }
+}
+
+void ParameterTable::add(Parameter parameter) {
+  if (find(parameter.name)) return;
+  Parameter& added = mParameters.emplace_back(std::move(parameter));
+  mByName.emplace(added.name, &added);
 }
 
 Parameter* ParameterTable::find(std::string_view name) {
@@ -117,6 +123,13 @@ void ParameterTable::set(std::string_view name, double number) {
 
 void ParameterTable::set(std::string_view name, std::string_view text) {
   if (Parameter* const p = find(name)) p->value.text = text;
+}
+
+void ParameterTable::setKey(std::string_view name, std::string_view key) {
+  const Parameter* const p = find(name);
+  if (!p) return;
+  for (const Parameter::Code& code : p->codes)
+    if (code.key == key) set(name, parseNumber(code.value, '.').value_or(p->value.number));
 }
 
 ParameterTable::Values ParameterTable::values() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <limits>
 #include <map>
 #include <optional>
@@ -46,6 +47,9 @@ class ParameterTable {
   ParameterTable(const ParameterTable&) = delete;
   ParameterTable& operator=(const ParameterTable&) = delete;
 
+  // What the device has beside its data set; one of a name that is there already is passed over.
+  void add(Parameter parameter);
+
   Parameter* find(std::string_view name);
   const Parameter* find(std::string_view name) const;
   // What a read of the group asks for; empty for a group that does not exist.
@@ -56,6 +60,8 @@ class ParameterTable {
   std::string_view key(std::string_view name) const;
   void set(std::string_view name, double number);
   void set(std::string_view name, std::string_view text);
+  // The code that stands for a key; nothing done if there is none.
+  void setKey(std::string_view name, std::string_view key);
 
   // All values at once, to put them back.
   using Values = std::vector<Value>;
@@ -63,7 +69,7 @@ class ParameterTable {
   void restore(const Values& values);
 
  private:
-  std::vector<Parameter> mParameters;
+  std::deque<Parameter> mParameters;
   std::unordered_map<std::string_view, Parameter*> mByName;
   std::map<std::string, std::vector<std::string>, std::less<>> mGroups;
 };

@@ -19,6 +19,8 @@ enum class Verdict {
   TooLarge,
   WriteProtected,
   SpanTooSmall,
+  SampleRunning,
+  SampleNotRunning,
   SampleNotTaken,
   PointsTooClose,
   CalibrationSuspicious,
@@ -30,7 +32,8 @@ enum class Verdict {
 
 struct Judgement {
   Verdict verdict = Verdict::Accepted;
-  std::vector<std::string> items;  // that it is about
+  std::vector<std::string> items = {};  // that it is about
+  bool isNothingNew = false;            // all values were there already
 
   bool isRefusal() const { return verdict != Verdict::Accepted; }
 };
@@ -48,10 +51,15 @@ class Transmitter {
   virtual const ParameterTable& parameters() const = 0;
   // Brings everything that is measured up to the clock.
   virtual void look() = 0;
-  // The text of a value as of the last look. To be read may have a meaning: it ends a sample, or acknowledges.
+  // A read of these begins. To be asked for together may have a meaning: it ends a sample.
+  virtual void beginRead(const std::vector<const Parameter*>& asked) = 0;
+  // The text of a value as of the last look. To be read may have a meaning too: it acknowledges.
   virtual std::string read(const Parameter& parameter) = 0;
   // Takes over all of it, or nothing. The values have passed the checks of the bus.
   virtual Judgement write(std::string_view command, const std::vector<Writing>& writings) = 0;
+
+  // What became of a write, also of one that did not come as far as write(): for whoever asks for it later.
+  virtual void judged(std::string_view command, const Judgement& judgement) = 0;
 
   // A fault of the device itself; false if it knows none of this name. "none" ends them all.
   virtual bool setFault(std::string_view name, std::string_view argument) = 0;

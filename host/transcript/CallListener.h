@@ -6,7 +6,7 @@
 #include <type_traits>
 
 #include "platform/base/RuntimeError.h"
-#include "platform/controls/Value.h"
+#include "platform/controls/Control.h"
 
 namespace ostrand {
 
@@ -36,7 +36,8 @@ class CallListener {
   virtual Call begins(const CallText& call) = 0;
   // Before the host is asked; may throw RuntimeError, and then the host is not asked.
   virtual void enters(Call) {}
-  // When the host has answered, and before the view hears of it. The answer is empty where there is none to tell.
+  // When the host has answered, and before the view hears of it. The answer is as it is printed, empty where there is none
+  // to tell; of a call that only asks some answers are told as well (level, maximize, tree document, path).
   virtual void returns(Call call, const std::string& answer) = 0;
   virtual void fails(Call call, const ErrorText& error) = 0;
 

@@ -22,8 +22,8 @@ bool isMember(const std::string& name, std::string_view member) {
 // --- what is printed
 
 std::string Conversation::shown(std::string text) const {
-  if (hiddenFolder.empty()) return text;
-  for (std::size_t at = text.find(hiddenFolder); at != text.npos; at = text.find(hiddenFolder, at)) text.erase(at, hiddenFolder.size());
+  for (const std::string& folder : hiddenFolders)
+    for (std::size_t at = text.find(folder); at != text.npos; at = text.find(folder, at)) text.erase(at, folder.size());
   return text;
 }
 

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "host/transcript/CallListener.h"
@@ -29,8 +30,8 @@ class Conversation : public CallListener, public ControlProbe {
   explicit Conversation(Views views) : mViews(std::move(views)) {}
 
   HeededCalls heeded;
-  // A folder of this machine, with its closing separator, that no output shows.
-  std::string hiddenFolder;
+  // Folders of this machine, with their closing separators, that no output shows.
+  std::vector<std::string> hiddenFolders;
 
   // Prints a line of the player's own. One that begins with a name is subject to what is heeded.
   void print(const std::string& name, const std::string& argument);

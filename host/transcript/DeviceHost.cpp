@@ -106,11 +106,11 @@ void DeviceHost::setOfflineData(ViewSite& site, const std::string& text) {
   mOpenText = text;
 }
 
-void DeviceHost::run(std::optional<double> seconds) {
-  if (seconds) return mDesktop.wait(*seconds);
+void DeviceHost::run(std::optional<double> seconds, const std::function<void(double)>& advance) {
+  if (seconds) return advance(*seconds);
   double passed = 0;
   do {
-    mDesktop.wait(kStep);
+    advance(kStep);
     passed += kStep;
   } while (!mHost.communication().idle() && passed < kLongestRun);
 }

@@ -37,8 +37,8 @@ class DeviceHost : private HostObserver {
   void raise(const ViewEvent& event);
   // Opens a data set; one that is open already is handed to this view as the host has it now.
   void setOfflineData(ViewSite& site, const std::string& text);
-  // Lets the clock run for so long, or until nothing is under way.
-  void run(std::optional<double> seconds);
+  // Moves the clock by `advance` for so long, or until nothing is under way.
+  void run(std::optional<double> seconds, const std::function<void(double)>& advance);
 
  private:
   void errorUnhandled(const std::string&, int number, const std::string& description) override { mEvents.unhandled({number, description}); }

@@ -61,27 +61,19 @@ ScriptedMessenger::~ScriptedMessenger() { std::erase(mScript->mMessengers, this)
 
 Ref<IAddressService> ScriptedMessenger::GetAddressService() { return Ref<IAddressService>(new ScriptedAddressService(mScript)); }
 
-void ScriptedMessenger::Unsubscribe(MessengerEvents& listener) {
-  std::erase_if(mListeners, [&](const Listener& each) { return each.events == &listener; });
-}
-
 void ScriptedMessenger::raise(const ViewEvent& event) {
   const Ref<Messenger> pin(this);
   int mode = event.mode;
-  const auto snapshot = mListeners;
-  for (const Listener& listener : snapshot) {
-    if (std::none_of(mListeners.begin(), mListeners.end(), [&](const Listener& each) { return each.id == listener.id; })) continue;
-    try {
-      switch (event.kind) {
-        case ViewEvent::Kind::SetCommunicationMode: listener.events->ViewSetCommunicationMode(event.mode); break;
-        case ViewEvent::Kind::ReceiveValue: listener.events->ViewReceiveValue(event.tag, event.value); break;
-        case ViewEvent::Kind::SetUnits: listener.events->ViewSetUnits(); break;
-        case ViewEvent::Kind::GetChanges: listener.events->ViewGetChanges(mode); break;
-      }
-    } catch (...) {
-      mScript->unhandled(currentError());
-    }
-  }
+  mListeners.each(
+      [&](MessengerEvents& listener) {
+        switch (event.kind) {
+          case ViewEvent::Kind::SetCommunicationMode: return listener.ViewSetCommunicationMode(event.mode);
+          case ViewEvent::Kind::ReceiveValue: return listener.ViewReceiveValue(event.tag, event.value);
+          case ViewEvent::Kind::SetUnits: return listener.ViewSetUnits();
+          case ViewEvent::Kind::GetChanges: return listener.ViewGetChanges(mode);
+        }
+      },
+      mScript->unhandled);
 }
 
 Result ScriptedContainer::queryInterface(const Guid& id, void** out) noexcept {

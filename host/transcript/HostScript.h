@@ -7,7 +7,9 @@
 
 #include "host/HostObject.h"
 #include "host/HostObserver.h"
+#include "host/transcript/MessengerListeners.h"
 #include "platform/base/Ref.h"
+#include "platform/base/RuntimeError.h"
 #include "platform/types/IHostContainer.h"
 #include "platform/types/Messenger.h"
 
@@ -53,7 +55,6 @@ class ScriptedMessenger : public HostObject<Messenger> {
  public:
   explicit ScriptedMessenger(Ref<HostScript> script);
 
-  // As HostMessenger does it.
   void raise(const ViewEvent& event);
 
   void SendRequest(const std::string&, const std::string&) override {}
@@ -79,20 +80,15 @@ class ScriptedMessenger : public HostObject<Messenger> {
   void FocusOut() override {}
   void ReportError(const std::string&, int, const std::string&) override {}
   void Log(int, const std::string&) override {}
-  void Subscribe(MessengerEvents& listener) override { mListeners.push_back({&listener, ++mLastId}); }
-  void Unsubscribe(MessengerEvents& listener) override;
+  void Subscribe(MessengerEvents& listener) override { mListeners.add(listener); }
+  void Unsubscribe(MessengerEvents& listener) override { mListeners.remove(listener); }
 
  protected:
   ~ScriptedMessenger() override;
   Ref<HostScript> mScript;
 
  private:
-  struct Listener {
-    MessengerEvents* events;
-    std::size_t id;
-  };
-  std::vector<Listener> mListeners;
-  std::size_t mLastId = 0;
+  MessengerListeners mListeners;
 };
 
 class ScriptedContainer : public HostObject<IHostContainer, INotifyStatus> {

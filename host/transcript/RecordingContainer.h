@@ -10,7 +10,7 @@ namespace ostrand {
 
 // Stands before the container of a view and lets a listener hear of every call. It offers what the container behind it
 // offers. The listener must outlive it.
-class RecordingContainer : public IHostContainer, public INotifyStatus {
+class RecordingContainer final : public IHostContainer, public INotifyStatus {
  public:
   RecordingContainer(CallListener& listener, Ref<IHostContainer> host) : mListener(listener), mHost(std::move(host)) {}
   RecordingContainer(const RecordingContainer&) = delete;

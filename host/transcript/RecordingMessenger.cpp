@@ -136,17 +136,19 @@ Ref<ITextTable> RecordingMessenger::GetTextTable() {
 
 Document RecordingMessenger::GetTreeDocument() {
   const Ref<Messenger> pin(this);
-  return listenedTo(mListener, asked("GetTreeDocument"), [&] { return mHost->GetTreeDocument(); });
+  return listenedTo(
+      mListener, asked("GetTreeDocument"), [&] { return mHost->GetTreeDocument(); },
+      [](const Document& tree) { return tree ? tree.xml() : std::string(); });
 }
 
 int RecordingMessenger::GetUserLevel() {
   const Ref<Messenger> pin(this);
-  return listenedTo(mListener, asked("GetUserLevel"), [&] { return mHost->GetUserLevel(); });
+  return listenedTo(mListener, asked("GetUserLevel"), [&] { return mHost->GetUserLevel(); }, [](int level) { return toText(level); });
 }
 
 bool RecordingMessenger::GetMaximizeAllowed() {
   const Ref<Messenger> pin(this);
-  return listenedTo(mListener, asked("GetMaximizeAllowed"), [&] { return mHost->GetMaximizeAllowed(); });
+  return listenedTo(mListener, asked("GetMaximizeAllowed"), [&] { return mHost->GetMaximizeAllowed(); }, [](bool allowed) { return toText(allowed); });
 }
 
 int RecordingMessenger::AskUser(const std::string& title, const std::string& message) {

@@ -86,7 +86,7 @@ Transcript Transcript::parse(std::string_view text, std::string file) {
       if (line.size() > 1 && line[1] != ' ') transcript.malformed(i, "an input begins with \"> \"");
       TranscriptInput input{line.substr(std::min<std::size_t>(2, line.size())), {}, {}, i, i};
       try {
-        input.words = readWords(input.text);
+        input.words = readInput(input.text);
       } catch (const RuntimeError& error) {
         transcript.malformed(i, error.description());
       }

@@ -35,8 +35,6 @@ struct TranscriptInput {
   std::size_t last = 0;
 
   const std::string& command() const { return words.front().text; }
-  // The line from this word on, as it stands.
-  std::string from(std::size_t word) const { return word < words.size() ? text.substr(words[word].begin) : std::string(); }
 };
 
 // A transcript file: its lines, and what they mean. The first block has no input: what stands before the first one.

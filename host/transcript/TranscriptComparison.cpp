@@ -128,7 +128,25 @@ bool matchesOutput(const Output& expected, const Output& actual) {
 }
 
 TranscriptComparison::TranscriptComparison(const Transcript& transcript, const std::vector<PlayedBlock>& played) : mFile(transcript.file()) {
-  for (std::size_t i = 0; i < transcript.blocks().size(); ++i) compareBlock(transcript, transcript.blocks()[i], played[i]);
+  for (std::size_t i = 0; i < transcript.blocks().size(); ++i) {
+    compareBlock(transcript, transcript.blocks()[i], played[i]);
+    addPlayed(transcript, transcript.blocks()[i], played[i]);
+  }
+}
+
+void TranscriptComparison::addPlayed(const Transcript& transcript, const Transcript::Block& block, const PlayedBlock& played) {
+  std::size_t line = block.begin;
+  const auto copyUpTo = [&](std::size_t end) {
+    for (; line < end; ++line) mPlayedText += transcript.lines()[line] + '\n';
+  };
+  if (block.input) copyUpTo(block.input->last + 1);
+  for (const Output& output : played.outputs)
+    for (const std::string& each : output.lines()) mPlayedText += each + '\n';
+  for (const ExpectedOutput& output : block.expected) {
+    copyUpTo(output.first);
+    line = output.last + 1;
+  }
+  copyUpTo(block.end);
 }
 
 void TranscriptComparison::insert(const Output& output) {

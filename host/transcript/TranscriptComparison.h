@@ -34,6 +34,8 @@ class TranscriptComparison {
   std::string diff() const;
   // The text that the file should have.
   std::string updatedText() const;
+  // What was played alone: comments, inputs, and every output as it was.
+  const std::string& playedText() const { return mPlayedText; }
   // Errors that were reported, or left unhandled, and that the file did not expect.
   const std::vector<std::string>& unexpectedErrors() const { return mUnexpectedErrors; }
 
@@ -45,8 +47,11 @@ class TranscriptComparison {
   void compareBlock(const Transcript& transcript, const Transcript::Block& block, const PlayedBlock& played);
   void insert(const Output& output);
 
+  void addPlayed(const Transcript& transcript, const Transcript::Block& block, const PlayedBlock& played);
+
   std::string mFile;
   std::vector<Edit> mEdits;
+  std::string mPlayedText;
   std::vector<std::string> mUnexpectedErrors;
   bool mMatches = true;
 };

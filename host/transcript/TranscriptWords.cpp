@@ -1,5 +1,7 @@
 #include "host/transcript/TranscriptWords.h"
 
+#include <cstddef>
+
 #include "platform/base/RuntimeError.h"
 
 namespace ostrand {
@@ -38,28 +40,49 @@ std::string readQuoted(std::string_view line, std::size_t& at) {
   malformed("a text in double quotes has no end");
 }
 
+// The word that begins at `at`; moves `at` behind it.
+Word readWord(std::string_view line, std::size_t& at) {
+  Word word{{}, line[at] == '"'};
+  if (word.quoted) {
+    word.text = readQuoted(line, at);
+    return word;
+  }
+  for (; at < line.size() && !isBlank(line[at]); ++at) {
+    if (line[at] == '"' && word.text.ends_with('=') && word.text.find_first_of("[(") == word.text.npos) {
+      word.text += readQuoted(line, at);
+      return word;
+    }
+    word.text += line[at];
+  }
+  return word;
+}
+
+void passBlanks(std::string_view line, std::size_t& at) {
+  while (at < line.size() && isBlank(line[at])) ++at;
+}
+
 }  // namespace
 
 std::vector<Word> readWords(std::string_view line) {
   std::vector<Word> words;
   std::size_t at = 0;
-  for (;;) {
-    while (at < line.size() && isBlank(line[at])) ++at;
-    if (at == line.size()) return words;
-    Word word{{}, line[at] == '"', at};
-    if (word.quoted) {
-      word.text = readQuoted(line, at);
-    } else {
-      for (; at < line.size() && !isBlank(line[at]); ++at) {
-        if (line[at] == '"' && word.text.ends_with('=') && word.text.find_first_of("[(") == word.text.npos) {
-          word.text += readQuoted(line, at);
-          break;
-        }
-        word.text += line[at];
-      }
+  for (passBlanks(line, at); at < line.size(); passBlanks(line, at)) words.push_back(readWord(line, at));
+  return words;
+}
+
+std::vector<Word> readInput(std::string_view line) {
+  constexpr std::size_t kWordsBeforeRest = 2;
+  std::vector<Word> words;
+  std::size_t at = 0;
+  for (passBlanks(line, at); at < line.size(); passBlanks(line, at)) {
+    const bool hasRest = !words.empty() && (words[0].text == "during" || words[0].text == "document");
+    if (hasRest && words.size() == kWordsBeforeRest && line[at] != '"') {
+      words.push_back({std::string(line.substr(at)), false});
+      return words;
     }
-    words.push_back(std::move(word));
+    words.push_back(readWord(line, at));
   }
+  return words;
 }
 
 }  // namespace ostrand

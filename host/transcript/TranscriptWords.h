@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,11 +10,14 @@ namespace ostrand {
 struct Word {
   std::string text;
   bool quoted = false;
-  std::size_t begin = 0;  // where it stands in the line
 };
 
 // RuntimeError 5 with the reason for a text without an end, an unknown escape, or a text that runs into a word. A bare
 // word may end in a text behind "=" (tag="a b").
 std::vector<Word> readWords(std::string_view line);
+
+// The same for an input, where the last argument of some commands is the rest of the line as it stands: an input inside of
+// another, and a path, which may hold blanks and quotes of its own.
+std::vector<Word> readInput(std::string_view line);
 
 }  // namespace ostrand

@@ -70,11 +70,6 @@ void View::PrepareToRelease() {
   proc.step([&] { clear(); });
 }
 
-void View::terminate() {
-  Procedure proc(*this, "UserControl_Terminate");
-  proc.step([&] { clear(); });
-}
-
 void View::clear() {
   mViews.clear();
   for (Control* control : controls()) control->detach();

@@ -47,7 +47,7 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
 
   void initialize() override;
   void resized() override;
-  void terminate() override;
+  void terminate() override { clear(); }
   bool offerInterface(const Guid& id, void** out) noexcept override;
   // What PrepareToRelease and the end of the view drop.
   virtual void clear();

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "platform/base/RuntimeError.h"
 #include "simulator/DeviceBench.h"
 
@@ -38,20 +40,28 @@ TEST_F(DeviceTest, AnUnknownKindAndAnEmptyDataSet) {
   const Document dataSet = Document::read("<data:dtm xmlns:data=\"d\"/>");
   EXPECT_EQ(errorNumber([&] { makeDevice("HartBlade", *desktop, dataSet, 1); }), RuntimeError::BadArgument);
   EXPECT_EQ(errorNumber([&] { makeDevice("hartBlade", *desktop, Document(), 1); }), RuntimeError::NothingThere);
-  device = makeDevice("hartBlade", *desktop, dataSet, 1);
-  EXPECT_EQ(errorOf(ask(readOf({"consistency"}))), "missingItems");
+  for (const DeviceKind& kind : deviceKinds()) {
+    device = makeDevice(kind.name, *desktop, dataSet, 1);
+    EXPECT_EQ(errorOf(ask(readOf({"consistency"}))), "missingItems");
+  }
 }
 
 // No mappings, no limits, and values that no transmitter would hold.
 TEST_F(DeviceTest, ABadDataSetDoesNoHarm) {
   std::string parameters;
-  for (const char* name : {"activeRecipe", "laboratoryRecipe", "sampleStart", "recipe1Filler", "damping", "hartAddress", "eventLogInfoCount01"})
+  for (const char* name : {"executeAction", "flushingInterval", "flushingTime", "flushingMode", "targetMode", "actualMode", "outputValue", "activeRecipe", "laboratoryRecipe", "sampleStart", "recipe1Filler", "damping", "hartAddress", "eventLogInfoCount01"})
     parameters += "<data:parameter name=\"" + std::string(name) + "\" type=\"integerVal\" value=\"1e300\" access=\"readWrite\"/>";
   parameters += "<data:parameter name=\"consistency\" type=\"floatVal\" value=\"x\" access=\"read\"/><data:parameter/><data:parameter name='\"'/>";
-  device = makeDevice("hartBlade", *desktop,
-                      Document::read("<data:dtm xmlns:data=\"d\"><data:persistentData><data:parameters>" + parameters +
-                                     "</data:parameters></data:persistentData></data:dtm>"),
-                      1);
+  const Document dataSet = Document::read("<data:dtm xmlns:data=\"d\"><data:persistentData><data:parameters>" + parameters +
+                                          "</data:parameters></data:persistentData></data:dtm>");
+  for (const DeviceKind& kind : deviceKinds()) {
+    device = makeDevice(kind.name, *desktop, dataSet, 1);
+    EXPECT_GT(number("consistency"), 0);
+    ask(writeOf("sampling", item("executeAction", "1e300")));
+    ask(writeOf("x", item("flushingTime", "-1e300") + item("targetMode", "7")));
+    EXPECT_GT(number("consistency"), 0);
+  }
+  device = makeDevice("hartBlade", *desktop, dataSet, 1);
   EXPECT_GT(number("consistency"), 0);
   EXPECT_EQ(write("sampling", item("sampleStart", "7")), "hartCmdErrInvalidSelection");
   EXPECT_EQ(write("sampling", item("sampleStart", "1")), "");
@@ -271,18 +281,27 @@ TEST_F(DeviceTest, FaultGarbage) {
   EXPECT_EQ(ask(readOf({"damping"}))[0].document.selectText("//comm:floatVal"), "%&/");
 }
 
-// A conversation of all kinds of requests, with faults that come and go: every request ends.
-TEST_F(DeviceTest, AnythingGoes) {
-  std::vector<std::string> all;
-  const Document dataSet = dataSetOf(deviceKinds().front());
+// --- A conversation of all kinds of requests, with faults that come and go: every request ends
+
+class AnyDeviceTest : public DeviceBench, public testing::WithParamInterface<const char*> {
+ protected:
+  AnyDeviceTest() : DeviceBench(GetParam()) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell"), [](const auto& device) { return std::string(device.param); });
+
+TEST_P(AnyDeviceTest, AnythingGoes) {
+  std::vector<std::string> all = {"actionStatus", "sample1Quality"};
+  const auto kind = std::find_if(deviceKinds().begin(), deviceKinds().end(), [&](const DeviceKind& k) { return k.name == mName; });
+  const Document dataSet = dataSetOf(*kind);
   for (const Node& node : dataSet.selectAll("//data:parameter")) all.emplace_back(node.attribute("name"));
-  const char* const texts[] = {"0", "1", "2", "3.5", "-1", "", "NaN", "1e308", "999999999999999999999", "abc", "2026-01-01", "A,B"};
+  const char* const texts[] = {"0", "1", "2", "3", "4", "5", "6", "3.5", "-1", "", "NaN", "1e308", "999999999999999999999", "abc", "2026-01-01", "A,B"};
   std::uint32_t state = 12345;
   const auto pick = [&](std::size_t count) { return (state = state * 1664525u + 1013904223u) / 65536u % count; };
   for (int i = 0; i < 2000; ++i) {
     std::string items;
     for (std::size_t n = pick(7); n-- > 0;) items += item(all[pick(all.size())], texts[pick(std::size(texts))]);
-    send(pick(2) ? writeOf(pick(3) ? "laboratoryResults" : "x", items) : requestText("x", "read", items));
+    send(pick(2) ? writeOf(pick(3) ? "laboratoryResults" : pick(2) ? "sampling" : "x", items) : requestText("x", "read", items));
     if (pick(50) == 0) {
       const FaultKind& fault = Device::faults()[pick(Device::faults().size())];
       device->setFault(fault.name, fault.argument.empty() ? "" : fault.name == "failure" ? "sensor" : "2");

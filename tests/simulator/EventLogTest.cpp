@@ -46,6 +46,22 @@ TEST_F(EventLogTest, FollowsAConditionByItsBeginnings) {
   EXPECT_EQ(count("1"), 2);
 }
 
+TEST_F(EventLogTest, AClearedListCountsAnew) {
+  log.follow(EventLog::Kind::Info, "a", true);
+  log.count(EventLog::Kind::Info, "b");
+  log.clear(EventLog::Kind::Warning);
+  EXPECT_EQ(event("2"), "b");
+  log.clear(EventLog::Kind::Info);
+  EXPECT_EQ(event("1"), "");
+  EXPECT_EQ(event("2"), "");
+  EXPECT_EQ(count("1"), 0);
+  log.follow(EventLog::Kind::Info, "a", true);  // it has been there all the time
+  EXPECT_EQ(event("1"), "");
+  log.count(EventLog::Kind::Info, "b");
+  EXPECT_EQ(event("1"), "b");
+  EXPECT_EQ(count("1"), 1);
+}
+
 TEST_F(EventLogTest, StopsCountingAtTheHighestCount) {
   table.set("eventLogInfoEvent01", "a");
   table.set("eventLogInfoCount01", 65535);

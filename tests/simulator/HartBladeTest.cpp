@@ -238,7 +238,8 @@ TEST_F(HartBladeTest, TheSpecialGradeFollowsItsPoints) {
 // --- Samples and calibration ---
 
 TEST_F(HartBladeTest, ASampleHasNoValuesBeforeItIsTaken) {
-  EXPECT_EQ(value("sample1ConsistencyAverage"), "NaN");
+  EXPECT_EQ(value("sample1ConsistencyAverage"), "0");
+  EXPECT_EQ(value("sample1Deviation"), "0");
   EXPECT_EQ(device->laboratoryValue(1), std::nullopt);
   EXPECT_EQ(device->laboratoryValue(0), std::nullopt);
   EXPECT_EQ(device->laboratoryValue(3), std::nullopt);
@@ -247,11 +248,13 @@ TEST_F(HartBladeTest, ASampleHasNoValuesBeforeItIsTaken) {
 TEST_F(HartBladeTest, ASampleAveragesUntilItIsRead) {
   ASSERT_EQ(write("sampling", item("sampleStart", "0")), "");
   EXPECT_EQ(value("statusSamplingActive"), "1");
-  EXPECT_EQ(value("sample2ConsistencyAverage"), "NaN");  // the other sample's read ends nothing
+  stopSample(2);  // the other one's read ends nothing
+  EXPECT_EQ(value("sample2ConsistencyAverage"), "0");
   EXPECT_EQ(value("statusSamplingActive"), "1");
   desktop->advance(60);
-  const double average = number("sample1ConsistencyAverage");
+  EXPECT_EQ(stopSample(1), "");
   EXPECT_EQ(value("statusSamplingActive"), "0");
+  const double average = number("sample1ConsistencyAverage");
   const double deviation = number("sample1Deviation");
   EXPECT_NEAR(average, number("consistency"), 0.15);
   EXPECT_GT(deviation, 0.01);
@@ -259,12 +262,43 @@ TEST_F(HartBladeTest, ASampleAveragesUntilItIsRead) {
   EXPECT_NEAR(number("sample1ShearForceAverage"), 6.8 * (average + 0.02 * average * average), 0.05);
   // It stands until the next one starts.
   desktop->advance(600);
+  stopSample(1);
   EXPECT_EQ(number("sample1ConsistencyAverage"), average);
   ASSERT_EQ(write("sampling", item("sampleStart", "1")), "");
   EXPECT_EQ(number("sample1ConsistencyAverage"), average);
   ASSERT_EQ(write("sampling", item("sampleStart", "0")), "");  // ends sample 2
   EXPECT_EQ(value("statusSamplingActive"), "1");
   EXPECT_NEAR(number("sample2ConsistencyAverage"), 3.5, 0.6);
+}
+
+TEST_F(HartBladeTest, WhoOnlyLooksEndsNoSample) {
+  ASSERT_EQ(write("sampling", item("sampleStart", "0")), "");
+  desktop->advance(30);
+  ask(requestText("sampling", "read", ""));
+  const double soFar = number("sample1ConsistencyAverage");
+  EXPECT_NEAR(soFar, 3.4, 0.6);
+  ask(readOf({"sample1Deviation", "sample1ConsistencyAverage", "consistency"}, "sampling"));
+  ask(readOf({"sample1Deviation", "sample1ShearForceAverage"}, "sampling"));
+  EXPECT_EQ(value("statusSamplingActive"), "1");
+  EXPECT_FALSE(device->laboratoryValue(1));
+  desktop->advance(30);
+  EXPECT_NE(number("sample1ConsistencyAverage"), soFar);
+  // Two values are enough, three may be asked for.
+  stopSample(1, false);
+  EXPECT_EQ(value("statusSamplingActive"), "0");
+  EXPECT_TRUE(device->laboratoryValue(1));
+}
+
+TEST_F(HartBladeTest, ASampleOutlivesADeviceThatGoesSilent) {
+  ASSERT_EQ(write("sampling", item("sampleStart", "0")), "");
+  device->setFault("silent", "sampling");
+  desktop->advance(30);
+  EXPECT_EQ(stopSample(1), "no answer");
+  EXPECT_EQ(value("statusSamplingActive"), "1");
+  device->setFault("none", "");
+  EXPECT_EQ(stopSample(1), "");
+  EXPECT_EQ(value("statusSamplingActive"), "0");
+  EXPECT_TRUE(device->laboratoryValue(1));
 }
 
 TEST_F(HartBladeTest, AnUnsteadyPulpGivesALargeDeviation) {

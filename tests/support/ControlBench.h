@@ -30,7 +30,7 @@ class ControlBench : public testing::Test {
     EXPECT_TRUE(!messenger || messenger->listeners() == 0) << "somebody still listens";
   }
 
-  T& edit() { return view->template at<T>(1); }
+  T& edit() { return view->template get<T>("ctlX"); }
   // The host enters, with a converter and a text table.
   void connect() {
     messenger = Ref<FakeMessenger>(new FakeMessenger(calls));

@@ -2,12 +2,14 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/types/IObject.h"
 
 namespace ostrand::test {
 
@@ -37,15 +39,16 @@ class FakeCalls {
       mWork.erase(work);
       body();
     }
+    std::optional<RuntimeError> failure;
     for (auto [fault, end] = mFaults.equal_range(call); fault != end;) {
-      if (--fault->second.left > 0) {
+      if (--fault->second.left == 0) {
+        failure.emplace(fault->second.number, fault->second.description);
+        fault = mFaults.erase(fault);
+      } else {
         ++fault;
-        continue;
       }
-      const Fault found = fault->second;
-      mFaults.erase(fault);
-      throw RuntimeError(found.number, found.description);
     }
+    if (failure) throw *failure;
     if (mAlways.count(call) || (mAlways.count("*") && call != "ReportError")) throw RuntimeError(RuntimeError::Unexpected, call + " fails always");
   }
 

@@ -16,8 +16,8 @@ namespace ostrand::test {
 // fails when the messenger ends.
 class FakeMessenger : public FakeObject<Messenger> {
  public:
-  explicit FakeMessenger(FakeCalls& calls)
-      : calls(calls), textTable(new FakeTextTable(calls)), converter(new FakeUnitConverter(calls)) {}
+  explicit FakeMessenger(FakeCalls& record)
+      : calls(record), textTable(new FakeTextTable(record)), converter(new FakeUnitConverter(record)) {}
 
   FakeCalls& calls;
   Ref<FakeTextTable> textTable;

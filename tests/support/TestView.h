@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "support/FakeCalls.h"
 #include "core/View.h"
+#include "platform/base/RuntimeError.h"
 #include "platform/desktop/VirtualDesktop.h"
+#include "support/FakeCalls.h"
 
 namespace ostrand::test {
 
@@ -22,6 +23,8 @@ class TestView : public View {
     view->Place(desktop, parent, tag);
     return view;
   }
+  // Made only, as a component server makes it.
+  static Ref<TestView> unplaced(Declare declare) { return Ref<TestView>(new TestView(std::move(declare))); }
   ~TestView() override { ++ended; }
 
   // A control of the test's form.
@@ -33,8 +36,10 @@ class TestView : public View {
     return made;
   }
   template <class T>
-  T& at(int index) const {
-    return dynamic_cast<T&>(*mOwned.at(static_cast<std::size_t>(index)));
+  T& get(std::string_view name) const {
+    for (Control* control : controls())
+      if (control->name() == name) return dynamic_cast<T&>(*control);
+    throw RuntimeError(RuntimeError::BadArgument, "no control " + std::string(name));
   }
 
   using View::enableByLevel;
@@ -50,7 +55,11 @@ class TestView : public View {
 
   static inline int ended = 0;
   CommandButton* followsMode = nullptr;
+  std::function<void(const std::string& tag, const std::string& value)> received;
 
+  void ViewReceiveValue(const std::string& tag, const std::string& value) override {
+    if (received) received(tag, value);
+  }
   void ViewSetCommunicationMode(int mode) override {
     if (!followsMode) return;
     Procedure proc(*this, "mMessenger_ViewSetCommunicationMode");

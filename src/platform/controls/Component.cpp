@@ -47,8 +47,9 @@ void Component::Resize(int width, int height) {
 
 void Component::Terminate() {
   const Ref<Component> pin(this);
-  terminate();
-  for (Control* control : mControls) control->detach();
+  Procedure proc(*this, "UserControl_Terminate");
+  proc.step([&] { terminate(); });
+  for (Control* control : mControls) proc.step([&] { control->detach(); });
   mParent = nullptr;
 }
 

@@ -73,7 +73,7 @@ std::optional<double> CtrTextEdit::number() const {
 bool CtrTextEdit::passes() const {
   if (!mInfo.isNumeric()) return true;
   // An empty field is wrong only where the user has emptied it.
-  if (mTyped ? mTyped->text.empty() : mStored.empty()) return !mModified || mStored.empty();
+  if (mTyped ? mTyped->text.empty() : mStored.empty()) return !mTyped || !mTyped->byUser || mStored.empty();
   const auto value = number();
   if (!value) return false;
   if (mInfo.isInteger() && *value != std::floor(*value)) return false;
@@ -123,7 +123,8 @@ void CtrTextEdit::unitsChanged() {
 }
 
 std::string CtrTextEdit::typedOnScreen() const {
-  if (!mInfo.isNumeric()) return mTyped->text;
+  // What code has set stands as it was set, for as long as its unit is on the screen.
+  if (!mInfo.isNumeric() || (!mTyped->byUser && mTyped->unit == mTranslator.displayUnit())) return mTyped->text;
   auto value = ValueTranslator::typedNumber(mTyped->text);
   if (!value) return mTyped->text;
   // A fraction where a whole number is wanted stands there as it was typed, not rounded to what would pass.
@@ -136,10 +137,12 @@ std::string CtrTextEdit::typedOnScreen() const {
 }
 
 void CtrTextEdit::takeTyped(std::string text, std::string unit, bool byUser) {
-  mTyped = Typed{std::move(text), std::move(unit)};
-  if (mInfo.isNumeric()) {
+  mTyped = Typed{std::move(text), std::move(unit), byUser};
+  if (byUser && mInfo.isNumeric()) {
     if (const auto value = ValueTranslator::typedNumber(mTyped->text)) {
-      const bool rounds = mInfo.decimals && !(mInfo.isInteger() && *value != std::floor(*value));
+      // The decimals are those of the screen, so what is told in another unit keeps its own.
+      const bool onScreen = mTyped->unit == mTranslator.displayUnit();
+      const bool rounds = onScreen && mInfo.decimals && !(mInfo.isInteger() && *value != std::floor(*value));
       mTyped->text = rounds ? fixedText(*value, *mInfo.decimals, '.') : plainText(*value, '.');
     }
   }
@@ -151,7 +154,7 @@ void CtrTextEdit::takeTyped(std::string text, std::string unit, bool byUser) {
 }
 
 void CtrTextEdit::loadEdit(const std::string& documentText) {
-  mTyped = Typed{documentText, mInfo.unit};
+  mTyped = Typed{documentText, mInfo.unit, true};
   update(typedOnScreen(), true);
 }
 

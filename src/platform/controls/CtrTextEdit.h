@@ -46,11 +46,12 @@ class CtrTextEdit : public EditControl {
   void recheckOthers() override;
 
  private:
-  // A text that is not the stored one: as it was typed (with a point), and the unit in which it was. It
+  // A text that is not the stored one: as it was typed (with a point) or set by code, and its unit. It
   // is kept so that a change of units on the screen and back changes nothing.
   struct Typed {
     std::string text;
     std::string unit;
+    bool byUser;
   };
   struct Lower {
     CtrTextEdit* edit;

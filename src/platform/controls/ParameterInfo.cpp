@@ -16,7 +16,7 @@ ParameterValues ParameterInfo::read(const Node& parameter) {
   readOnly = writeOnly = false;
   ParameterValues values;
   if (!parameter) return values;
-  for (pugi::xml_attribute attribute : parameter.raw().attributes()) {
+  for (pugi::xml_attribute attribute = parameter.raw().first_attribute(); attribute; attribute = attribute.next_attribute()) {
     const std::string_view key = attribute.name();
     const std::string_view value = attribute.value();
     if (value.empty()) continue;

@@ -7,12 +7,13 @@
 
 namespace ostrand::bench {
 
-// A host that costs next to nothing: no units, no texts, nothing sent.
-class QuietMessenger final : public Messenger {
+// The count and the interfaces of an object of the quiet host.
+template <class I>
+class QuietObject : public I {
  public:
   Result queryInterface(const Guid& id, void** out) noexcept override {
     *out = nullptr;
-    return offer<IObject>(id, this, out) || offer<Messenger>(id, this, out) ? Result::Ok : Result::NoInterface;
+    return offer<IObject>(id, this, out) || offer<I>(id, this, out) ? Result::Ok : Result::NoInterface;
   }
   std::uint32_t addRef() noexcept override { return ++mCount; }
   std::uint32_t release() noexcept override {
@@ -21,6 +22,41 @@ class QuietMessenger final : public Messenger {
     return left;
   }
 
+ protected:
+  virtual ~QuietObject() = default;
+
+ private:
+  std::uint32_t mCount = 0;
+};
+
+// Shows the keys themselves.
+class QuietTexts final : public QuietObject<ITextTable> {
+ public:
+  std::string GetText(const std::string& key) override { return key; }
+  std::string GetLabel(const std::string& key) override { return key; }
+  std::string GetSectionText(const std::string& key, const std::string&) override { return key; }
+};
+
+// The user reads temperatures in degrees Fahrenheit.
+class QuietUnits final : public QuietObject<IUnitConverter> {
+ public:
+  bool ConvertValue(double value, const std::string& from, const std::string& to, double& result) override {
+    if (from == to)
+      result = value;
+    else if (from == "degC" && to == "degF")
+      result = value * 1.8 + 32;
+    else if (from == "degF" && to == "degC")
+      result = (value - 32) / 1.8;
+    else
+      return false;
+    return true;
+  }
+  bool GetUnitInfo(const std::string&, std::string& unit) override { return unit = "degF", true; }
+};
+
+// A host that costs next to nothing: it sends nothing and remembers nothing but the number of errors.
+class QuietMessenger final : public QuietObject<Messenger> {
+ public:
   void SendRequest(const std::string&, const std::string&) override {}
   void ReadRequest(const std::string&, int) override {}
   bool SendRequestWithStatus(const std::string&, const std::string&, int, int) override { return true; }
@@ -32,8 +68,8 @@ class QuietMessenger final : public Messenger {
   }
   void ForwardValue(const std::string&, const std::string&) override {}
   Ref<IAddressService> GetAddressService() override { return nullptr; }
-  Ref<IUnitConverter> GetUnitConverter() override { return nullptr; }
-  Ref<ITextTable> GetTextTable() override { return nullptr; }
+  Ref<IUnitConverter> GetUnitConverter() override { return mUnits; }
+  Ref<ITextTable> GetTextTable() override { return mTexts; }
   Document GetTreeDocument() override { return {}; }
   int GetUserLevel() override { return 3; }
   bool GetMaximizeAllowed() override { return true; }
@@ -50,7 +86,8 @@ class QuietMessenger final : public Messenger {
   int errors = 0;
 
  private:
-  std::uint32_t mCount = 0;
+  Ref<ITextTable> mTexts{new QuietTexts};
+  Ref<IUnitConverter> mUnits{new QuietUnits};
   std::vector<MessengerEvents*> mListeners;
 };
 

@@ -1,0 +1,86 @@
+#include "benchmarks/Rows.h"
+
+#include "benchmarks/Works.h"
+
+namespace ostrand::bench {
+
+namespace {
+
+constexpr int kParameters[] = {100, 500, 2000, 5000};
+constexpr int kControls[] = {20, 60, 130};
+
+std::string parameters(int count) { return std::to_string(count) + " parameters"; }
+std::string controls(int count) { return std::to_string(count) + " controls"; }
+
+Figure faster(std::optional<double> atLeast = {}) { return {Figure::TimesFaster, atLeast}; }
+Figure share(std::optional<double> atMost = {}) { return {Figure::Share, atMost}; }
+
+Row number(std::string what, std::function<double()> ours, double atMost, std::string peer = {}, std::function<double()> theirs = {}) {
+  return {std::move(what), {}, std::move(peer), {}, {Figure::Number, atMost}, std::move(ours), std::move(theirs)};
+}
+
+Section firstWalks() {
+  Section section{"First walk of a data set, against one path per control and lookup", {}};
+  for (const int p : kParameters)
+    for (const int c : kControls) {
+      const bool judged = p == 5000 && c == 60;
+      const std::string what = parameters(p) + ", " + controls(c);
+      const auto limit = [&](double of) { return judged ? std::optional(of) : std::nullopt; };
+      section.rows.push_back({what, firstWalk(By::Ostrand, p, c), "libxml2", firstWalk(By::Libxml, p, c), faster(limit(200))});
+      section.rows.push_back({what, firstWalk(By::Ostrand, p, c), "pugixml", firstWalk(By::Pugixml, p, c), faster(limit(10))});
+    }
+  return section;
+}
+
+Section sharesOfTheParse() {
+  Section section{"As a share of pugixml's parse of the same text", {}};
+  for (const int p : {2000, 5000}) {
+    const Work walk = firstWalk(By::Ostrand, p, 60), views = sixViews(p), reading = read(By::Ostrand, p);
+    const Work parse = read(By::Pugixml, p), inPlace = readInPlace(p);
+    section.rows.push_back({"first walk, 60 controls, " + parameters(p), walk, "parse", parse, share(0.8)});
+    section.rows.push_back({"first walk, 60 controls, " + parameters(p), walk, "parse in place", inPlace, share()});
+    section.rows.push_back({"six views of 60 controls, " + parameters(p), views, "parse", parse, share(1.1)});
+    section.rows.push_back({"reading a document, " + parameters(p), reading, "parse", parse, share()});
+  }
+  return section;
+}
+
+Section answers() {
+  Section section{"A live answer to a view of 60 controls, reading included", {}};
+  for (const int items : {8, 200}) {
+    const std::string what = std::to_string(items) + " items";
+    section.rows.push_back({what, answer(By::Ostrand, items), "libxml2", answer(By::Libxml, items), faster(20)});
+    section.rows.push_back({what, answer(By::Ostrand, items), "pugixml", answer(By::Pugixml, items), faster()});
+  }
+  section.rows.push_back(number("signals raised by the same answer again", [] { return signalsOfSameAnswer(200); }, 0));
+  return section;
+}
+
+Section growth() {
+  Section section{"Growth of the first walk: a sum, not a product", {}};
+  for (const int c : kControls)
+    section.rows.push_back({"5000 parameters, " + controls(c) + " (exponent)", firstWalk(By::Ostrand, 5000, c), "100 parameters",
+                            firstWalk(By::Ostrand, 100, c), {Figure::Exponent, 1.1, 50}});
+  for (const int p : {2000, 5000})
+    section.rows.push_back({parameters(p) + ", 130 controls", firstWalk(By::Ostrand, p, 130), "20 controls", firstWalk(By::Ostrand, p, 20), share(1.5)});
+  return section;
+}
+
+Section memoryAndLife() {
+  Section section{"Memory, and the life of a view", {}};
+  for (const int p : {2000, 5000})
+    section.rows.push_back(number("bytes for each of " + parameters(p) + ", open", [=] { return bytesPerParameter(By::Ostrand, p); }, 1050, "libxml2",
+                                  [=] { return bytesPerParameter(By::Libxml, p); }));
+  const Work largest = lifeOfLargestView(), many = lifeOfView(130);
+  section.rows.push_back({nameOfLargestView() + ", made to released", largest, "a millisecond", {}, {Figure::Seconds, 0.001}});
+  section.rows.push_back({"130 controls, made to released", many, "a millisecond", {}, {Figure::Seconds, 0.001}});
+  section.rows.push_back(number(nameOfLargestView() + ", allocations left", [=] { return blocksLeftBy(largest); }, 0));
+  section.rows.push_back(number("130 controls, allocations left", [=] { return blocksLeftBy(many); }, 0));
+  return section;
+}
+
+}  // namespace
+
+std::vector<Section> sections() { return {firstWalks(), sharesOfTheParse(), answers(), growth(), memoryAndLife()}; }
+
+}  // namespace ostrand::bench

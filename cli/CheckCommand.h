@@ -1,0 +1,12 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace ostrand {
+
+// `ostrand check`
+void addCheckCommand(CLI::App& app);
+
+}  // namespace ostrand

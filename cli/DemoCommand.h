@@ -1,0 +1,12 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace ostrand {
+
+// `ostrand demo`
+void addDemoCommand(CLI::App& app);
+
+}  // namespace ostrand

@@ -1,0 +1,12 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace ostrand {
+
+// `ostrand devices`
+void addDevicesCommand(CLI::App& app);
+
+}  // namespace ostrand

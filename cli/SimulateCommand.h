@@ -1,0 +1,12 @@
+#pragma once
+
+namespace CLI {
+class App;
+}
+
+namespace ostrand {
+
+// `ostrand simulate`
+void addSimulateCommand(CLI::App& app);
+
+}  // namespace ostrand

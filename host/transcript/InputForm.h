@@ -1,0 +1,18 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/transcript/TranscriptWords.h"
+
+namespace ostrand {
+
+// Whether the arguments of an input have this form, a letter for each:
+//
+//   w  any word          i  a whole number      n  a number that is not negative
+//   b  true or false     o  on or off           p  CONTROL.PROPERTY
+//   *  the last one once more or often          ?  what follows may be left out
+bool hasForm(std::string_view form, std::span<const Word> arguments);
+
+}  // namespace ostrand

@@ -1,0 +1,201 @@
+// The shape of the tree, read from its own sources.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <regex>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/base/File.h"
+
+namespace ostrand {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kTree = OSTRAND_SOURCE_DIR;
+
+// Who may include whom beside itself, floor by floor. A floor is a folder below src/ or of the tree.
+struct Floor {
+  const char* name;
+  std::vector<std::string> mayInclude;
+};
+
+// clang-format off
+const std::vector<Floor> kFloors{
+    {"platform",    {}},
+    {"core",        {"platform"}},
+    {"bus",         {"platform", "core"}},
+    {"views",       {"platform", "core", "bus", "formula"}},
+    {"calibration", {"platform", "core", "bus"}},
+    {"anyedit",     {"platform", "core", "bus"}},
+    {"recipe",      {"platform", "core", "bus", "anyedit"}},
+    {"diagnostics", {"platform", "core", "bus"}},
+    {"formula",     {"platform", "core", "bus"}},
+    {"component",   {"platform", "core", "bus", "views", "calibration", "anyedit", "recipe", "diagnostics", "formula"}},
+    {"simulator",   {"platform/base", "platform/xml", "platform/desktop"}},
+    {"host",        {"platform", "simulator"}},
+    {"cli",         {"platform", "simulator", "host"}},
+    {"workbench",   {"platform", "simulator", "host"}},
+};
+// Inside the ground floor: who of it may include whom.
+const std::vector<Floor> kGround{
+    {"platform/base",     {"platform/types", "platform/xml"}},  // the error trap knows the messenger, the registry documents
+    {"platform/types",    {"platform/base", "platform/xml"}},
+    {"platform/xml",      {"platform/base"}},
+    {"platform/desktop",  {"platform/base"}},
+    {"platform/controls", {"platform/base", "platform/types", "platform/xml", "platform/desktop"}},
+};
+// clang-format on
+
+// Third parties, each with the only floors that may know it.
+const std::vector<std::pair<std::regex, std::set<std::string>>> kThirdParties{
+    {std::regex("pugixml\\.hpp"), {"platform"}},
+    {std::regex("CLI/.*"), {"cli"}},
+    {std::regex("Q[A-Z].*|qcustomplot\\.h|Qt.*"), {"workbench"}},
+};
+
+struct Source {
+  fs::path path;
+  std::string text;
+  std::string shortName() const { return path.lexically_relative(kTree).generic_string(); }
+};
+
+bool isSource(const fs::path& path) {
+  static const std::set<std::string> kEndings{".h", ".cpp", ".map"};
+  return kEndings.count(path.extension().string()) > 0;
+}
+
+std::vector<Source> sourcesBelow(const fs::path& folder, bool (*wanted)(const fs::path&) = isSource) {
+  std::vector<Source> sources;
+  if (!fs::exists(folder)) return sources;
+  for (const auto& entry : fs::recursive_directory_iterator(folder))
+    if (entry.is_regular_file() && wanted(entry.path())) sources.push_back({entry.path(), readWholeFile(entry.path())});
+  return sources;
+}
+
+std::vector<std::string> includesOf(const std::string& text, char open) {
+  static const std::regex kLine("(?:^|\\n)[ \\t]*#[ \\t]*include[ \\t]*([<\"])([^>\"]+)[>\"]");
+  std::vector<std::string> names;
+  for (std::sregex_iterator at(text.begin(), text.end(), kLine), end; at != end; ++at)
+    if ((*at)[1].str()[0] == open) names.push_back((*at)[2]);
+  return names;
+}
+
+fs::path folderOf(const std::string& floor) {
+  return fs::exists(kTree / "src" / floor) || floor.starts_with("platform") ? kTree / "src" / floor : kTree / floor;
+}
+
+bool isBelow(std::string_view include, std::string_view folder) { return include.starts_with(folder) && include.substr(folder.size()).starts_with('/'); }
+
+void checkIncludes(const Floor& floor) {
+  for (const Source& source : sourcesBelow(folderOf(floor.name)))
+    for (const std::string& include : includesOf(source.text, '"')) {
+      if (include.find('/') == include.npos) {
+        EXPECT_TRUE(fs::exists(source.path.parent_path() / include)) << source.shortName() << " includes " << include << ": no such file beside it";
+        continue;
+      }
+      const bool allowed = isBelow(include, floor.name) || std::any_of(floor.mayInclude.begin(), floor.mayInclude.end(), [&](const std::string& folder) { return isBelow(include, folder); });
+      EXPECT_TRUE(allowed) << source.shortName() << " must not include " << include;
+    }
+}
+
+TEST(ArchitectureTest, EveryFloorIncludesOnlyWhatItMay) {
+  for (const Floor& floor : kFloors) checkIncludes(floor);
+}
+
+TEST(ArchitectureTest, TheGroundFloorHasItsOrderToo) {
+  for (const Floor& floor : kGround) checkIncludes(floor);
+}
+
+TEST(ArchitectureTest, EveryFolderOfSourcesIsAFloor) {
+  std::set<std::string> known;
+  for (const Floor& floor : kFloors) known.insert(floor.name);
+  for (const auto& entry : fs::directory_iterator(kTree / "src")) EXPECT_TRUE(known.count(entry.path().filename().string())) << entry.path();
+}
+
+TEST(ArchitectureTest, TheHostNeverSeesAView) {
+  for (const char* program : {"host", "cli", "workbench"})
+    for (const Source& source : sourcesBelow(kTree / program))
+      for (const std::string& include : includesOf(source.text, '"'))
+        for (const char* floor : {"core", "bus", "views", "calibration", "anyedit", "recipe", "diagnostics", "formula", "component"})
+          EXPECT_FALSE(isBelow(include, floor)) << source.shortName() << " must not include " << include;
+}
+
+TEST(ArchitectureTest, ThirdPartiesStayWhereTheyBelong) {
+  for (const Floor& floor : kFloors)
+    for (const Source& source : sourcesBelow(folderOf(floor.name)))
+      for (const std::string& include : includesOf(source.text, '<'))
+        for (const auto& [pattern, floors] : kThirdParties)
+          if (std::regex_match(include, pattern)) {
+            EXPECT_TRUE(floors.count(floor.name)) << source.shortName() << " must not include <" << include << ">";
+          }
+}
+
+TEST(ArchitectureTest, NumbersAndTimeGoThroughTheirOneDoor) {
+  // Streams, the C library's readers and the process's locale would follow the user's locale; threads and sleeps
+  // would pass by the desktop's clock.
+  const std::regex kForbidden(
+      "\\b(strtod|strtof|atof|stod|stof|setlocale|imbue|stringstream|ostringstream|istringstream|sscanf|this_thread|sleep_for)\\b");
+  for (const Floor& floor : kFloors) {
+    if (std::string_view(floor.name) == "workbench" || std::string_view(floor.name) == "cli") continue;
+    for (const Source& source : sourcesBelow(folderOf(floor.name))) {
+      if (source.path.stem() == "RealDesktop") continue;
+      std::smatch found;
+      EXPECT_FALSE(std::regex_search(source.text, found, kForbidden)) << source.shortName() << " uses " << found.str();
+    }
+  }
+}
+
+bool isPublicText(const fs::path& path) {
+  static const std::set<std::string> kEndings{".h", ".cpp", ".map", ".md", ".txt", ".xml", ".transcript", ".cmake", ".sh"};
+  return kEndings.count(path.extension().string()) > 0 || !path.has_extension();
+}
+
+std::vector<Source> publicTexts() {
+  std::vector<Source> all;
+  for (const auto& entry : fs::directory_iterator(kTree)) {
+    const std::string name = entry.path().filename().string();
+    if (name.starts_with(".") || name.starts_with("build") || name == "out" || name == "compile_commands.json") continue;
+    if (entry.is_directory())
+      for (Source& source : sourcesBelow(entry.path(), isPublicText)) all.push_back(std::move(source));
+    else if (isPublicText(entry.path()))
+      all.push_back({entry.path(), readWholeFile(entry.path())});
+  }
+  return all;
+}
+
+TEST(ArchitectureTest, TheSourcesSpeakForThemselves) {
+  // Written apart, so that this file passes its own test.
+  const std::regex kOutside(std::string("\\b[Ss]pecifi") + "cation\\b|\\b[Pp]ar" + "ts? [0-9]+\\.[0-9]");
+  const std::vector<Source> all = publicTexts();
+  ASSERT_GT(all.size(), 50u);
+  for (const Source& source : all) {
+    std::smatch found;
+    EXPECT_FALSE(std::regex_search(source.text, found, kOutside)) << source.shortName() << " says \"" << found.str() << "\"";
+  }
+}
+
+TEST(ArchitectureTest, NoFileIsLong) {
+  constexpr long kMostLines = 600;
+  for (const char* folder : {"src", "host", "simulator", "cli", "workbench", "tests", "benchmarks", "bench", "fuzz"})
+    for (const Source& source : sourcesBelow(kTree / folder)) {
+      const long lines = std::count(source.text.begin(), source.text.end(), '\n');
+      EXPECT_LE(lines, kMostLines) << source.shortName();
+    }
+}
+
+TEST(ArchitectureTest, HeadersAreIncludedOnce) {
+  for (const char* folder : {"src", "host", "simulator", "cli", "workbench", "tests"})
+    for (const Source& source : sourcesBelow(kTree / folder))
+      if (source.path.extension() == ".h") {
+        EXPECT_NE(source.text.find("#pragma once"), std::string::npos) << source.shortName();
+      }
+}
+
+}  // namespace
+}  // namespace ostrand

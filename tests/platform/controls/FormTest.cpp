@@ -1,0 +1,215 @@
+#include "platform/controls/Form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/controls/CtrMonitoring.h"
+#include "platform/controls/CtrTextEdit.h"
+#include "platform/desktop/VirtualDesktop.h"
+#include "support/FakeCalls.h"
+#include "support/RecordingProbe.h"
+
+namespace ostrand {
+namespace {
+
+using namespace test;
+using testing::ElementsAre;
+
+// A component that is nothing but a form.
+class Panel : public Component {
+ public:
+  std::function<void(Panel&, Form&)> declaration;
+  ::ostrand::Frame frame1{"frame1"}, frame2{"frame2"};
+  Label title{"title"}, label1{"label1"}, label2{"label2"}, head1{"head1"}, head2{"head2"};
+  CtrDateLabel stamp{"stamp"};
+  CtrTextEdit a{"a"}, b{"b"}, c{"c"}, d{"d"};
+  CommandButton button{"button"}, button2{"button2"};
+  PictureBox picture{"picture"};
+  ListView list{"list"}, list2{"list2"};
+  ControlArray<OptionButton> options{"options"};
+  ControlArray<CtrTextEdit> holes{"holes"};
+  Nested<CtrMonitoring> nested{"nested"};
+
+  std::vector<std::string> names() const {
+    std::vector<std::string> all;
+    for (const Control* control : controls()) all.push_back(control->name());
+    return all;
+  }
+  std::string_view objectName() const override { return "Panel"; }
+
+ protected:
+  void declare(Form& form) override { declaration(*this, form); }
+  bool offerInterface(const Guid&, void**) noexcept override { return false; }
+};
+
+using Place = std::tuple<int, int, int, int>;
+Place placeOf(const Control& control) { return {control.Left(), control.Top(), control.Width(), control.Height()}; }
+
+struct FormTest : testing::Test {
+  VirtualDesktop desktop;
+  Ref<Panel> panel{new Panel};
+  void declare(std::function<void(Panel&, Form&)> declaration) {
+    panel->declaration = std::move(declaration);
+    panel->Place(desktop, nullptr, "panel");
+  }
+};
+
+TEST_F(FormTest, TheOrderOfGetControls) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one")
+        .title(at.title, "one")
+        .stamp(at.stamp, "date_one")
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .cell(at.b, "ctr_b")
+        .button(at.button, "accept", "Accept");
+    form.frame(at.frame2, "two").row(at.label2, "l2", at.c, "ctr_c");
+    form.nested(at.nested, "live");
+  });
+  EXPECT_THAT(panel->names(), ElementsAre("frame1", "title", "stamp", "label1", "a", "b", "button", "frame2", "label2", "c", "nested"));
+  EXPECT_EQ(panel->frame1.Tag(), "one");
+  EXPECT_EQ(panel->title.Tag(), "one");
+  EXPECT_EQ(panel->stamp.Tag(), "date_one");
+  EXPECT_EQ(panel->label1.Tag(), "l1");
+  EXPECT_EQ(panel->a.Tag(), "ctr_a");
+  EXPECT_EQ(panel->button.Tag(), "accept");
+  EXPECT_EQ(panel->button.Caption(), "Accept");
+  EXPECT_EQ(panel->nested.Tag(), "live");
+  EXPECT_EQ(panel->nested->tag(), "live");
+  EXPECT_EQ(panel->front(), &panel->frame1);
+  for (Control* control : panel->controls()) EXPECT_EQ(control->owner(), panel.get());
+}
+
+TEST_F(FormTest, RowsPlaceThemselves400Apart) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").row(at.label2, "l2", at.b, "ctr_b").cell(at.c, "ctr_c").button(at.button, "k", "K");
+  });
+  EXPECT_EQ(placeOf(panel->frame1), Place(0, 0, panel->width(), panel->height()));
+  EXPECT_EQ(panel->b.Top() - panel->a.Top(), 400);
+  EXPECT_EQ(panel->button.Top() - panel->b.Top(), 400);
+  EXPECT_EQ(panel->label1.Top(), panel->a.Top());
+  EXPECT_EQ(panel->c.Top(), panel->b.Top());
+  EXPECT_GT(panel->a.Left(), panel->label1.Left() + panel->label1.Width());
+  EXPECT_GT(panel->c.Left(), panel->b.Left() + panel->b.Width());
+  EXPECT_EQ(panel->a.Left(), panel->b.Left());
+}
+
+TEST_F(FormTest, ATableHasItsHeadsOverItsColumns) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one")
+        .heads({{&at.head1, "h1"}, {&at.head2, "h2"}})
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .cell(at.b, "ctr_b");
+  });
+  EXPECT_EQ(panel->head1.Left(), panel->a.Left());
+  EXPECT_EQ(panel->head2.Left(), panel->b.Left());
+  EXPECT_EQ(panel->a.Top() - panel->head1.Top(), 400);
+}
+
+TEST_F(FormTest, AStackHasOneVisibleControlOnOnePlace) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").button(at.button, "first", "First").over(at.button2, "second", "Second").hidden(at.c, "ctr_c").row(at.d, "ctr_d");
+  });
+  EXPECT_TRUE(panel->button.Visible());
+  EXPECT_FALSE(panel->button2.Visible());
+  EXPECT_FALSE(panel->c.Visible());
+  EXPECT_EQ(panel->button2.Caption(), "Second");
+  EXPECT_EQ(placeOf(panel->button), placeOf(panel->button2));
+  EXPECT_EQ(panel->d.Top() - panel->button.Top(), 400) << "what is not shown takes no row";
+}
+
+TEST_F(FormTest, AGroupStandsOnItsHolderWhereverItBegins) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one")
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .group(at.picture, {{&at.options.at(0), "o0"}, {&at.options.at(1), "o1"}})
+        .row(at.label2, "l2", at.b, "ctr_b");
+  });
+  EXPECT_EQ(panel->picture.Top() - panel->a.Top(), 400);
+  EXPECT_EQ(panel->options(0).Top(), panel->picture.Top());
+  EXPECT_EQ(panel->options(1).Top() - panel->options(0).Top(), 400);
+  EXPECT_EQ(panel->picture.Height(), 800);
+  EXPECT_EQ(panel->b.Top() - panel->options(1).Top(), 400);
+  panel->options(0).click();
+  panel->options(1).click();
+  EXPECT_FALSE(panel->options(0).Value());
+}
+
+TEST_F(FormTest, APanelTakesTheRestOfTheFrame) {
+  declare([](Panel& at, Form& form) { form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").panel(at.nested, "live"); });
+  EXPECT_EQ(placeOf(panel->nested), Place(0, panel->a.Top() + 400, panel->width(), panel->height() - panel->a.Top() - 400));
+  EXPECT_EQ(panel->nested.kind(), Control::Kind::Nested);
+  EXPECT_EQ(panel->nested.className(), "CtrMonitoring");
+}
+
+TEST_F(FormTest, AControlMayFillTheFrameOrThePanel) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").fill(at.list, "list");
+    form.fill(at.picture, "picture");
+    form.free(at.label2, "free", 1, 2, 3, 4);
+  });
+  EXPECT_EQ(placeOf(panel->label2), Place(1, 2, 3, 4));
+  EXPECT_EQ(panel->list.Top(), panel->a.Top() + 400);
+  EXPECT_LE(panel->list.Top() + panel->list.Height(), panel->height());
+  EXPECT_LE(panel->list.Left() + panel->list.Width(), panel->width());
+  EXPECT_EQ(placeOf(panel->picture), Place(0, 0, panel->width(), panel->height()));
+}
+
+TEST_F(FormTest, TablesShareTheFrame) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").table(at.list, "list", {{"c1", 100}, {"c2", 200}}, 2).table(at.list2, "list2", {}, 2);
+  });
+  EXPECT_EQ(panel->list.ColumnCount(), 2);
+  EXPECT_EQ(panel->list.HeaderTag(2), "c2");
+  EXPECT_EQ(panel->list.ColumnWidth(2), 200);
+  EXPECT_GE(panel->list2.Top(), panel->list.Top() + panel->list.Height());
+  EXPECT_LE(panel->list2.Top() + panel->list2.Height(), panel->height());
+}
+
+TEST_F(FormTest, ArraysMayHaveHoles) {
+  declare([](Panel& at, Form& form) { form.frame(at.frame1, "one").row(at.holes.at(1), "ctr_1").row(at.holes.at(4), "ctr_4").row(at.holes.next(), "ctr_5"); });
+  EXPECT_EQ(panel->holes.size(), 6);
+  EXPECT_FALSE(panel->holes.has(0));
+  EXPECT_TRUE(panel->holes.has(1));
+  EXPECT_FALSE(panel->holes.has(-1));
+  EXPECT_FALSE(panel->holes.has(6));
+  EXPECT_EQ(panel->holes(4).name(), "holes(4)");
+  for (int index : {-1, 0, 2, 6}) {
+    try {
+      panel->holes(index);
+      ADD_FAILURE() << index;
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.number(), 9);
+    }
+  }
+  std::vector<int> visited;
+  panel->holes.each([&](int index, CtrTextEdit& edit) {
+    visited.push_back(index);
+    EXPECT_EQ(edit.Tag(), "ctr_" + std::to_string(index));
+  });
+  EXPECT_THAT(visited, ElementsAre(1, 4, 5));
+}
+
+TEST_F(FormTest, WhatAFormDeclaresIsNotProbed) {
+  RecordingProbe probe;
+  probe.readings = true;
+  desktop.setProbe(&probe);
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one")
+        .title(at.title, "one")
+        .stamp(at.stamp, "date_one")
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .hidden(at.b, "ctr_b")
+        .group(at.picture, {{&at.options.at(0), "o0"}})
+        .button(at.button, "accept", "Accept");
+  });
+  EXPECT_THAT(probe.calls.take(), ElementsAre());
+  panel->a.Tag();
+  EXPECT_THAT(probe.calls.take(), ElementsAre("a.Tag?"));
+  desktop.setProbe(nullptr);
+}
+
+}  // namespace
+}  // namespace ostrand

@@ -1,0 +1,56 @@
+#include "workbench/render/ControlRenderer.h"
+
+#include <QFontMetrics>
+#include <QStyle>
+
+#include "workbench/render/FormPage.h"
+#include "workbench/render/ViewPanel.h"
+
+namespace ostrand {
+
+QString toQt(const std::string& text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
+
+std::string fromQt(const QString& text) { return text.toStdString(); }
+
+ViewPanel& ControlRenderer::panel() const { return mPage.panel(); }
+
+const Theme& ControlRenderer::theme() const { return mPage.panel().theme(); }
+
+void ControlRenderer::arrange(const Place& place) {
+  const QRect* const rects[] = {&place.field, &place.companion, &place.state};
+  const std::vector<QWidget*> all = widgets();
+  for (std::size_t i = 0; i < all.size() && i < std::size(rects); ++i)
+    if (all[i] && all[i]->geometry() != *rects[i]) all[i]->setGeometry(*rects[i]);
+}
+
+QString ControlRenderer::explanation() const { return reason().toHtmlEscaped(); }
+
+bool ControlRenderer::key(QKeyEvent&) { return false; }
+
+bool ControlRenderer::act(const std::function<void()>& action) {
+  if (!panel().act(mControl, action)) return false;
+  mPage.changed(mControl);
+  return true;
+}
+
+QString ControlRenderer::reason() const {
+  if (mControl.Enabled() || !panel().whyDisabled) return {};
+  return panel().whyDisabled(mControl);
+}
+
+void ControlRenderer::setLook(QWidget& widget, const char* property, const QString& value) {
+  if (widget.property(property).toString() == value) return;
+  widget.setProperty(property, value);
+  widget.style()->unpolish(&widget);
+  widget.style()->polish(&widget);
+}
+
+void ControlRenderer::setEnabled(QWidget& widget, bool enabled) {
+  if (widget.isEnabled() != enabled) widget.setEnabled(enabled);
+}
+
+int ControlRenderer::lineHeight() const { return QFontMetrics(theme().font()).height(); }
+
+int ControlRenderer::fieldHeight() const { return lineHeight() + theme().px(16); }
+
+}  // namespace ostrand

@@ -1,0 +1,337 @@
+#include "workbench/render/FormPage.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "platform/controls/Component.h"
+#include "platform/controls/Frame.h"
+#include "platform/controls/Nested.h"
+#include "workbench/render/LabelRenderer.h"
+#include "workbench/render/RendererTable.h"
+#include "workbench/render/ViewPanel.h"
+
+namespace ostrand {
+
+namespace {
+
+QRect declaredPlace(const Control& control) { return {control.Left(), control.Top(), control.Width(), control.Height()}; }
+
+// What takes the whole component, and of which one at a time is in front.
+bool isPanel(const Component& component, const Control& control) {
+  if (control.kind() == Control::Kind::Frame) return true;
+  return control.kind() == Control::Kind::Nested && control.Left() == 0 && control.Top() == 0 && control.Width() >= component.width() &&
+         control.Height() >= component.height();
+}
+
+std::vector<Control*> membersOf(const Component& component, const Control* front) {
+  std::vector<Control*> members;
+  if (front && front->kind() != Control::Kind::Frame) {
+    members.push_back(const_cast<Control*>(front));
+    return members;
+  }
+  const Control* panel = nullptr;
+  for (Control* control : component.controls()) {
+    if (isPanel(component, *control) && component.front())
+      panel = control;
+    else if (panel == front)
+      members.push_back(control);
+  }
+  return members;
+}
+
+}  // namespace
+
+FormPage::FormPage(ViewPanel& panel, Component& component, Control* front, QWidget* parent)
+    : QWidget(parent), mPanel(panel), mComponent(component), mFront(front) {
+  setAutoFillBackground(false);
+  if (front && front->kind() == Control::Kind::Nested) {
+    auto heading = std::make_unique<QLabel>(this);
+    heading->setProperty("role", "title");
+    mHeading = std::move(heading);
+  }
+  const std::vector<Control*> members = membersOf(component, front);
+  mItems.reserve(members.size());
+  for (Control* control : members) add(*control);
+  restyle();
+}
+
+FormPage::~FormPage() {
+  // Widgets that die may still tell of it; nobody listens any more.
+  mRetired = true;
+  for (Item& item : mItems) item.renderer->control().changed.disconnect(item.listening);
+  for (const auto& [widget, renderer] : mByWidget) const_cast<QObject*>(widget)->removeEventFilter(this);
+}
+
+void FormPage::add(Control& control) {
+  Item& item = mItems.emplace_back();
+  item.renderer = makeRenderer(*this, control);
+  item.listening = control.changed.connect([this, &control] { changed(control); });
+  std::vector<QWidget*> watched = item.renderer->widgets();
+  watched.push_back(item.renderer->focusWidget());
+  for (QWidget* widget : watched) {
+    if (!widget || mByWidget.contains(widget)) continue;
+    widget->hide();
+    widget->installEventFilter(this);
+    mByWidget[widget] = item.renderer.get();
+  }
+  if (QWidget* keys = item.renderer->focusWidget()) keys->setFocusPolicy(Qt::StrongFocus);
+}
+
+void FormPage::retire() {
+  mRetired = true;
+  for (const Item& item : mItems)
+    if (const FormPage* inside = item.renderer->inside()) const_cast<FormPage*>(inside)->retire();
+}
+
+// --- following the model
+
+void FormPage::changed(Control& control) {
+  for (Item& item : mItems)
+    if (&item.renderer->control() == &control) item.dirty = true;
+  mPanel.schedule();
+}
+
+void FormPage::changedAll() {
+  for (Item& item : mItems) {
+    item.dirty = true;
+    if (const FormPage* inside = item.renderer->inside()) const_cast<FormPage*>(inside)->changedAll();
+  }
+  mPanel.schedule();
+}
+
+bool FormPage::measure(Item& item) {
+  Extent now = item.renderer->extent();
+  now.field = std::max(now.field, item.extent.field);
+  now.companion = std::max(now.companion, item.extent.companion);
+  now.tail = std::max(now.tail, item.extent.tail);
+  const QRect declared = declaredPlace(item.renderer->control());
+  const bool visible = item.renderer->control().Visible();
+  const bool same = now == item.extent && declared == item.declared && visible == item.visible;
+  item.extent = now;
+  item.declared = declared;
+  item.visible = visible;
+  return !same;
+}
+
+void FormPage::follow() {
+  if (mRetired) return;
+  bool moved = false;
+  for (Item& item : mItems) {
+    if (!item.dirty && !item.renderer->inside()) continue;
+    item.dirty = false;
+    try {
+      item.renderer->sync();
+      moved |= measure(item);
+    } catch (...) {
+      // A control that cannot be read stays as it is on the screen; the rest goes on.
+    }
+  }
+  if (auto* heading = static_cast<QLabel*>(mHeading.get())) {
+    const QString text = mPanel.label(mFront->Tag());
+    if (heading->text() != text) heading->setText(text), moved = true;
+  }
+  if (moved) layOut();
+}
+
+void FormPage::restyle() {
+  if (mHeading) mHeading->setFont(mPanel.theme().font(Theme::Text::Title));
+  for (Item& item : mItems) item.renderer->restyle();
+  forgetWidths();
+}
+
+void FormPage::forgetWidths() {
+  for (Item& item : mItems) item.extent = {};
+  for (Item& item : mItems)
+    if (const FormPage* inside = item.renderer->inside()) const_cast<FormPage*>(inside)->forgetWidths();
+  changedAll();
+}
+
+// --- places
+
+void FormPage::layOut() {
+  const Theme& theme = mPanel.theme();
+  FormLayout::Measures measures;
+  measures.panel = QSize(mComponent.width(), mComponent.height());
+  measures.margin = theme.px(24);
+  measures.columnGap = theme.px(24);
+  measures.companionGap = theme.px(8);
+  measures.rowGap = theme.px(10);
+  measures.fieldHeight = QFontMetrics(theme.font()).height() + theme.px(16);
+
+  std::vector<FormLayout::Cell> cells;
+  for (const Item& item : mItems) {
+    if (!item.visible || item.renderer->widgets().empty()) continue;
+    FormLayout::Cell& cell = cells.emplace_back();
+    cell.declared = item.declared;
+    cell.extent = item.extent;
+    cell.fills = item.renderer->fills() && item.declared.width() * 10 >= mComponent.width() * 8 &&
+                 item.declared.bottom() + 2 * measures.rowTwips >= mComponent.height();
+    cell.bare = item.renderer->inside() != nullptr;
+  }
+  mLayout.measure(std::move(cells), measures);
+  QSize least = mLayout.minimum();
+  if (mHeading) {
+    const QSize heading = mHeading->sizeHint();
+    least = QSize(std::max(least.width(), heading.width() + 2 * measures.margin), least.height() + measures.margin + heading.height());
+  }
+  if (least != minimumSize()) {
+    setMinimumSize(least);
+    updateGeometry();
+  }
+  place();
+  nameFields();
+}
+
+void FormPage::place() {
+  if (mLayout.cells().empty()) return;
+  int top = 0;
+  if (mHeading) {
+    const int margin = mPanel.theme().px(24);
+    const int height = mHeading->sizeHint().height();
+    mHeading->setGeometry(margin, margin, width() - 2 * margin, height);
+    mHeading->show();
+    top = margin + height;
+  }
+  mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top));
+  std::size_t next = 0;
+  for (Item& item : mItems) {
+    const bool shown = item.visible && !item.renderer->widgets().empty();
+    if (shown) {
+      Place at = mLayout.cells()[next++].place;
+      for (QRect* rect : {&at.field, &at.companion, &at.state}) rect->translate(0, top);
+      item.renderer->arrange(at);
+    }
+    for (QWidget* widget : item.renderer->widgets())
+      if (widget->isHidden() == shown) widget->setVisible(shown);
+  }
+  mRule = 0;
+  if (!mHeading && mFront && mFront->kind() == Control::Kind::Frame) mRule = mLayout.firstRowBottom() + mPanel.theme().px(6);
+  if (mHeading) mRule = top + mPanel.theme().px(6);
+}
+
+// Who does not see the screen hears the label with the field that stands behind it.
+void FormPage::nameFields() {
+  const LabelRenderer* label = nullptr;
+  int row = 0;
+  for (const Item& item : mItems) {
+    if (!item.visible) continue;
+    QWidget* const keys = item.renderer->focusWidget();
+    if (const auto* found = dynamic_cast<const LabelRenderer*>(item.renderer.get())) {
+      label = found;
+      row = item.declared.y();
+    } else if (keys && label && row == item.declared.y() && keys->accessibleName() != label->text()) {
+      keys->setAccessibleName(label->text());
+    }
+  }
+}
+
+void FormPage::resizeEvent(QResizeEvent*) { place(); }
+
+void FormPage::showEvent(QShowEvent*) { mPanel.schedule(); }
+
+void FormPage::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const Theme& theme = mPanel.theme();
+  painter.fillRect(rect(), theme.surface);
+  if (mRule == 0) return;
+  painter.setPen(theme.line);
+  painter.drawLine(theme.px(24), mRule, width() - theme.px(24), mRule);
+}
+
+// --- looking
+
+std::vector<ControlRenderer*> FormPage::renderers() const {
+  std::vector<ControlRenderer*> all;
+  for (const Item& item : mItems) {
+    all.push_back(item.renderer.get());
+    if (const FormPage* inside = item.renderer->inside()) {
+      const std::vector<ControlRenderer*> more = inside->renderers();
+      all.insert(all.end(), more.begin(), more.end());
+    }
+  }
+  return all;
+}
+
+ControlRenderer* FormPage::rendererOf(const Control& control) const {
+  for (ControlRenderer* renderer : renderers())
+    if (&renderer->control() == &control) return renderer;
+  return nullptr;
+}
+
+// --- keys
+
+bool FormPage::leaves(const QWidget& widget, int reason) const {
+  switch (reason) {
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+    case Qt::ActiveWindowFocusReason: return false;
+    default: break;
+  }
+  // An edit in place of a list, say, is a part of it.
+  if (const QWidget* to = QApplication::focusWidget(); to && widget.isAncestorOf(to)) return false;
+  // One that was disabled or hidden under the user's hands is not left by him.
+  return widget.isEnabled() && widget.isVisible();
+}
+
+bool FormPage::eventFilter(QObject* watched, QEvent* event) {
+  const auto found = mByWidget.find(watched);
+  if (mRetired || found == mByWidget.end()) return QWidget::eventFilter(watched, event);
+  ControlRenderer& renderer = *found->second;
+  auto& widget = static_cast<QWidget&>(*watched);
+  switch (event->type()) {
+    case QEvent::ToolTip: {
+      const QString text = renderer.explanation();
+      if (text.isEmpty())
+        QToolTip::hideText();
+      else
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text, &widget);
+      return true;
+    }
+    case QEvent::Wheel:
+      // A wheel over a field scrolls the page, unless the user is in that field.
+      if (&widget == renderer.focusWidget() && !widget.hasFocus() && !renderer.fills()) {
+        event->ignore();
+        return true;
+      }
+      break;
+    case QEvent::ShortcutOverride: {
+      const auto& key = static_cast<QKeyEvent&>(*event);
+      if (key.matches(QKeySequence::Undo) || (key.key() == Qt::Key_Escape && renderer.hasTyping())) {
+        event->accept();
+        return true;
+      }
+      break;
+    }
+    case QEvent::KeyPress: {
+      auto& key = static_cast<QKeyEvent&>(*event);
+      const bool plain = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+      const bool back = key.key() == Qt::Key_Backtab || (key.key() == Qt::Key_Tab && key.modifiers() & Qt::ShiftModifier);
+      if (plain && (back || key.key() == Qt::Key_Tab)) {
+        mPanel.tab(renderer.control(), !back);
+        return true;
+      }
+      if (renderer.key(key)) return true;
+      break;
+    }
+    case QEvent::FocusIn:
+      if (&widget == renderer.focusWidget()) mPanel.focusCame(renderer.control());
+      break;
+    case QEvent::FocusOut:
+      if (&widget == renderer.focusWidget() && leaves(widget, static_cast<QFocusEvent*>(event)->reason())) {
+        renderer.commit();
+        mPanel.focusWent(renderer.control());
+      }
+      break;
+    default: break;
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+}  // namespace ostrand

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/controls/CaptionedControl.h"
+#include "workbench/render/ControlRenderer.h"
+
+namespace ostrand {
+
+// A text before a field, or over a column; the heading of a frame is the label that bears the frame's own key.
+class LabelRenderer : public ControlRenderer {
+ public:
+  LabelRenderer(FormPage& page, CaptionedControl& label);
+
+  std::vector<QWidget*> widgets() const override;
+  void restyle() override;
+  void sync() override;
+  Extent extent() const override;
+  QString text() const;
+
+ private:
+  bool isHeading() const;
+  CaptionedControl& mModel;
+  QLabel* mLabel;
+};
+
+}  // namespace ostrand

@@ -1,0 +1,288 @@
+#include "workbench/render/ListViewRenderer.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "platform/base/NumberText.h"
+#include "platform/controls/Form.h"
+#include "workbench/render/FormPage.h"
+#include "workbench/render/ViewPanel.h"
+
+namespace ostrand {
+
+namespace {
+
+constexpr ushort kLowestBar = 0x2581;
+constexpr ushort kHighestBar = 0x2588;
+constexpr double kCellPadding = 10;
+constexpr int kRowsAtLeast = 4;
+
+bool isTrend(const QString& text) {
+  return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= kLowestBar && c.unicode() <= kHighestBar; });
+}
+
+bool isNumber(const QString& text) {
+  const std::string plain = fromQt(text);
+  return parseNumber(plain, '.') || parseNumber(plain, ',');
+}
+
+// A table that tells when its width is another one: only then the spare room can be shared out.
+class Table : public QTableView {
+ public:
+  using QTableView::QTableView;
+  std::function<void()> onResized;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QTableView::resizeEvent(event);
+    if (onResized) onResized();
+  }
+};
+
+// Paints a cell: no focus rectangle around single cells, distance at the sides, trends as lines.
+class CellPainter : public QStyledItemDelegate {
+ public:
+  CellPainter(const Theme& theme, QObject* parent) : QStyledItemDelegate(parent), mTheme(theme) {}
+  void restyle(const Theme& theme) { mTheme = theme; }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyleOptionViewItem quiet = option;
+    quiet.state &= ~QStyle::State_HasFocus;
+    const QString text = index.data(Qt::DisplayRole).toString();
+    if (!isTrend(text)) return QStyledItemDelegate::paint(painter, quiet, index);
+    painter->save();
+    if (option.state & QStyle::State_Selected) painter->fillRect(option.rect, mTheme.selection);
+    painter->setRenderHint(QPainter::Antialiasing);
+    const int pad = mTheme.px(kCellPadding);
+    const QRectF room = QRectF(option.rect).adjusted(pad, option.rect.height() * 0.25, -pad, -option.rect.height() * 0.25);
+    const double width = std::min(room.width(), text.size() * double(mTheme.px(9)));
+    QPolygonF line;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+      const double share = double(text[i].unicode() - kLowestBar) / (kHighestBar - kLowestBar);
+      line << QPointF(room.left() + width * static_cast<double>(i) / std::max<double>(1, static_cast<double>(text.size() - 1)), room.bottom() - share * room.height());
+    }
+    painter->setPen(QPen(mTheme.accent, mTheme.px(2), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(line);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(mTheme.accent);
+    painter->drawEllipse(line.back(), mTheme.px(3), mTheme.px(3));
+    painter->restore();
+  }
+
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const int pad = mTheme.px(kCellPadding);
+    option->rect.adjust(pad, 0, -pad, 0);
+  }
+
+ private:
+  Theme mTheme;
+};
+
+}  // namespace
+
+// --- the snapshot
+
+bool ListSnapshot::follow(const Theme& theme) {
+  std::vector<QString> headers;
+  for (int column = 1; column <= mList.ColumnCount(); ++column) headers.push_back(toQt(mList.Header(column)));
+  bool texts = headers != mHeaders;
+  const bool newForm = headers.size() != mHeaders.size() || mBoxes != mList.CheckBoxes() || mEditable != mList.LabelEdit();
+  const int count = mList.Count();
+  std::vector<Row> rows;
+  rows.reserve(static_cast<std::size_t>(count));
+  for (int row = 1; row <= count; ++row) {
+    Row& made = rows.emplace_back();
+    made.checked = mList.Checked(row);
+    for (int column = 1; column <= static_cast<int>(headers.size()); ++column)
+      made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(mList.CellColor(row, column))});
+  }
+  if (newForm) {
+    beginResetModel();
+    mHeaders = std::move(headers);
+    mRows = std::move(rows);
+    mBoxes = mList.CheckBoxes();
+    mEditable = mList.LabelEdit();
+    endResetModel();
+    texts = true;
+  } else {
+    if (texts) {
+      mHeaders = std::move(headers);
+      Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    }
+    if (rows.size() < mRows.size()) {
+      beginRemoveRows({}, static_cast<int>(rows.size()), rowCount() - 1);
+      mRows.resize(rows.size());
+      endRemoveRows();
+    }
+    for (std::size_t row = 0; row < mRows.size(); ++row) {
+      if (mRows[row] == rows[row]) continue;
+      for (std::size_t column = 0; column < mHeaders.size(); ++column) {
+        if (mRows[row].cells[column] == rows[row].cells[column] && (column > 0 || mRows[row].checked == rows[row].checked)) continue;
+        texts |= mRows[row].cells[column].text != rows[row].cells[column].text;
+        mRows[row].cells[column] = rows[row].cells[column];
+        if (column == 0) mRows[row].checked = rows[row].checked;
+        const QModelIndex cell = index(static_cast<int>(row), static_cast<int>(column));
+        Q_EMIT dataChanged(cell, cell);
+      }
+    }
+    if (rows.size() > mRows.size()) {
+      beginInsertRows({}, rowCount(), static_cast<int>(rows.size()) - 1);
+      for (std::size_t row = mRows.size(); row < rows.size(); ++row) mRows.push_back(rows[row]);
+      endInsertRows();
+      texts = true;
+    }
+  }
+  if (texts) {
+    mNumeric.assign(mHeaders.size(), false);
+    for (std::size_t column = 0; column < mHeaders.size(); ++column) {
+      int numbers = 0, others = 0;
+      for (const Row& row : mRows)
+        if (!row.cells[column].text.isEmpty()) ++(isNumber(row.cells[column].text) ? numbers : others);
+      mNumeric[column] = numbers > others;
+    }
+  }
+  return texts;
+}
+
+QVariant ListSnapshot::data(const QModelIndex& index, int role) const {
+  if (!index.isValid()) return {};
+  const Row& row = mRows[static_cast<std::size_t>(index.row())];
+  const Cell& cell = row.cells[static_cast<std::size_t>(index.column())];
+  switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole: return cell.text;
+    case Qt::ForegroundRole: return QBrush(cell.color);
+    case Qt::TextAlignmentRole: return int(Qt::AlignVCenter | (mNumeric[static_cast<std::size_t>(index.column())] ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::CheckStateRole: return mBoxes && index.column() == 0 ? QVariant(row.checked ? Qt::Checked : Qt::Unchecked) : QVariant();
+    default: return {};
+  }
+}
+
+QVariant ListSnapshot::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || section >= columnCount()) return {};
+  if (role == Qt::DisplayRole) return mHeaders[static_cast<std::size_t>(section)];
+  if (role == Qt::TextAlignmentRole)
+    return int(Qt::AlignVCenter | (static_cast<std::size_t>(section) < mNumeric.size() && mNumeric[static_cast<std::size_t>(section)] ? Qt::AlignRight : Qt::AlignLeft));
+  return {};
+}
+
+Qt::ItemFlags ListSnapshot::flags(const QModelIndex& index) const {
+  Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+  if (index.column() == 0 && mBoxes) flags |= Qt::ItemIsUserCheckable;
+  if (index.column() == 0 && mEditable) flags |= Qt::ItemIsEditable;
+  return flags;
+}
+
+bool ListSnapshot::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (role == Qt::CheckStateRole && onCheck) onCheck(index.row() + 1, value.toInt() == Qt::Checked);
+  if (role == Qt::EditRole && onEdit) onEdit(index.row() + 1, value.toString());
+  return false;  // what has come of it is seen when the model tells
+}
+
+// --- the renderer
+
+ListViewRenderer::ListViewRenderer(FormPage& page, ListView& list)
+    : ControlRenderer(page, list), mModel(list), mTable(new Table(&page)), mSnapshot(new ListSnapshot(list, mTable)) {
+  mTable->setModel(mSnapshot);
+  static_cast<Table*>(mTable)->onResized = [this] { shareWidth(); };
+  mTable->setItemDelegate(new CellPainter(theme(), mTable));
+  mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
+  mTable->setSelectionMode(QAbstractItemView::SingleSelection);
+  mTable->setTabKeyNavigation(false);
+  mTable->setShowGrid(false);
+  mTable->setWordWrap(false);
+  mTable->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+  mTable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+  mTable->verticalHeader()->hide();
+  mTable->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  mTable->horizontalHeader()->setHighlightSections(false);
+  mTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  mSnapshot->onCheck = [this](int row, bool on) { act([=, this] { mModel.check(row, on); }); };
+  mSnapshot->onEdit = [this](int row, const QString& text) { act([&, row] { mModel.editRow(row, fromQt(text)); }); };
+  QObject::connect(mTable, &QTableView::clicked, mTable, [this](const QModelIndex& index) { act([row = index.row() + 1, this] { mModel.clickRow(row); }); });
+}
+
+std::vector<QWidget*> ListViewRenderer::widgets() const { return {mTable}; }
+
+QWidget* ListViewRenderer::focusWidget() const { return mTable; }
+
+void ListViewRenderer::restyle() {
+  mTable->setFont(theme().font());
+  mTable->horizontalHeader()->setFont(theme().font(Theme::Text::Small));
+  mTable->verticalHeader()->setDefaultSectionSize(fieldHeight());
+  static_cast<CellPainter*>(mTable->itemDelegate())->restyle(theme());
+  mWidths.clear();
+}
+
+void ListViewRenderer::sync() {
+  if (mSnapshot->follow(theme()) || mWidths.empty()) {
+    mWidths.resize(static_cast<std::size_t>(mSnapshot->columnCount()));
+    for (std::size_t column = 0; column < mWidths.size(); ++column) mWidths[column] = std::max(mWidths[column], contentWidth(static_cast<int>(column)));
+    shareWidth();
+  }
+  const int selected = mModel.SelectedRow() - 1;
+  if (mTable->currentIndex().row() != selected && !mTable->isPersistentEditorOpen(mTable->currentIndex())) {
+    const QModelIndex at = selected >= 0 ? mSnapshot->index(selected, 0) : QModelIndex();
+    mTable->selectionModel()->setCurrentIndex(at, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  }
+  setEnabled(*mTable, mModel.Enabled());
+}
+
+int ListViewRenderer::contentWidth(int column) const {
+  const QFontMetrics body(mTable->font()), head(mTable->horizontalHeader()->font());
+  const int pad = 2 * theme().px(kCellPadding);
+  int widest = head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + pad + theme().px(4);
+  const int boxes = column == 0 && mModel.CheckBoxes() ? theme().px(28) : 0;
+  for (int row = 0; row < mSnapshot->rowCount(); ++row) {
+    const QString text = mSnapshot->index(row, column).data(Qt::DisplayRole).toString();
+    const int width = isTrend(text) ? static_cast<int>(text.size()) * theme().px(9) : body.horizontalAdvance(text);
+    widest = std::max(widest, width + pad + boxes + theme().px(8));
+  }
+  return widest;
+}
+
+// What is left over goes to the columns as the form shares its own width among them.
+void ListViewRenderer::shareWidth() {
+  int needed = 0, declared = 0;
+  for (std::size_t i = 0; i < mWidths.size(); ++i) {
+    needed += mWidths[i];
+    declared += std::max(1, mModel.ColumnWidth(static_cast<int>(i) + 1));
+  }
+  const int spare = std::max(0, mTable->viewport()->width() - needed);
+  int given = 0;
+  for (std::size_t i = 0; i < mWidths.size(); ++i) {
+    const bool last = i + 1 == mWidths.size();
+    const int more = last ? spare - given : static_cast<int>(double(spare) * std::max(1, mModel.ColumnWidth(static_cast<int>(i) + 1)) / declared);
+    given += more;
+    if (mTable->columnWidth(static_cast<int>(i)) != mWidths[i] + more) mTable->setColumnWidth(static_cast<int>(i), mWidths[i] + more);
+  }
+}
+
+Extent ListViewRenderer::extent() const {
+  int width = 2 + mTable->verticalScrollBar()->sizeHint().width();
+  for (int column : mWidths) width += column;
+  const int declaredRows = std::max(kRowsAtLeast, mModel.Height() / Form::kRowHeight);
+  const int rows = std::clamp(mSnapshot->rowCount(), kRowsAtLeast, declaredRows);
+  return {.field = width, .height = mTable->horizontalHeader()->sizeHint().height() + rows * fieldHeight() + 2};
+}
+
+bool ListViewRenderer::key(QKeyEvent& event) {
+  if (!mTable->hasFocus()) return false;  // it is the key of an edit in place
+  int row = mTable->currentIndex().row();
+  switch (event.key()) {
+    case Qt::Key_Up: row = std::max(0, row - 1); break;
+    case Qt::Key_Down: ++row; break;
+    case Qt::Key_Home: row = 0; break;
+    case Qt::Key_End: row = mSnapshot->rowCount() - 1; break;
+    default: return false;
+  }
+  if (row >= 0 && row < mSnapshot->rowCount()) act([=, this] { mModel.clickRow(row + 1); });
+  return true;
+}
+
+}  // namespace ostrand

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStyledItemDelegate>
+#include <QTableView>
+#include <vector>
+
+#include "platform/controls/ListView.h"
+#include "workbench/render/ControlRenderer.h"
+
+namespace ostrand {
+
+// What a list showed when it was last looked at; tells the view only the cells that differ.
+class ListSnapshot : public QAbstractTableModel {
+ public:
+  // The user's actions.
+  std::function<void(int row, bool on)> onCheck;
+  std::function<void(int row, const QString& text)> onEdit;
+
+  explicit ListSnapshot(ListView& list, QObject* parent) : QAbstractTableModel(parent), mList(list) {}
+
+  // True if a text has changed.
+  bool follow(const Theme& theme);
+
+  int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : static_cast<int>(mRows.size()); }
+  int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : static_cast<int>(mHeaders.size()); }
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+ private:
+  struct Cell {
+    QString text;
+    QColor color;
+    friend bool operator==(const Cell&, const Cell&) = default;
+  };
+  struct Row {
+    std::vector<Cell> cells;
+    bool checked = false;
+    friend bool operator==(const Row&, const Row&) = default;
+  };
+
+  ListView& mList;
+  std::vector<QString> mHeaders;
+  std::vector<bool> mNumeric;  // by column: most of its cells are numbers
+  std::vector<Row> mRows;
+  bool mBoxes = false;
+  bool mEditable = false;
+};
+
+// A table. A cell of nothing but block characters is a trend and is painted as a line.
+class ListViewRenderer : public ControlRenderer {
+ public:
+  ListViewRenderer(FormPage& page, ListView& list);
+
+  std::vector<QWidget*> widgets() const override;
+  QWidget* focusWidget() const override;
+  void restyle() override;
+  void sync() override;
+  Extent extent() const override;
+  bool key(QKeyEvent& event) override;
+  bool fills() const override { return true; }
+
+ private:
+  void shareWidth();
+  int contentWidth(int column) const;
+  ListView& mModel;
+  QTableView* mTable;
+  ListSnapshot* mSnapshot;
+  std::vector<int> mWidths;  // what the contents need
+};
+
+}  // namespace ostrand

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <optional>
+
+#include "workbench/render/Theme.h"
+#include "workbench/render/Words.h"
+
+class QPainter;
+
+namespace ostrand {
+
+class EditControl;
+
+// What there is to say of a value beside the value: one of the first six always, one of the last two with it if it applies.
+enum class ValueState { NotRead, Read, ReadFailed, Edited, Wrong, Corrected, ReadOnly, HeldBack };
+
+struct ValueStates {
+  ValueState value = ValueState::NotRead;
+  std::optional<ValueState> access;
+  friend bool operator==(const ValueStates&, const ValueStates&) = default;
+};
+
+ValueStates statesOf(const EditControl& edit);
+QString word(ValueState state, const std::string& language);
+QColor stateColor(ValueState state, const Theme& theme);
+// Each state has a shape of its own, so that it can be told without its colour.
+void paintState(QPainter& painter, const QRectF& place, ValueState state, const Theme& theme);
+
+// The symbols beside a value.
+class StateSymbol : public QWidget {
+ public:
+  StateSymbol(const Theme& theme, QWidget* parent);
+
+  void show(const ValueStates& states);
+  const ValueStates& states() const { return mStates; }
+  void restyle(const Theme& theme);
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Theme mTheme;
+  ValueStates mStates;
+};
+
+}  // namespace ostrand

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace ostrand {
+
+// The panel's own words, beside the texts of the views, in the user's language; English where there is no other.
+enum class Word {
+  NotRead, Read, ReadFailed, Edited, Wrong, Corrected, ReadOnly, HeldBack,
+  Limits, AtLeast, AtMost, Parameter, RawValue, LastRead, Never, Unchecked, Checked, NothingHere,
+};
+
+QString word(Word word, const std::string& language);
+
+}  // namespace ostrand

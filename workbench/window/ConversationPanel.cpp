@@ -1,0 +1,160 @@
+#include "workbench/window/ConversationPanel.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QToolButton>
+#include <QTreeView>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "workbench/window/ConversationFilter.h"
+
+namespace ostrand {
+
+namespace {
+
+QToolButton* button(const QString& text, const QString& hint) {
+  auto* const made = new QToolButton;
+  made->setText(text);
+  made->setToolTip(hint);
+  made->setFocusPolicy(Qt::TabFocus);
+  return made;
+}
+
+}  // namespace
+
+ConversationPanel::ConversationPanel(ConversationLog& log, QWidget* parent)
+    : QWidget(parent), mLog(log), mFilter(new ConversationFilter(this)), mList(new QTreeView), mSearch(new QLineEdit) {
+  setObjectName(QStringLiteral("conversation"));
+  mFilter->setSourceModel(&mLog);
+
+  auto* const title = new QLabel(QStringLiteral("Conversation"));
+  title->setProperty("role", QStringLiteral("heading"));
+  mSearch->setPlaceholderText(QStringLiteral("Search"));
+  mSearch->setClearButtonEnabled(true);
+  mSearch->setMaximumWidth(260);
+  QObject::connect(mSearch, &QLineEdit::textChanged, this, [this](const QString& text) { mFilter->setSearch(text); });
+
+  mKinds = button(QStringLiteral("Kinds"), QStringLiteral("Which lines are shown"));
+  mKinds->setPopupMode(QToolButton::InstantPopup);
+  auto* const menu = new QMenu(mKinds);
+  for (int i = 0; i < ConversationLog::kKinds; ++i) {
+    const auto kind = static_cast<ConversationLog::Kind>(i);
+    QAction* const action = menu->addAction(QString::fromLatin1(ConversationLog::word(kind)));
+    action->setCheckable(true);
+    action->setChecked(true);
+    QObject::connect(action, &QAction::toggled, this, [this, kind](bool on) { mFilter->setKind(kind, on); });
+    mKindActions[static_cast<std::size_t>(i)] = action;
+  }
+  mKinds->setMenu(menu);
+
+  QToolButton* const copyButton = button(QStringLiteral("Copy"), QStringLiteral("Copy the chosen lines with their documents, or all"));
+  QObject::connect(copyButton, &QToolButton::clicked, this, [this] { copy(); });
+  QToolButton* const clear = button(QStringLiteral("Clear"), QStringLiteral("Empty the list; a recording goes on"));
+  QObject::connect(clear, &QToolButton::clicked, this, [this] { mLog.clear(); });
+  QToolButton* const save = button(QStringLiteral("Save as transcript…"), QStringLiteral("Save the conversation of this view so that it can be replayed"));
+  QObject::connect(save, &QToolButton::clicked, this, [this] {
+    if (onSave) onSave();
+  });
+  mRecord = button(QStringLiteral("Record…"), QStringLiteral("Write what follows into a transcript"));
+  mRecord->setCheckable(true);
+  QObject::connect(mRecord, &QToolButton::clicked, this, [this](bool on) {
+    if (onRecord) onRecord(on);
+  });
+
+  auto* const bar = new QHBoxLayout;
+  bar->setContentsMargins(12, 6, 12, 4);
+  bar->setSpacing(8);
+  bar->addWidget(title);
+  bar->addStretch(1);
+  bar->addWidget(mSearch);
+  for (QToolButton* const each : {mKinds, copyButton, clear, save, mRecord}) bar->addWidget(each);
+
+  mList->setModel(mFilter);
+  mList->setUniformRowHeights(true);
+  mList->setAllColumnsShowFocus(true);
+  mList->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  mList->setFrameShape(QFrame::NoFrame);
+  mList->setExpandsOnDoubleClick(true);
+  mList->header()->setStretchLastSection(true);
+  mList->header()->setSectionsMovable(false);
+  restyle();
+
+  // The last line stays in sight as long as the user has not scrolled away from it.
+  auto* const atEnd = new bool(true);
+  QObject::connect(mList, &QObject::destroyed, [atEnd] { delete atEnd; });
+  QScrollBar* const scroll = mList->verticalScrollBar();
+  QObject::connect(scroll, &QScrollBar::valueChanged, mList, [atEnd, scroll](int value) { *atEnd = value >= scroll->maximum(); });
+  QObject::connect(scroll, &QScrollBar::rangeChanged, mList, [atEnd, scroll](int, int most) {
+    if (*atEnd) scroll->setValue(most);
+  });
+
+  auto* const copyKeys = new QShortcut(QKeySequence::Copy, mList);
+  copyKeys->setContext(Qt::WidgetShortcut);
+  QObject::connect(copyKeys, &QShortcut::activated, this, [this] { copy(); });
+  auto* const searchKeys = new QShortcut(QKeySequence::Find, this);
+  searchKeys->setContext(Qt::WidgetWithChildrenShortcut);
+  QObject::connect(searchKeys, &QShortcut::activated, mSearch, [this] { mSearch->setFocus(); });
+
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addLayout(bar);
+  layout->addWidget(mList, 1);
+  setFocusProxy(mList);
+}
+
+void ConversationPanel::setTheme(const Theme& theme) {
+  mFilter->setTheme(theme);
+  restyle();
+}
+
+void ConversationPanel::restyle() {
+  const QFontMetrics metrics(mList->font());
+  mList->header()->resizeSection(ConversationLog::Time, metrics.horizontalAdvance(QStringLiteral("00:00:00.000")) + 56);
+  mList->header()->resizeSection(ConversationLog::What, metrics.horizontalAdvance(QStringLiteral("Messages")) + 24);
+}
+
+void ConversationPanel::setRecording(bool on) {
+  mRecord->setChecked(on);
+  mRecord->setText(on ? QStringLiteral("● Stop recording") : QStringLiteral("Record…"));
+}
+
+void ConversationPanel::setKindShown(ConversationLog::Kind kind, bool shown) { mKindActions[static_cast<std::size_t>(kind)]->setChecked(shown); }
+
+bool ConversationPanel::isKindShown(ConversationLog::Kind kind) const { return mFilter->shows(kind); }
+
+void ConversationPanel::search(const QString& text) { mSearch->setText(text); }
+
+int ConversationPanel::shownLines() const { return mFilter->rowCount(); }
+
+QString ConversationPanel::chosenText() const {
+  QModelIndexList rows = mList->selectionModel()->selectedRows();
+  if (rows.isEmpty())
+    for (int row = 0; row < mFilter->rowCount(); ++row) rows << mFilter->index(row, 0);
+  std::sort(rows.begin(), rows.end(), [](const QModelIndex& a, const QModelIndex& b) {
+    const auto place = [](const QModelIndex& index) {
+      return index.parent().isValid() ? std::pair(index.parent().row(), index.row() + 1) : std::pair(index.row(), 0);
+    };
+    return place(a) < place(b);
+  });
+  QStringList lines;
+  for (const QModelIndex& row : rows) {
+    // A line brings its document along.
+    if (row.parent().isValid() && rows.contains(row.parent())) continue;
+    lines << (row.parent().isValid() ? row.siblingAtColumn(ConversationLog::Text) : row).data(ConversationLog::PlainRole).toString();
+  }
+  return lines.join(QLatin1Char('\n'));
+}
+
+void ConversationPanel::copy() { QApplication::clipboard()->setText(chosenText()); }
+
+}  // namespace ostrand

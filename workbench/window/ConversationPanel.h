@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <functional>
+
+#include "workbench/render/Theme.h"
+#include "workbench/window/ConversationLog.h"
+#include "workbench/window/Texts.h"
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QToolButton;
+class QTreeView;
+
+namespace ostrand {
+
+class ConversationFilter;
+
+// The conversation under the view: a line for each call and event, its document below it when it is opened; choice of kinds,
+// search, copy, save and record.
+class ConversationPanel : public QWidget {
+ public:
+  explicit ConversationPanel(ConversationLog& log, QWidget* parent = nullptr);
+
+  void setTheme(const Theme& theme);
+  void setRecording(bool on);
+  void setKindShown(ConversationLog::Kind kind, bool shown);
+  bool isKindShown(ConversationLog::Kind kind) const;
+  void search(const QString& text);
+  // The chosen lines, or all that are shown if none is chosen.
+  QString chosenText() const;
+  void copy();
+  // Lines that pass the choice of kinds and the search.
+  int shownLines() const;
+  QTreeView& list() const { return *mList; }
+
+  std::function<void()> onSave;
+  std::function<void(bool on)> onRecord;
+
+ private:
+  void restyle();
+
+  ConversationLog& mLog;
+  ConversationFilter* mFilter;
+  QTreeView* mList;
+  QLineEdit* mSearch;
+  QToolButton* mKinds;
+  QToolButton* mRecord;
+  std::array<QAction*, ConversationLog::kKinds> mKindActions{};
+};
+
+}  // namespace ostrand

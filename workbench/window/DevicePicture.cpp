@@ -1,0 +1,54 @@
+#include "workbench/window/DevicePicture.h"
+
+#include <QPainter>
+#include <cmath>
+
+namespace ostrand {
+
+namespace {
+
+// Where the reader of vector drawings is not installed, the picture counts as absent.
+QPixmap fromSvg(const Picture& picture, int height, double pixelRatio) {
+  if (picture.svg.empty()) return {};
+  QPixmap pixmap;
+  if (!pixmap.loadFromData(reinterpret_cast<const uchar*>(picture.svg.data()), static_cast<uint>(picture.svg.size()), "SVG")) return {};
+  pixmap = pixmap.scaledToHeight(static_cast<int>(std::lround(height * pixelRatio)), Qt::SmoothTransformation);
+  pixmap.setDevicePixelRatio(pixelRatio);
+  return pixmap;
+}
+
+QPixmap placeholder(const Theme& theme, int height, double pixelRatio) {
+  const int width = height;
+  QPixmap pixmap(static_cast<int>(std::lround(width * pixelRatio)), static_cast<int>(std::lround(height * pixelRatio)));
+  pixmap.setDevicePixelRatio(pixelRatio);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(height / 100.0, height / 100.0);
+  const QPen edge(theme.secondaryText, 3.0);
+  // The pipe with the pulp in it, the blade, the neck, the housing with its display.
+  painter.setPen(edge);
+  painter.setBrush(theme.raised);
+  painter.drawRoundedRect(QRectF(4, 66, 92, 26), 4, 4);
+  painter.setBrush(theme.line);
+  painter.drawRect(QRectF(46, 50, 8, 20));
+  painter.setPen(QPen(theme.accent, 5.0, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(QPointF(50, 72), QPointF(50, 86));
+  painter.setPen(edge);
+  painter.setBrush(theme.surface);
+  painter.drawRoundedRect(QRectF(24, 8, 52, 42), 9, 9);
+  painter.setBrush(theme.selection);
+  painter.drawRoundedRect(QRectF(34, 18, 32, 18), 3, 3);
+  return pixmap;
+}
+
+}  // namespace
+
+QPixmap devicePixmap(const Picture& picture, const Theme& theme, int height, double pixelRatio) {
+  const QPixmap drawn = fromSvg(picture, height, pixelRatio);
+  return drawn.isNull() ? placeholder(theme, height, pixelRatio) : drawn;
+}
+
+QPixmap logoPixmap(const Picture& picture, int height, double pixelRatio) { return fromSvg(picture, height, pixelRatio); }
+
+}  // namespace ostrand

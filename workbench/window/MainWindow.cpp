@@ -1,0 +1,302 @@
+#include "workbench/window/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QPointer>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "platform/base/RuntimeError.h"
+#include "platform/controls/CommandButton.h"
+#include "platform/controls/EditControl.h"
+#include "workbench/window/DeviceMenu.h"
+#include "workbench/window/FileMenu.h"
+#include "workbench/window/SettingsMenu.h"
+#include "workbench/window/WindowStyle.h"
+
+namespace ostrand {
+
+// The keyboard focus leaves a view by its own wish.
+class MainWindow::FocusWatch : private HostObserver {
+ public:
+  FocusWatch(MainWindow& window, Host& host) : mWindow(window), mHost(host) { mHost.observers().add(*this); }
+  ~FocusWatch() { mHost.observers().remove(*this); }
+
+ private:
+  void focusLeft(const std::string&) override {
+    // The view is still in the middle of losing the focus.
+    const bool forward = !mWindow.mWorkbench.desktop().keyDown(Desktop::Key::Shift);
+    QTimer::singleShot(0, &mWindow, [window = &mWindow, forward] {
+      if (forward)
+        window->conversation().setFocus(Qt::TabFocusReason);
+      else
+        window->tree().setFocus(Qt::BacktabFocusReason);
+    });
+  }
+
+  MainWindow& mWindow;
+  Host& mHost;
+};
+
+MainWindow::MainWindow(Workbench& workbench)
+    : mWorkbench(workbench),
+      mTree(new PlantTree),
+      mHeader(new HeaderBar),
+      mPanel(new ViewPanel),
+      mConversation(new ConversationPanel(workbench.log())),
+      mStatus(new StatusLine),
+      mTools(new QToolBar) {
+  mWorkbench.desktop().setWindow(this);
+  mWorkbench.prompt().setWindow(this);
+  layOut();
+  mFileMenu = std::make_unique<FileMenu>(*this, *mTools);
+  mDeviceMenu = std::make_unique<DeviceMenu>(*this, *mTools);
+  mSettingsMenu = std::make_unique<SettingsMenu>(*this);
+  connectPanel();
+  connectWorkbench();
+  mTree->setDevices(mWorkbench.devices());
+  mTree->onChosen = [this](const PlantTree::Place& chosen) {
+    if (show(chosen)) mPanel->setFocus(Qt::OtherFocusReason);
+  };
+  deviceChanged();
+  applySettings();
+  resize(1320, 900);
+}
+
+MainWindow::~MainWindow() {
+  for (const auto& [signal, id] : mConnections) signal->disconnect(id);
+  mWorkbench.desktop().onLastWaitEnded = nullptr;
+  mWorkbench.desktop().setWindow(nullptr);
+  mWorkbench.prompt().setWindow(nullptr);
+  mStatus->setHost(nullptr);
+  mPanel->setView(nullptr);
+}
+
+void MainWindow::layOut() {
+  mTools->setMovable(false);
+  mTools->setObjectName(QStringLiteral("tools"));
+  addToolBar(mTools);
+  setContextMenuPolicy(Qt::NoContextMenu);
+
+  auto* const page = new QWidget;
+  auto* const pageLayout = new QVBoxLayout(page);
+  pageLayout->setContentsMargins(0, 0, 0, 0);
+  pageLayout->setSpacing(0);
+  pageLayout->addWidget(mHeader);
+  for (const auto& device : mWorkbench.devices()) {
+    mBanners.push_back(new LoopTestBanner(device->host()));
+    pageLayout->addWidget(mBanners.back());
+    mFocusWatches.push_back(std::make_unique<FocusWatch>(*this, device->host()));
+  }
+  pageLayout->addWidget(mPanel, 1);
+
+  auto* const right = new QSplitter(Qt::Vertical);
+  right->setChildrenCollapsible(false);
+  right->setHandleWidth(1);
+  right->addWidget(page);
+  right->addWidget(mConversation);
+  right->setStretchFactor(0, 1);
+  right->setSizes({600, 220});
+
+  auto* const whole = new QSplitter(Qt::Horizontal);
+  whole->setChildrenCollapsible(false);
+  whole->setHandleWidth(1);
+  whole->addWidget(mTree);
+  whole->addWidget(right);
+  whole->setStretchFactor(1, 1);
+  whole->setSizes({270, 1050});
+
+  auto* const centre = new QWidget;
+  auto* const layout = new QVBoxLayout(centre);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->addWidget(whole, 1);
+  layout->addWidget(mStatus);
+  setCentralWidget(centre);
+
+  setTabOrder(mTree, mPanel);
+  setTabOrder(mPanel, &mConversation->list());
+  auto* const next = new QShortcut(QKeySequence(Qt::Key_F6), this);
+  connect(next, &QShortcut::activated, this, [this] { nextArea(true); });
+  auto* const before = new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F6), this);
+  connect(before, &QShortcut::activated, this, [this] { nextArea(false); });
+}
+
+void MainWindow::connectPanel() {
+  mPanel->whyDisabled = [this](const Control& control) { return whyDisabled(control); };
+  mPanel->onRefused = [this](const RuntimeError& error) { mStatus->say(qt(error.description())); };
+  mPanel->onUnhandled = [this](const RuntimeError& error) {
+    mWorkbench.current().tap().note(ConversationLog::Kind::Error, "Unhandled " + std::to_string(error.number()) + " " + error.description());
+    mStatus->say(QStringLiteral("The view reported an error: %1").arg(qt(error.description())));
+  };
+  mPanel->onTabOut = [this](bool forward) {
+    if (forward)
+      mConversation->setFocus(Qt::TabFocusReason);
+    else
+      mTree->setFocus(Qt::BacktabFocusReason);
+  };
+}
+
+void MainWindow::connectWorkbench() {
+  const auto listen = [this](Signal<>& signal, std::function<void()> listener) { mConnections.emplace_back(&signal, signal.connect(std::move(listener))); };
+  listen(mWorkbench.deviceChanged, [this] { deviceChanged(); });
+  listen(mWorkbench.valuesChanged, [this] { refreshLater(); });
+  listen(mWorkbench.settingsChanged, [this] { applySettings(); });
+  mWorkbench.desktop().onLastWaitEnded = [this] {
+    if (std::exchange(mCloseAfterWait, false)) QTimer::singleShot(0, this, [this] { close(); });
+  };
+  mConversation->onSave = [this] { mFileMenu->saveTranscript(); };
+  mConversation->onRecord = [this](bool on) { mFileMenu->record(on); };
+}
+
+// --- what is shown
+
+void MainWindow::applySettings() {
+  const Settings& settings = mWorkbench.settings();
+  const Theme theme = this->theme();
+  if (mAppliedTheme != settings.theme || mAppliedScale != settings.scale) {
+    mAppliedTheme = settings.theme;
+    mAppliedScale = settings.scale;
+    theme.apply(*static_cast<QApplication*>(QApplication::instance()));
+    setStyleSheet(windowStyle(theme));
+    mHeader->setTheme(theme);
+    mPanel->setTheme(theme);
+    mConversation->setTheme(theme);
+    mStatus->setTheme(theme);
+  }
+  mPanel->setTexts(host().textTable(), settings.language);
+  mTree->setTexts(mWorkbench.texts());
+  mTree->setPriorities(settings.priorities);
+  mHeader->setTexts(mWorkbench.texts());
+  mHeader->setPriorities(settings.priorities);
+  mStatus->setTexts(mWorkbench.texts());
+  for (LoopTestBanner* const banner : mBanners) banner->setTexts(mWorkbench.texts());
+  mFileMenu->refresh();
+  mDeviceMenu->refresh();
+  mSettingsMenu->refresh();
+  mPanel->refresh();
+}
+
+void MainWindow::deviceChanged() {
+  mHeader->setDevice(&mWorkbench.current(), mWorkbench.components(), mWorkbench.desktop());
+  mStatus->setHost(&host());
+  refreshLater();
+}
+
+// Many values change in one turn of the event loop; the window follows once.
+void MainWindow::refreshLater() {
+  if (std::exchange(mRefreshing, true)) return;
+  QTimer::singleShot(0, this, [this] {
+    mRefreshing = false;
+    mTree->refreshDevices();
+    mHeader->refresh();
+    mStatus->refresh();
+    mDeviceMenu->refresh();
+    DataSet* const dataSet = host().dataSet();
+    const std::string file = dataSet ? dataSet->file().filename().string() : std::string();
+    setWindowTitle(QStringLiteral("%1[*] – %2 – Ostrand").arg(qt(file), qt(mWorkbench.current().title())));
+    setWindowModified(mWorkbench.current().hasPendingEdits());
+  });
+}
+
+PlantTree::Place MainWindow::place() const {
+  PlantDevice& device = mWorkbench.current();
+  return {&device, device.branch(), device.frame()};
+}
+
+bool MainWindow::show(const PlantTree::Place& place) {
+  // A view that asks before it is left lets events through: one choice at a time.
+  if (mChoosing || !place.device) return false;
+  mChoosing = true;
+  bool shown = false;
+  attempt(QStringLiteral("The page could not be opened"), [&] {
+    mPanel->commit();
+    shown = mWorkbench.show(*place.device, place.branch, place.frame);
+  });
+  mChoosing = false;
+  showFront();
+  return shown;
+}
+
+void MainWindow::showFront() {
+  ViewSite* const front = host().front();
+  mPanel->setView(front ? Ref<ITaviView>(front->view()) : nullptr);
+  mTree->setShown(place());
+  mFileMenu->refresh();
+  mDeviceMenu->refresh();
+  refreshLater();
+}
+
+QString MainWindow::whyDisabled(const Control& control) const {
+  if (const auto* const edit = dynamic_cast<const EditControl*>(&control); edit && edit->info().readOnly) return QStringLiteral("The device does not let this value be written");
+  Communication& communication = host().communication();
+  if (dynamic_cast<const CommandButton*>(&control)) {
+    if (communication.isBusy()) return QStringLiteral("The communication is busy");
+    if (host().session().level < 3) return QStringLiteral("Needs user level 3 or more");
+  }
+  if (const std::string busy = mWorkbench.current().busyWith(); !busy.empty()) return QStringLiteral("Not while this is running: %1").arg(mWorkbench.texts()(busy));
+  return {};
+}
+
+// --- the user
+
+bool MainWindow::attempt(const QString& trying, const std::function<void()>& command) {
+  try {
+    command();
+    return true;
+  } catch (...) {
+    const ErrorText error = currentError();
+    mWorkbench.current().tap().note(ConversationLog::Kind::Error, (trying + QStringLiteral(": ")).toStdString() + error.description);
+    tell(trying, qt(error.description));
+    return false;
+  }
+}
+
+void MainWindow::tell(const QString& title, const QString& text) { mWorkbench.prompt().show(title.toStdString(), text.toStdString()); }
+
+void MainWindow::nextArea(bool forward) {
+  const std::vector<QWidget*> areas{mTree, mPanel, mConversation};
+  QWidget* const focused = QApplication::focusWidget();
+  std::size_t at = forward ? areas.size() - 1 : 1;
+  for (std::size_t i = 0; i < areas.size(); ++i)
+    if (focused && (areas[i] == focused || areas[i]->isAncestorOf(focused))) at = i;
+  const std::size_t next = (at + (forward ? 1 : areas.size() - 1)) % areas.size();
+  if (areas[next] != mPanel || !mPanel->enter(true)) areas[next]->setFocus(Qt::ShortcutFocusReason);
+}
+
+bool MainWindow::mayClose() {
+  mPanel->commit();
+  bool running = false, edits = false;
+  for (const auto& device : mWorkbench.devices()) {
+    running = running || !device->busyWith().empty();
+    edits = edits || device->hasPendingEdits();
+  }
+  for (const LoopTestBanner* const banner : mBanners) running = running || banner->mayBeDriving();
+  QtPrompt& prompt = mWorkbench.prompt();
+  if (running && prompt.ask("A test or a sampling is running", "The device goes on with it when the window is closed. Close all the same?") != UserPrompt::kGoOn) return false;
+  if (edits && prompt.ask("There are edits that nobody has saved", "They are lost when the window is closed. Close all the same?") != UserPrompt::kGoOn) return false;
+  ViewSite* const front = host().front();
+  return !front || running || front->leave();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  // A view that waits must come back first: what it waits on lies below us.
+  if (mWorkbench.desktop().waits() > 0) {
+    mCloseAfterWait = true;
+    event->ignore();
+    return;
+  }
+  if (mChoosing || !mayClose()) {
+    event->ignore();
+    return;
+  }
+  mFileMenu->record(false);
+  event->accept();
+}
+
+}  // namespace ostrand

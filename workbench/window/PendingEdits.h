@@ -1,0 +1,13 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/controls/EditControl.h"
+#include "platform/types/ITaviView.h"
+
+namespace ostrand {
+
+// The edits of a view, nested components included, that the user has changed and not yet applied.
+std::vector<EditControl*> pendingEdits(ITaviView* view);
+
+}  // namespace ostrand

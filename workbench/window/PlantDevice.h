@@ -1,0 +1,71 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "host/ComponentServer.h"
+#include "host/Host.h"
+#include "simulator/Device.h"
+#include "workbench/window/ConversationTap.h"
+#include "workbench/window/DeviceStatus.h"
+#include "workbench/window/Recordings.h"
+#include "workbench/window/ViewClasses.h"
+
+namespace ostrand {
+
+// One simulated transmitter of the mill, with the host that serves it and the views that are open on it.
+class PlantDevice {
+ public:
+  // Where it stands; all must outlive it.
+  struct Plant {
+    Desktop& desktop;
+    ComponentServer& components;
+    UserPrompt& prompt;
+    std::filesystem::path dataFolder;
+    ConversationLog& log;
+  };
+
+  // Opens the device's own data set and switches it on. RuntimeError as Host::openDataSet.
+  PlantDevice(const Plant& plant, const DeviceKind& kind);
+  ~PlantDevice();
+
+  const DeviceKind& kind() const { return mKind; }
+  Host& host() { return mHost; }
+  DeviceStatus& status() { return mStatus; }
+  ConversationTap& tap() { return mTap; }
+  Recordings& recordings() { return mRecordings; }
+  ViewClasses classes();
+  // The class for a branch of the tree document; empty if there is none yet.
+  std::string classFor(std::string_view branch);
+  // The device's tag, or its kind's name while it has none.
+  std::string title();
+  // The data set's device; a device that is switched on again has forgotten its faults.
+  void switchOn();
+
+  // Asks the view in front whether it may be left, then shows this frame, in a new view if need be. False: nothing changed.
+  bool show(const std::string& branch, const std::string& frame);
+  // The branch of the view in front; empty if there is none.
+  std::string branch();
+  std::string frame();
+  // Releases the views and opens the one in front anew, as a recording needs it.
+  void reopen();
+  // The conversation of the view in front since its creation; empty if there is none.
+  std::string transcript();
+
+  // An edit that neither the device nor a file knows of.
+  bool hasPendingEdits();
+  // A view is busy with something that the device is to be brought back from ("sampling", "testing").
+  std::string busyWith();
+
+ private:
+  Ref<ViewSite> siteOf(const std::string& branch);
+
+  Plant mPlant;
+  const DeviceKind& mKind;
+  ConversationTap mTap;
+  Recordings mRecordings;
+  Host mHost;
+  DeviceStatus mStatus;
+};
+
+}  // namespace ostrand

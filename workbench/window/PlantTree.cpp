@@ -1,0 +1,142 @@
+#include "workbench/window/PlantTree.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <algorithm>
+
+namespace ostrand {
+
+PlantTree::PlantTree(QWidget* parent) : QTreeWidget(parent) {
+  setObjectName(QStringLiteral("plant"));
+  setAccessibleName(QStringLiteral("Plant"));
+  setHeaderHidden(true);
+  setFrameShape(QFrame::NoFrame);
+  setUniformRowHeights(true);
+  setIndentation(16);
+  setExpandsOnDoubleClick(false);
+  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  header()->setStretchLastSection(false);
+  connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { choose(item); });
+}
+
+void PlantTree::setDevices(const std::vector<std::unique_ptr<PlantDevice>>& devices) {
+  mRows.clear();
+  clear();
+  mMill = new QTreeWidgetItem(this);
+  mMill->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  for (const auto& device : devices) addDevice(*device);
+  mMill->setExpanded(true);
+  retranslate();
+  refreshDevices();
+}
+
+void PlantTree::addDevice(PlantDevice& device) {
+  auto* const item = new QTreeWidgetItem(mMill);
+  mRows.push_back({item, {&device, {}, {}}, {}});
+  const Document& tree = device.host().treeDocument();
+  if (!tree) return;
+  for (const Node& branch : tree.selectAll("/dtm/treeView/branch")) {
+    const std::string name(branch.findAttribute("name").value_or(""));
+    const bool exists = !device.classFor(name).empty();
+    auto* const branchItem = new QTreeWidgetItem(item);
+    mRows.push_back({branchItem, {&device, name, {}}, name, exists});
+    for (Node node = branch.firstChild(); node; node = node.nextSibling()) {
+      const std::string frame(node.findAttribute("name").value_or(""));
+      if (node.name() == "node" && !frame.empty()) mRows.push_back({new QTreeWidgetItem(branchItem), {&device, name, frame}, frame, exists});
+    }
+    branchItem->setExpanded(exists);
+  }
+  item->setExpanded(true);
+}
+
+void PlantTree::setTexts(const Texts& texts) {
+  mTexts = texts;
+  retranslate();
+}
+
+void PlantTree::retranslate() {
+  if (!mMill) return;
+  mMill->setText(0, mTexts("mill", "Mill"));
+  for (const Row& row : mRows) {
+    if (row.key.empty()) continue;
+    row.item->setText(0, mTexts(row.key));
+    row.item->setFlags(row.exists ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
+    row.item->setToolTip(0, row.exists ? QString() : QStringLiteral("There is no view for this yet"));
+  }
+}
+
+void PlantTree::setPriorities(const std::vector<Ne107>& priorities) {
+  mPriorities = priorities;
+  refreshDevices();
+}
+
+void PlantTree::refreshDevices() {
+  for (const Row& row : mRows) {
+    if (!row.key.empty()) continue;
+    const Ne107 state = row.place.device->status().state(mPriorities);
+    row.item->setText(0, qt(row.place.device->title()));
+    row.item->setIcon(0, QIcon(ne107::symbol(state, 16, devicePixelRatioF())));
+    row.item->setToolTip(0, QStringLiteral("%1\n%2").arg(qt(std::string(row.place.device->kind().description)), QString::fromLatin1(ne107::word(state))));
+  }
+}
+
+void PlantTree::setShown(const Place& place) {
+  QTreeWidgetItem* const before = itemOf(mShown);
+  QFont plain = font();
+  if (before) before->setFont(0, plain);
+  mShown = place;
+  if (QTreeWidgetItem* const item = itemOf(place)) {
+    plain.setBold(true);
+    item->setFont(0, plain);
+    setCurrentItem(item);
+  }
+}
+
+PlantTree::Place PlantTree::firstPlace() const {
+  for (const Row& row : mRows)
+    if (row.exists && !row.place.frame.empty()) return row.place;
+  return {};
+}
+
+std::vector<PlantTree::Place> PlantTree::places(const PlantDevice& device) const {
+  std::vector<Place> places;
+  for (const Row& row : mRows)
+    if (row.exists && !row.place.frame.empty() && row.place.device == &device) places.push_back(row.place);
+  return places;
+}
+
+QTreeWidgetItem* PlantTree::itemOf(const Place& place) const {
+  const auto row = std::find_if(mRows.begin(), mRows.end(), [&](const Row& each) { return each.place == place; });
+  return row == mRows.end() ? nullptr : row->item;
+}
+
+const PlantTree::Row* PlantTree::rowOf(const QTreeWidgetItem* item) const {
+  const auto row = std::find_if(mRows.begin(), mRows.end(), [&](const Row& each) { return each.item == item; });
+  return row == mRows.end() ? nullptr : &*row;
+}
+
+void PlantTree::choose(QTreeWidgetItem* item) {
+  const Row* const row = rowOf(item);
+  if (!row || !row->exists || !onChosen) return;
+  // A device or a branch stands for the first frame below it.
+  if (row->place.frame.empty()) {
+    for (const Row& each : mRows) {
+      const bool below = each.place.device == row->place.device && (row->place.branch.empty() || each.place.branch == row->place.branch);
+      if (below && each.exists && !each.place.frame.empty()) {
+        onChosen(Place(each.place));
+        return;
+      }
+    }
+    return;
+  }
+  onChosen(Place(row->place));
+}
+
+void PlantTree::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    choose(currentItem());
+  else
+    QTreeWidget::keyPressEvent(event);
+}
+
+}  // namespace ostrand

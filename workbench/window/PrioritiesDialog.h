@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "workbench/window/Ne107.h"
+
+class QWidget;
+
+namespace ostrand {
+
+// Which of the device signals is shown when several are in force: the user puts them in order.
+struct PrioritiesDialog {
+  // Nothing if the user left it as it was.
+  static std::optional<std::vector<Ne107>> choose(QWidget& window, const std::vector<Ne107>& priorities);
+};
+
+}  // namespace ostrand

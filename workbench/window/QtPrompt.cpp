@@ -1,0 +1,33 @@
+#include "workbench/window/QtPrompt.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "workbench/window/Texts.h"
+
+namespace ostrand {
+
+int QtPrompt::ask(const std::string& title, const std::string& message) {
+  if (standIn) return standIn(title, message);
+  QMessageBox box(QMessageBox::Question, qt(title), QStringLiteral("<b>%1</b>").arg(qt(title).toHtmlEscaped()), QMessageBox::NoButton, mWindow);
+  box.setInformativeText(qt(message));
+  const QPushButton* const yes = box.addButton(QStringLiteral("Yes, go on"), QMessageBox::YesRole);
+  QPushButton* const no = box.addButton(QStringLiteral("No, stop"), QMessageBox::NoRole);
+  // The harmless answer is the one that Enter and Escape give.
+  box.setDefaultButton(no);
+  box.setEscapeButton(no);
+  box.exec();
+  return box.clickedButton() == yes ? kGoOn : kStop;
+}
+
+void QtPrompt::show(const std::string& title, const std::string& message) {
+  if (standIn) {
+    standIn(title, message);
+    return;
+  }
+  QMessageBox box(QMessageBox::Information, qt(title), QStringLiteral("<b>%1</b>").arg(qt(title).toHtmlEscaped()), QMessageBox::Ok, mWindow);
+  box.setInformativeText(qt(message));
+  box.exec();
+}
+
+}  // namespace ostrand

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "workbench/render/Theme.h"
+#include "workbench/window/Ne107.h"
+
+namespace ostrand {
+
+// How the user wants the window; it applies to every device.
+struct Settings {
+  std::string language = "en";
+  std::string locale = "en";
+  Theme::Kind theme = Theme::Kind::Light;
+  double scale = 1.0;
+  int level = 3;
+  std::map<std::string, std::string> units;  // by quantity
+  std::vector<Ne107> priorities = ne107::usualPriorities();
+};
+
+}  // namespace ostrand

@@ -1,0 +1,129 @@
+#include "workbench/window/SettingsMenu.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "workbench/window/MainWindow.h"
+#include "workbench/window/PrioritiesDialog.h"
+
+namespace ostrand {
+
+namespace {
+
+// One of several: a menu entry with a mark.
+void addChoice(QMenu& menu, const QString& text, bool chosen, std::function<void()> choose) {
+  QAction* const action = menu.addAction(text);
+  action->setCheckable(true);
+  action->setChecked(chosen);
+  QObject::connect(action, &QAction::triggered, &menu, [choose = std::move(choose)] { choose(); });
+}
+
+constexpr std::pair<const char*, const char*> kLocales[] = {
+    {"en", "1.5 – English"}, {"fi", "1,5 – Finnish"}, {"sv", "1,5 – Swedish"}, {"de", "1,5 – German"}};
+
+constexpr std::pair<int, const char*> kLevels[] = {{1, "1 – Observer"}, {2, "2 – Operator"}, {3, "3 – Maintenance"}, {4, "4 – Engineer"}};
+
+}  // namespace
+
+SettingsMenu::SettingsMenu(MainWindow& window) : mWindow(window) {
+  QMenu* const menu = window.menuBar()->addMenu(QStringLiteral("&Settings"));
+  mLevels = menu->addMenu(QStringLiteral("User &level"));
+  mLanguages = menu->addMenu(QStringLiteral("&Language"));
+  mUnits = menu->addMenu(QStringLiteral("&Units"));
+  mLocales = menu->addMenu(QStringLiteral("&Decimals and dates"));
+  menu->addSeparator();
+  mLooks = menu->addMenu(QStringLiteral("&Theme and size"));
+  menu->addAction(QStringLiteral("&Order of device signals…"), &window, [this] { choosePriorities(); });
+  // Languages may be added while the program runs, so each menu is filled when it opens.
+  QObject::connect(mLanguages, &QMenu::aboutToShow, &window, [this] { fillLanguages(); });
+  QObject::connect(mUnits, &QMenu::aboutToShow, &window, [this] { fillUnits(); });
+  QObject::connect(mLocales, &QMenu::aboutToShow, &window, [this] { fillLocales(); });
+  QObject::connect(mLevels, &QMenu::aboutToShow, &window, [this] { fillLevels(); });
+  QObject::connect(mLooks, &QMenu::aboutToShow, &window, [this] { fillLooks(); });
+}
+
+void SettingsMenu::refresh() {
+  fillLanguages();
+  fillUnits();
+  fillLocales();
+  fillLevels();
+  fillLooks();
+}
+
+void SettingsMenu::fillLanguages() {
+  mLanguages->clear();
+  for (const TextTables::Language& language : mWindow.host().textTables().languages())
+    addChoice(*mLanguages, qt(language.name), language.code == mWindow.workbench().settings().language, [this, code = language.code] { setLanguage(code); });
+  mLanguages->addSeparator();
+  addChoice(*mLanguages, QStringLiteral("Keys of the text table"), mWindow.workbench().settings().language == "keys", [this] { setLanguage("keys"); });
+}
+
+void SettingsMenu::fillUnits() {
+  mUnits->clear();
+  const Texts& texts = mWindow.workbench().texts();
+  for (const UnitService::Quantity& quantity : mWindow.host().units()->quantities()) {
+    if (quantity.units.size() < 2) continue;
+    // Two spellings of one unit are no choice.
+    if (texts.unit(quantity.units[0]) == texts.unit(quantity.units[1])) continue;
+    QMenu* const menu = mUnits->addMenu(texts(quantity.name, (std::string(1, static_cast<char>(quantity.name[0] & ~0x20)) + quantity.name.substr(1)).c_str()));
+    const std::string& chosen = quantity.chosen.empty() ? quantity.base : quantity.chosen;
+    for (const std::string& unit : quantity.units)
+      addChoice(*menu, texts.unit(unit), unit == chosen, [this, name = quantity.name, unit] { setUnit(name, unit); });
+  }
+}
+
+void SettingsMenu::fillLocales() {
+  mLocales->clear();
+  for (const auto& [name, text] : kLocales)
+    addChoice(*mLocales, QString::fromUtf8(text), mWindow.workbench().settings().locale == name, [this, name = std::string(name)] { setLocale(name); });
+}
+
+void SettingsMenu::fillLevels() {
+  mLevels->clear();
+  for (const auto& [level, text] : kLevels)
+    addChoice(*mLevels, QString::fromUtf8(text), mWindow.workbench().settings().level == level, [this, level = level] { setLevel(level); });
+}
+
+void SettingsMenu::fillLooks() {
+  mLooks->clear();
+  const Settings& settings = mWindow.workbench().settings();
+  for (const auto& [kind, text] : {std::pair(Theme::Kind::Light, "Light"), std::pair(Theme::Kind::Dark, "Dark")})
+    addChoice(*mLooks, QString::fromLatin1(text), settings.theme == kind, [this, kind = kind] { mWindow.workbench().setTheme(kind, mWindow.workbench().settings().scale); });
+  mLooks->addSeparator();
+  for (const int percent : {100, 125, 150, 200})
+    addChoice(*mLooks, QStringLiteral("%1 %").arg(percent), static_cast<int>(settings.scale * 100.0 + 0.5) == percent,
+              [this, percent] { mWindow.workbench().setTheme(mWindow.workbench().settings().theme, percent / 100.0); });
+}
+
+// What is typed belongs to the settings in which it was typed.
+
+void SettingsMenu::setLanguage(const std::string& code) {
+  mWindow.panel().commit();
+  mWindow.attempt(QStringLiteral("The language \"%1\" cannot be used; nothing has changed").arg(qt(code)), [&] { mWindow.workbench().setLanguage(code); });
+  refresh();
+}
+
+void SettingsMenu::setLocale(const std::string& name) {
+  mWindow.panel().commit();
+  mWindow.attempt(QStringLiteral("Numbers cannot be written so"), [&] { mWindow.workbench().setLocale(name); });
+  refresh();
+}
+
+void SettingsMenu::setLevel(int level) {
+  mWindow.workbench().setLevel(level);
+  refresh();
+}
+
+void SettingsMenu::setUnit(const std::string& quantity, const std::string& unit) {
+  mWindow.panel().commit();
+  mWindow.attempt(QStringLiteral("The unit cannot be used"), [&] { mWindow.workbench().setUnit(quantity, unit); });
+  refresh();
+}
+
+void SettingsMenu::choosePriorities() {
+  if (const auto chosen = PrioritiesDialog::choose(mWindow, mWindow.workbench().settings().priorities)) mWindow.workbench().setPriorities(*chosen);
+}
+
+}  // namespace ostrand

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/ComponentServer.h"
+#include "platform/base/Signal.h"
+#include "workbench/window/ConversationLog.h"
+#include "workbench/window/PlantDevice.h"
+#include "workbench/window/QtDesktop.h"
+#include "workbench/window/QtPrompt.h"
+#include "workbench/window/Settings.h"
+#include "workbench/window/Texts.h"
+
+namespace ostrand {
+
+// The simulated mill and its user, without a window: the devices with their hosts, the one that is looked at, and the settings
+// that hold for all of them.
+class Workbench {
+ public:
+  // RuntimeError for a data folder whose files are damaged.
+  explicit Workbench(std::filesystem::path dataFolder);
+  ~Workbench();
+
+  QtDesktop& desktop() { return mDesktop; }
+  QtPrompt& prompt() { return mPrompt; }
+  ComponentServer& components() { return mComponents; }
+  ConversationLog& log() { return mLog; }
+  const std::filesystem::path& dataFolder() const { return mDataFolder; }
+  const std::vector<std::unique_ptr<PlantDevice>>& devices() const { return mDevices; }
+  // The device that is looked at; there is always one.
+  PlantDevice& current() const { return *mCurrent; }
+  Host& host() const { return mCurrent->host(); }
+  const Texts& texts() const { return mTexts; }
+  const Settings& settings() const { return mSettings; }
+
+  // Asks the view in front whether it may be left, then shows this frame of this device. False: nothing has changed.
+  bool show(PlantDevice& device, const std::string& branch, const std::string& frame);
+  // Opens a data set in the device of its type, else in the current one, whose views take it up.
+  // RuntimeError 53, 70 or 5 leaves everything as it was.
+  void openDataSet(const std::filesystem::path& file);
+
+  // RuntimeError 5 for a language that there is not, or whose file is damaged: then everything stays.
+  void setLanguage(const std::string& language);
+  void setLocale(const std::string& name);
+  void setLevel(int level);
+  void setUnit(const std::string& quantity, const std::string& unit);
+  void setTheme(Theme::Kind kind, double scale);
+  void setPriorities(const std::vector<Ne107>& priorities);
+
+  Signal<> deviceChanged;    // another one is current
+  Signal<> valuesChanged;    // something about a device has changed: its data set, its state
+  Signal<> settingsChanged;
+
+ private:
+  class Watch;
+
+  std::filesystem::path mDataFolder;
+  QtDesktop mDesktop;
+  QtPrompt mPrompt;
+  ComponentServer mComponents;
+  ConversationLog mLog;
+  std::vector<std::unique_ptr<PlantDevice>> mDevices;
+  std::vector<std::unique_ptr<Watch>> mWatches;
+  PlantDevice* mCurrent = nullptr;
+  Settings mSettings;
+  Texts mTexts;
+};
+
+}  // namespace ostrand
