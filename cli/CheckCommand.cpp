@@ -1,6 +1,8 @@
 #include "cli/CheckCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -50,6 +52,24 @@ std::string listed(const std::vector<std::string>& names) {
   return text.empty() ? "none" : text;
 }
 
+// A group a line: there are many, and one view shows a group as a whole.
+std::vector<std::vector<std::string>> byGroup(const std::vector<std::vector<std::string>>& rows) {
+  std::vector<std::vector<std::string>> groups;
+  std::map<std::string, std::vector<std::string>> members;
+  for (const auto& row : rows) {
+    if (members[row[1]].empty()) groups.push_back({row[1]});
+    members[row[1]].push_back(row[0]);
+  }
+  constexpr std::size_t kShown = 3;
+  for (auto& group : groups) {
+    const std::vector<std::string>& all = members[group[0]];
+    group.push_back(std::to_string(all.size()));
+    group.push_back(listed({all.begin(), all.begin() + static_cast<std::ptrdiff_t>(std::min(kShown, all.size()))}) +
+                    (all.size() > kShown ? " and " + std::to_string(all.size() - kShown) + " more" : ""));
+  }
+  return groups;
+}
+
 std::filesystem::path fileOf(const std::string& told) {
   std::error_code ignored;
   const std::filesystem::path device = dataFolder() / "devices" / (told + ".xml");
@@ -82,7 +102,8 @@ void check(const Options& options) {
     const auto style = rows.empty() ? Terminal::Style::Good : counts ? Terminal::Style::Bad : Terminal::Style::Yellow;
     terminal.line();
     terminal.line(terminal.styled(std::string(heading.text) + ": " + (rows.empty() ? "none" : std::to_string(rows.size())), style));
-    for (const std::string& line : aligned(rows)) terminal.line("  " + line);
+    const bool isLong = heading.kind == BindingAudit::Kind::ParameterUnbound && !options.strict;
+    for (const std::string& line : aligned(isLong ? byGroup(rows) : rows)) terminal.line("  " + line);
     missing = missing || (counts && !rows.empty());
   }
   if (missing) throw CLI::RuntimeError(1);

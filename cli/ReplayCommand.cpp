@@ -39,7 +39,8 @@ int replay(const Options& options) {
     ++(result.outcome == Replay::Outcome::Matches ? matching : result.outcome == Replay::Outcome::Differs ? differing : malformed);
   }
   if (!options.print)
-    put(stdout, std::to_string(matching) + " as expected, " + std::to_string(differing) + " different, " + std::to_string(malformed) + " malformed\n");
+    put(stdout,
+        std::to_string(matching) + " as expected, " + std::to_string(differing) + " different, " + std::to_string(malformed) + " malformed\n");
   return static_cast<int>(worst);
 }
 

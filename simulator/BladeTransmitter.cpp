@@ -235,7 +235,7 @@ void BladeTransmitter::showFunctionBlock() {
   const double value = mode == "modeOutOfService" ? kNothing : mLoopTest != 0 ? mLoopTest : byHand ? mHeldOutput : consistency;
   mTable.set("outputValue", value);
   std::string_view quality = "qualityGood";
-  if (isFailSafe() || isOutOfLimits("consistency") || undisturbed(now()) != now()) quality = "qualityUncertain";
+  if (isFailSafe() || isOutOfLimits("consistency")) quality = "qualityUncertain";
   if (mTable.key("simulation") == "on") quality = mTable.key("simulationQuality");
   if (std::isnan(value)) quality = "qualityBad";
   mTable.setKey("outputQuality", quality);

@@ -1,13 +1,85 @@
+#include <CLI/CLI.hpp>
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
 
 #include "host/DataFolder.h"
+#include "platform/base/RuntimeError.h"
 #include "workbench/window/MainWindow.h"
+#include "workbench/window/Pictures.h"
+#include "workbench/window/Tour.h"
+
+using namespace ostrand;
+
+namespace {
+
+struct Options {
+  std::string dataSet;
+  std::string language;
+  std::string theme = "light";
+  bool tour = false;
+  std::string pictures;
+};
+
+bool isSet(const char* variable) {
+  const char* const value = std::getenv(variable);
+  return value && *value;
+}
+
+// Qt ends the program when it finds no way to show a window; the user is to hear what to do.
+void onQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg && text.contains(QStringLiteral("platform plugin"))) {
+    std::fprintf(stderr,
+                 "ostrand-workbench: there is no display that can be used, and no way to do without one.\n"
+                 "Set DISPLAY or WAYLAND_DISPLAY, or install the platform plugin \"offscreen\" (Debian: libqt6gui6).\n");
+    std::_Exit(1);
+  }
+  if (type != QtDebugMsg && type != QtInfoMsg) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+  if (type == QtFatalMsg) std::abort();
+}
+
+int run(QApplication& application, const Options& options, bool hasDisplay) {
+  Workbench workbench(dataFolder());
+  MainWindow window(workbench);
+  if (!options.language.empty()) workbench.setLanguage(options.language);
+  if (options.theme == "dark") workbench.setTheme(Theme::Kind::Dark, 1.0);
+  if (!options.dataSet.empty()) workbench.openDataSet(options.dataSet);
+  window.QWidget::show();
+  if (!options.pictures.empty()) {
+    std::printf("%d pictures are in %s\n", Pictures(window, options.pictures).takeAll(), options.pictures.c_str());
+    return 0;
+  }
+  if (options.tour || !hasDisplay) {
+    Tour(window, "out").play();
+    return 0;
+  }
+  window.show(window.tree().firstPlace());
+  return application.exec();
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
+  Options options;
+  CLI::App app("The workbench of the pulp-consistency transmitters: every view in a window, before simulated devices", "ostrand-workbench");
+  app.add_option("DATASET", options.dataSet, "the data set to open");
+  app.add_option("--language", options.language, "en, fi, sv, de, or keys");
+  app.add_option("--theme", options.theme, "light or dark")->check(CLI::IsMember({"light", "dark"}));
+  app.add_flag("--tour", options.tour, "play the guided tour; pictures go to out/");
+  app.add_option("--pictures", options.pictures, "take pictures of all pages in all languages, into this folder");
+  CLI11_PARSE(app, argc, argv);
+
+  const bool hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
+  const bool unattended = !options.pictures.empty() || !hasDisplay;
+  if (unattended && !isSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(onQtMessage);
   QApplication application(argc, argv);
-  ostrand::Workbench workbench(ostrand::dataFolder());
-  ostrand::MainWindow window(workbench);
-  window.show(window.tree().firstPlace());
-  window.QWidget::show();
-  return application.exec();
+  application.setApplicationName(QStringLiteral("Ostrand"));
+  try {
+    return run(application, options, hasDisplay);
+  } catch (const RuntimeError& error) {
+    std::fprintf(stderr, "ostrand-workbench: %s\n", error.description().c_str());
+    return 1;
+  }
 }

@@ -63,7 +63,8 @@ auto listenedTo(CallListener& listener, const CallText& text, Body body, Tell te
 template <class Body>
 auto listenedTo(CallListener& listener, const CallText& text, Body body) {
   if constexpr (std::is_void_v<decltype(body())>)
-    listenedTo(listener, text, [&] { return body(), 0; }, [](int) { return std::string(); });
+    listenedTo(
+        listener, text, [&] { return body(), 0; }, [](int) { return std::string(); });
   else
     return listenedTo(listener, text, body, [](const auto&) { return std::string(); });
 }

@@ -63,6 +63,7 @@ class Conversation : public CallListener, public ControlProbe {
   };
   // The next time that this property is set it is the player who does it.
   void expectSetting(const Control& control, std::string_view property);
+  void expectNothing() { mExpectedControl = nullptr; }
 
   // CallListener
   Call begins(const CallText& call) override;

@@ -50,8 +50,8 @@ class DeviceContainer : public ScriptedContainer {
 
 }  // namespace
 
-DeviceHost::DeviceHost(Desktop& desktop, ComponentSource& components, const std::filesystem::path& data, CallListener& listener, Ref<HostScript> script,
-                       Events events)
+DeviceHost::DeviceHost(Desktop& desktop, ComponentSource& components, const std::filesystem::path& data, CallListener& listener,
+                       Ref<HostScript> script, Events events)
     : mDesktop(desktop),
       mData(data),
       mEvents(std::move(events)),
@@ -60,9 +60,8 @@ DeviceHost::DeviceHost(Desktop& desktop, ComponentSource& components, const std:
                return Ref<Messenger>(new RecordingMessenger(listener, Ref<Messenger>(new DeviceMessenger(script, std::move(real)))));
              },
              [this, &listener, script](ViewSite& site, Ref<IHostContainer> real) {
-               const Ref<IHostContainer> container(new RecordingContainer(listener, Ref<IHostContainer>(new DeviceContainer(script, std::move(real)))));
-               mEvents.created(site, container);
-               return container;
+               mEvents.created(site);
+               return Ref<IHostContainer>(new RecordingContainer(listener, Ref<IHostContainer>(new DeviceContainer(script, std::move(real)))));
              }}) {
   mHost.observers().add(*this);
   mHost.setCommunicationMode(static_cast<CommunicationMode>(script->mode));

@@ -19,7 +19,7 @@ class DeviceHost : private HostObserver {
     std::function<void(const ErrorText&)> unhandled;
     std::function<void(const Document&)> handedIn;
     // A component has been made; it is placed when this returns.
-    std::function<void(ViewSite&, const Ref<IHostContainer>&)> created;
+    std::function<void(ViewSite&)> created;
   };
 
   // All but `events` must outlive it.

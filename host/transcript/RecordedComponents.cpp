@@ -103,23 +103,28 @@ class RecordedComponent : public HostObject<IPlaceable, ITaviView, ITaviDataUser
   }
 
   void SetErrorData(const Document& doc) override {
-    record("error", [&] { as<ITaviDataUser>()->SetErrorData(doc); }, doc.xml());
+    record(
+        "error", [&] { as<ITaviDataUser>()->SetErrorData(doc); }, doc.xml());
   }
   void SetImportData(const Document& doc) override {
-    record("import", [&] { as<ITaviDataUser>()->SetImportData(doc); }, doc.xml());
+    record(
+        "import", [&] { as<ITaviDataUser>()->SetImportData(doc); }, doc.xml());
   }
   void SetOfflineData(const Document& doc) override {
-    record("offline", [&] { as<ITaviDataUser>()->SetOfflineData(doc); }, doc.xml());
+    record(
+        "offline", [&] { as<ITaviDataUser>()->SetOfflineData(doc); }, doc.xml());
   }
   void SetOnlineData(const Document& doc) override {
-    record("online", [&] { as<ITaviDataUser>()->SetOnlineData(doc); }, doc.xml());
+    record(
+        "online", [&] { as<ITaviDataUser>()->SetOnlineData(doc); }, doc.xml());
   }
 
   void SetMessenger(const Ref<Messenger>& messenger) override {
     record("messenger", [&] { as<ITaviComponent>()->SetMessenger(messenger); });
   }
   void Localize(const Ref<ITextTable>& textTable) override {
-    record("localize " + TranscriptRecorder::word(mRecorder.language), [&] { as<ILocalizable>()->Localize(recordingTextTable(mRecorder, textTable)); });
+    record("localize " + TranscriptRecorder::word(mRecorder.language),
+           [&] { as<ILocalizable>()->Localize(recordingTextTable(mRecorder, textTable)); });
   }
 
   Picture GetDeviceImage(const std::string& argument) override { return as<ITaviDeviceSpecific>()->GetDeviceImage(argument); }

@@ -23,8 +23,8 @@ void RecordingContainer::DTMGUIDownload(const std::string& xml, const std::strin
 
 std::string RecordingContainer::DTMGUIGetXmlPath() {
   const Ref<IHostContainer> pin(this);
-  return listenedTo(mListener, {"DTMGUIGetXmlPath", {}, {}, {}, false}, [&] { return mHost->DTMGUIGetXmlPath(); },
-                    [](const std::string& path) { return path; });
+  return listenedTo(
+      mListener, {"DTMGUIGetXmlPath", {}, {}, {}, false}, [&] { return mHost->DTMGUIGetXmlPath(); }, [](const std::string& path) { return path; });
 }
 
 void RecordingContainer::NotifyStatus(const std::string& key, int first, int second) {

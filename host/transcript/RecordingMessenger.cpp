@@ -62,7 +62,8 @@ class RecordingAddressService : public HostObject<IAddressService> {
   bool SetBusAddress(std::uint8_t address, std::uint8_t second) override {
     const Ref<IAddressService> pin(this);
     const CallText call{"SetBusAddress", argumentsText(int{address}, int{second}), std::to_string(address), {}, true};
-    return listenedTo(mListener, call, [&] { return mService->SetBusAddress(address, second); }, [](bool done) { return toText(done); });
+    return listenedTo(
+        mListener, call, [&] { return mService->SetBusAddress(address, second); }, [](bool done) { return toText(done); });
   }
 
  private:
@@ -143,18 +144,20 @@ Document RecordingMessenger::GetTreeDocument() {
 
 int RecordingMessenger::GetUserLevel() {
   const Ref<Messenger> pin(this);
-  return listenedTo(mListener, asked("GetUserLevel"), [&] { return mHost->GetUserLevel(); }, [](int level) { return toText(level); });
+  return listenedTo(
+      mListener, asked("GetUserLevel"), [&] { return mHost->GetUserLevel(); }, [](int level) { return toText(level); });
 }
 
 bool RecordingMessenger::GetMaximizeAllowed() {
   const Ref<Messenger> pin(this);
-  return listenedTo(mListener, asked("GetMaximizeAllowed"), [&] { return mHost->GetMaximizeAllowed(); }, [](bool allowed) { return toText(allowed); });
+  return listenedTo(
+      mListener, asked("GetMaximizeAllowed"), [&] { return mHost->GetMaximizeAllowed(); }, [](bool allowed) { return toText(allowed); });
 }
 
 int RecordingMessenger::AskUser(const std::string& title, const std::string& message) {
   const Ref<Messenger> pin(this);
-  return listenedTo(mListener, told("AskUser", {}, title, message), [&] { return mHost->AskUser(title, message); },
-                    [](int answer) { return toText(answer); });
+  return listenedTo(
+      mListener, told("AskUser", {}, title, message), [&] { return mHost->AskUser(title, message); }, [](int answer) { return toText(answer); });
 }
 
 void RecordingMessenger::ShowMessage(const std::string& title, const std::string& message) {

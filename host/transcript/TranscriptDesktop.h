@@ -25,7 +25,8 @@ class TranscriptDesktop : public VirtualDesktop {
   std::function<std::filesystem::path(const std::string&)> newFile;
 
  private:
-  std::optional<std::filesystem::path> ask(const char* call, const FileDialog& dialog, const std::function<std::filesystem::path(const std::string&)>& place);
+  std::optional<std::filesystem::path> ask(const char* call, const FileDialog& dialog,
+                                           const std::function<std::filesystem::path(const std::string&)>& place);
 
   Conversation& mConversation;
 };

@@ -511,15 +511,16 @@ void TranscriptPlayer::device(const TranscriptInput& input) {
   const auto given = input.words.size() > 2 ? behind(input.words[2].text, "seed=") : std::nullopt;
   const unsigned seed = static_cast<unsigned>(parseInteger(given.value_or("1")).value_or(1));
   if (!mDevice) {
-    const auto created = [this](ViewSite& site, const Ref<IHostContainer>&) {
+    const auto created = [this](ViewSite& site) {
       if (!mMade) return;
       mMade->site = Ref<ViewSite>(&site);
       mMade->object = Ref<IObject>(site.component());
       mMade->messenger = mDevice->messengerOf(site);
       mCurrent = mViews.emplace_back(std::move(mMade)).get();
     };
-    auto host = std::make_unique<DeviceHost>(mDesktop, mComponents, mData, mConversation, mScript,
-                                             DeviceHost::Events{mScript->unhandled, [this](const Document& each) { mDocuments.push_back(each); }, created});
+    auto host =
+        std::make_unique<DeviceHost>(mDesktop, mComponents, mData, mConversation, mScript,
+                                     DeviceHost::Events{mScript->unhandled, [this](const Document& each) { mDocuments.push_back(each); }, created});
     host->connect(input.words[1].text, seed);
     mDevice = std::move(host);
     for (const UnitService::Quantity& quantity : mUnits->quantities())

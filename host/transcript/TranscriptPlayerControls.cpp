@@ -141,7 +141,8 @@ void TranscriptPlayer::choose(const TranscriptInput& input) {
   auto* const edit = dynamic_cast<ChoiceEdit*>(&target);
   if (!edit) return userAction(target, [&](UserActions& taker) { taker.choose(key); });
   const auto& choices = edit->choices();
-  const bool offered = choices.empty() || std::any_of(choices.begin(), choices.end(), [&](const auto& each) { return each.key == key && each.offered; });
+  const bool offered =
+      choices.empty() || std::any_of(choices.begin(), choices.end(), [&](const auto& each) { return each.key == key && each.offered; });
   // An option edit has no display, so the user reaches it by other controls only; its value may be chosen all the same.
   if (dynamic_cast<CtrOptionEdit*>(edit)) {
     if (isOn(target, "ReadOnly")) reject(target.name() + " is read only");
@@ -154,6 +155,7 @@ void TranscriptPlayer::choose(const TranscriptInput& input) {
   } else {
     mConversation.expectSetting(target, "Text");
     onView([&] { edit->Text(key); });
+    mConversation.expectNothing();
   }
 }
 
@@ -179,7 +181,8 @@ void TranscriptPlayer::slide(const TranscriptInput& input) {
   auto& slider = as<Slider>(control(input.words[1].text), "slider");
   requireReachable(slider);
   const int value = integer(input.words[2]);
-  if (value < asInt(slider.get("Min", {})) || value > asInt(slider.get("Max", {}))) reject(slider.name() + " cannot stand at " + std::to_string(value));
+  if (value < asInt(slider.get("Min", {})) || value > asInt(slider.get("Max", {})))
+    reject(slider.name() + " cannot stand at " + std::to_string(value));
   onView([&] { slider.slide(value); });
 }
 
@@ -239,7 +242,9 @@ void TranscriptPlayer::set(const TranscriptInput& input) {
   const Ref<Component> pin(target.owner());
   try {
     target.set(name.property, name.indices, value);
+    mConversation.expectNothing();
   } catch (const RuntimeError& error) {
+    mConversation.expectNothing();
     switch (error.number()) {
       case RuntimeError::BadArgument:
       case RuntimeError::OutOfRange:
@@ -248,6 +253,7 @@ void TranscriptPlayer::set(const TranscriptInput& input) {
       default: mConversation.printUnhandled({error.number(), error.description()});
     }
   } catch (...) {
+    mConversation.expectNothing();
     mConversation.printUnhandled(currentError());
   }
 }
@@ -278,7 +284,8 @@ void TranscriptPlayer::show(const TranscriptInput&) {
 
 void TranscriptPlayer::document(const TranscriptInput& input) {
   const int number = integer(input.words[1]);
-  if (number < 1 || number > static_cast<int>(mDocuments.size())) throw RuntimeError(RuntimeError::OutOfRange, "there is no document " + std::to_string(number));
+  if (number < 1 || number > static_cast<int>(mDocuments.size()))
+    throw RuntimeError(RuntimeError::OutOfRange, "there is no document " + std::to_string(number));
   const Document& document = mDocuments[static_cast<std::size_t>(number) - 1];
   if (input.words.size() == 2) return mConversation.printDocument(document.xml());
   if (const auto text = document.selectText(input.words[2].text)) mConversation.printValue(inQuotes(*text));

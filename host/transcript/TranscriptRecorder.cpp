@@ -86,7 +86,9 @@ TranscriptRecorder::Input TranscriptRecorder::input(const std::string& line, con
 
 void TranscriptRecorder::inputEnds() { mInputs.pop_back(); }
 
-void TranscriptRecorder::setup(Block& block, const std::string& line, const std::optional<std::string>& document) { addInput(block.setup, line, document); }
+void TranscriptRecorder::setup(Block& block, const std::string& line, const std::optional<std::string>& document) {
+  addInput(block.setup, line, document);
+}
 
 void TranscriptRecorder::put(std::string line) { current().outputs.push_back({std::move(line), {}}); }
 
@@ -123,7 +125,8 @@ void TranscriptRecorder::fails(Call call, const ErrorText& error) {
   if (open.output) open.block->outputs[*open.output].line += " -> failed";
   // A call that fails takes no answer.
   if (open.slot) *open.slot = "failed";
-  setup(*open.block, "fail " + open.name + " " + std::to_string(open.ordinal) + " " + std::to_string(error.number) + " " + inQuotes(error.description));
+  setup(*open.block,
+        "fail " + open.name + " " + std::to_string(open.ordinal) + " " + std::to_string(error.number) + " " + inQuotes(error.description));
   mCalls.pop_back();
 }
 

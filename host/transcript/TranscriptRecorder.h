@@ -80,7 +80,7 @@ class TranscriptRecorder : public CallListener {
     int ordinal;  // among the calls of its name in the block, from 1
     Block* block;
     std::optional<std::size_t> output;
-    std::string* slot;        // for its answer
+    std::string* slot;  // for its answer
     LocalTime waitsUntil{};
   };
 

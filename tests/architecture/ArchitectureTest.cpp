@@ -55,7 +55,7 @@ const std::vector<Floor> kGround{
 // Third parties, each with the only floors that may know it.
 const std::vector<std::pair<std::regex, std::set<std::string>>> kThirdParties{
     {std::regex("pugixml\\.hpp"), {"platform"}},
-    {std::regex("CLI/.*"), {"cli"}},
+    {std::regex("CLI/.*"), {"cli", "workbench"}},
     {std::regex("Q[A-Z].*|qcustomplot\\.h|Qt.*"), {"workbench"}},
 };
 
@@ -72,7 +72,7 @@ bool isSource(const fs::path& path) {
 
 std::vector<Source> sourcesBelow(const fs::path& folder, bool (*wanted)(const fs::path&) = isSource) {
   std::vector<Source> sources;
-  if (!fs::exists(folder)) return sources;
+  if (!fs::is_directory(folder)) return sources;
   for (const auto& entry : fs::recursive_directory_iterator(folder))
     if (entry.is_regular_file() && wanted(entry.path())) sources.push_back({entry.path(), readWholeFile(entry.path())});
   return sources;
@@ -174,10 +174,14 @@ TEST(ArchitectureTest, TheSourcesSpeakForThemselves) {
   const std::regex kOutside(std::string("\\b[Ss]pecifi") + "cation\\b|\\b[Pp]ar" + "ts? [0-9]+\\.[0-9]");
   const std::vector<Source> all = publicTexts();
   ASSERT_GT(all.size(), 50u);
-  for (const Source& source : all) {
-    std::smatch found;
-    EXPECT_FALSE(std::regex_search(source.text, found, kOutside)) << source.shortName() << " says \"" << found.str() << "\"";
-  }
+  for (const Source& source : all)
+    for (std::sregex_iterator found(source.text.begin(), source.text.end(), kOutside), end; found != end; ++found) {
+      // A state of a device is called so too: "Out of ...".
+      constexpr std::string_view kState = "ut of ";
+      const auto at = static_cast<std::size_t>(found->position());
+      const bool isState = at >= kState.size() && source.text.compare(at - kState.size(), kState.size(), kState) == 0;
+      EXPECT_TRUE(isState) << source.shortName() << " says \"" << found->str() << "\"";
+    }
 }
 
 TEST(ArchitectureTest, NoFileIsLong) {

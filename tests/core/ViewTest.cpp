@@ -63,6 +63,7 @@ TEST_F(ViewTest, FillsItsItemsAndPutsTheStampsToTheRight) {
 
 TEST_F(ViewTest, AFailureInResizingIsReportedOnceThereIsAMessenger) {
   place(twoFrames);
+  const int before = view->frmViews(0).Width();
   probeOn();
   probe.calls.fail("frmViews(0).Move");
   view->Resize(1000, 1000);
@@ -73,7 +74,7 @@ TEST_F(ViewTest, AFailureInResizingIsReportedOnceThereIsAMessenger) {
   messenger->announce("TestView UserControl_Resize: ", 8);
   view->Resize(2000, 2000);
   EXPECT_EQ(view->frmViews(1).Width(), 2000);
-  EXPECT_EQ(view->frmViews(0).Width(), 9000);
+  EXPECT_EQ(view->frmViews(0).Width(), before);
 }
 
 TEST_F(ViewTest, AFailureInCreationIsDropped) {

@@ -124,11 +124,11 @@ TEST_F(CommunicationTest, BusyRefusesAndFreeTakesAgain) {
   EXPECT_EQ(paper.messenger->GetCommunicationMode(), 20);
   EXPECT_FALSE(paper.messenger->SendRequestWithStatus(read("a", "speed"), "reading", 0, 0));
   EXPECT_EQ(diary.lines.back(), "refused a: the communication is busy");
-  const auto refused = errorOf([&] { paper.messenger->SendRequest(read("a", "speed"), "a"); });
+  const auto refused = refusalOf([&] { paper.messenger->SendRequest(read("a", "speed"), "a"); });
   EXPECT_EQ(refused.number, RuntimeError::PermissionDenied);
   EXPECT_EQ(refused.description, "the request was refused: the communication is busy");
-  EXPECT_EQ(errorOf([&] { paper.messenger->ReadRequest(read("a", "speed"), 0); }).number, RuntimeError::PermissionDenied);
-  EXPECT_EQ(errorOf([&] { paper.parent->DTMGUIDownload(write("a", "speed", "1"), "a", 1); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { paper.messenger->ReadRequest(read("a", "speed"), 0); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { paper.parent->DTMGUIDownload(write("a", "speed", "1"), "a", 1); }).number, RuntimeError::PermissionDenied);
   reply(answer("before", "read", {{"speed", "2"}}));
   EXPECT_EQ(paper.take().back(), "SetOnlineData read before: speed=2") << "what was accepted goes on";
   host.setCommunicationMode(CommunicationMode::Free);

@@ -62,7 +62,7 @@ TEST_F(ComponentServerTest, FindsALibraryThroughTheRegistrationAlone) {
 TEST_F(ComponentServerTest, AnUnknownClassIsNamed) {
   for (const fs::path& library : {own, none}) {
     ComponentServer server(library);
-    const auto error = errorOf([&] { server.create("CtrDeviceSpecificFjell"); });
+    const auto error = refusalOf([&] { server.create("CtrDeviceSpecificFjell"); });
     EXPECT_EQ(error.number, RuntimeError::BadArgument);
     EXPECT_NE(error.description.find("\"CtrDeviceSpecificFjell\""), std::string::npos);
   }
@@ -71,7 +71,7 @@ TEST_F(ComponentServerTest, AnUnknownClassIsNamed) {
 TEST_F(ComponentServerTest, AClassThatTheLibraryHasLostIsNamed) {
   addToRegistry(registry, fs::canonical(own), {{"VwGone", Guid::of("00000000-1111-2222-3333-444444444444"), {}, ""}});
   ComponentServer server(own);
-  EXPECT_NE(errorOf([&] { server.create("VwGone"); }).description.find("does not have it"), std::string::npos);
+  EXPECT_NE(refusalOf([&] { server.create("VwGone"); }).description.find("does not have it"), std::string::npos);
 }
 
 TEST_F(ComponentServerTest, AnotherCopyOfTheLibraryGivesWayToThePrograms) {
@@ -82,33 +82,33 @@ TEST_F(ComponentServerTest, AnotherCopyOfTheLibraryGivesWayToThePrograms) {
 }
 
 TEST_F(ComponentServerTest, LibrariesThatAreNoneAreToldApart) {
-  EXPECT_EQ(errorOf([&] { ServerLibrary library(folder / "none.so"); }).number, RuntimeError::FileNotFound);
+  EXPECT_EQ(refusalOf([&] { ServerLibrary library(folder / "none.so"); }).number, RuntimeError::FileNotFound);
   writeWholeFile(folder / "text.so", "no library");
-  const auto text = errorOf([&] { ServerLibrary library(folder / "text.so"); });
+  const auto text = refusalOf([&] { ServerLibrary library(folder / "text.so"); });
   EXPECT_EQ(text.number, RuntimeError::BadArgument);
   EXPECT_NE(text.description.find("cannot be loaded"), std::string::npos);
-  const auto plain = errorOf([&] { ServerLibrary library(fs::path(OSTRAND_BINARY_DIR) / "libDTMGUI_Controls.so"); });
+  const auto plain = refusalOf([&] { ServerLibrary library(fs::path(OSTRAND_BINARY_DIR) / "libDTMGUI_Controls.so"); });
   EXPECT_EQ(plain.number, RuntimeError::BadArgument);
   EXPECT_NE(plain.description.find("does not export DllGetClassObject"), std::string::npos);
   addToRegistry(registry, folder / "none.so", {{"VwLost", Guid::of("00000000-1111-2222-3333-444444444444"), {}, ""}});
   ComponentServer server(none);
-  EXPECT_EQ(errorOf([&] { server.create("VwLost"); }).number, RuntimeError::FileNotFound);
+  EXPECT_EQ(refusalOf([&] { server.create("VwLost"); }).number, RuntimeError::FileNotFound);
 }
 
 TEST_F(ComponentServerTest, ADamagedRegistrationIsToldAndKept) {
   writeWholeFile(registry, "<components><class na");
   ComponentServer server(own);
-  const auto error = errorOf([&] { server.create("VwMeasurement"); });
+  const auto error = refusalOf([&] { server.create("VwMeasurement"); });
   EXPECT_EQ(error.number, RuntimeError::BadArgument);
   EXPECT_NE(error.description.find("is damaged"), std::string::npos);
-  EXPECT_EQ(errorOf([&] { ServerLibrary(own).registerClasses(); }).number, RuntimeError::BadArgument);
+  EXPECT_EQ(refusalOf([&] { ServerLibrary(own).registerClasses(); }).number, RuntimeError::BadArgument);
   EXPECT_EQ(readWholeFile(registry), "<components><class na");
 }
 
 TEST_F(ComponentServerTest, ARegistrationThatCannotBeWrittenIsTold) {
   fs::create_directory(folder / "components.xml.new");  // in the way of the new file
   ComponentServer server(own);
-  const auto error = errorOf([&] { server.create("VwMeasurement"); });
+  const auto error = refusalOf([&] { server.create("VwMeasurement"); });
   EXPECT_EQ(error.number, RuntimeError::PermissionDenied);
   EXPECT_NE(error.description.find(registry.string()), std::string::npos);
 }

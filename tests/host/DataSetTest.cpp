@@ -27,18 +27,18 @@ class DataSetTest : public ::testing::Test {
 };
 
 TEST_F(DataSetTest, ToldErrorsNameTheFile) {
-  const auto missing = errorOf([&] { DataSet::open(folder / "none.xml"); });
+  const auto missing = refusalOf([&] { DataSet::open(folder / "none.xml"); });
   EXPECT_EQ(missing.number, RuntimeError::FileNotFound);
   EXPECT_NE(missing.description.find("none.xml"), std::string::npos);
-  const auto noDocument = errorOf([&] { DataSet::open(write("bad.xml", "<data:dtm>")); });
+  const auto noDocument = refusalOf([&] { DataSet::open(write("bad.xml", "<data:dtm>")); });
   EXPECT_EQ(noDocument.number, RuntimeError::BadArgument);
   EXPECT_NE(noDocument.description.find("bad.xml: not a document"), std::string::npos) << noDocument.description;
   for (const char* const text : {"<texts/>", "<data:dtm xmlns:data='x'/>"}) {
-    const auto noDataSet = errorOf([&] { DataSet::open(write("other.xml", text)); });
+    const auto noDataSet = refusalOf([&] { DataSet::open(write("other.xml", text)); });
     EXPECT_EQ(noDataSet.number, RuntimeError::BadArgument);
     EXPECT_NE(noDataSet.description.find("other.xml: not a data set"), std::string::npos) << noDataSet.description;
   }
-  EXPECT_EQ(errorOf([&] { DataSet::open(folder); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { DataSet::open(folder); }).number, RuntimeError::PermissionDenied);
 }
 
 TEST_F(DataSetTest, TellsParametersAndGroups) {
@@ -154,7 +154,7 @@ TEST_F(DataSetTest, TellsAValueInItsOwnUnit) {
 
 TEST_F(DataSetTest, SavesWholeAndReadsBack) {
   DataSet set = smallDataSet();
-  EXPECT_EQ(errorOf([&] { set.save(); }).number, RuntimeError::FileNotFound);
+  EXPECT_EQ(refusalOf([&] { set.save(); }).number, RuntimeError::FileNotFound);
   set.edit("name", "<&\">");
   set.saveAs(folder / "set.xml");
   EXPECT_FALSE(set.changed());
@@ -170,10 +170,10 @@ TEST_F(DataSetTest, AFailedSaveLeavesFileAndDataSet) {
   DataSet set = DataSet::open(write("set.xml", kSmallDataSet));
   set.edit("name", "B");
   std::filesystem::create_directory(folder / "set.xml.new");  // in the way of what is written beside
-  EXPECT_EQ(errorOf([&] { set.save(); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { set.save(); }).number, RuntimeError::PermissionDenied);
   EXPECT_TRUE(set.changed());
   EXPECT_EQ(readWholeFile(folder / "set.xml"), kSmallDataSet);
-  EXPECT_EQ(errorOf([&] { set.saveAs(folder / "no" / "such.xml"); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { set.saveAs(folder / "no" / "such.xml"); }).number, RuntimeError::PermissionDenied);
   EXPECT_EQ(set.file(), folder / "set.xml");
 }
 

@@ -18,7 +18,7 @@ namespace ostrand::test {
 inline std::filesystem::path sourceData() { return std::filesystem::path(OSTRAND_SOURCE_DIR) / "data"; }
 
 // The number and the description of the error that a call ends with; 0 if it ends well.
-inline ErrorText errorOf(const std::function<void()>& call) {
+inline ErrorText refusalOf(const std::function<void()>& call) {
   try {
     call();
   } catch (const RuntimeError& error) {

@@ -34,8 +34,8 @@ TEST_F(HostLifeTest, AReleasedSiteDoesNothing) {
   EXPECT_TRUE(site->leave());
   EXPECT_EQ(site->selected(), "");
   EXPECT_FALSE(host.bringToFront(*site, "x"));
-  EXPECT_EQ(errorOf([&] { site->DTMGUIGetXmlPath(); }).number, RuntimeError::NothingThere);
-  EXPECT_EQ(errorOf([&] { site->DTMGUIDownload("<a/>", "", 1); }).number, RuntimeError::NothingThere);
+  EXPECT_EQ(refusalOf([&] { site->DTMGUIGetXmlPath(); }).number, RuntimeError::NothingThere);
+  EXPECT_EQ(refusalOf([&] { site->DTMGUIDownload("<a/>", "", 1); }).number, RuntimeError::NothingThere);
 }
 
 TEST_F(HostLifeTest, TheHostEndsItsViews) {
@@ -61,7 +61,7 @@ TEST_F(HostLifeTest, TheHostEndsItsViews) {
 }
 
 TEST_F(HostLifeTest, AnUnknownClassIsNamed) {
-  const auto error = errorOf([&] { host.place("VwNothing"); });
+  const auto error = refusalOf([&] { host.place("VwNothing"); });
   EXPECT_EQ(error.number, RuntimeError::BadArgument);
   EXPECT_NE(error.description.find("VwNothing"), std::string::npos);
   EXPECT_TRUE(host.sites().empty());
@@ -100,7 +100,7 @@ TEST_F(HostLifeTest, AViewThatFailsCostsThatCallOnly) {
 
 TEST_F(HostLifeTest, ADataSetThatCannotBeOpenedChangesNothing) {
   PaperView& paper = view();
-  EXPECT_EQ(errorOf([&] { host.openDataSet("no/such/file.xml"); }).number, RuntimeError::FileNotFound);
+  EXPECT_EQ(refusalOf([&] { host.openDataSet("no/such/file.xml"); }).number, RuntimeError::FileNotFound);
   EXPECT_TRUE(paper.take().empty());
   EXPECT_EQ(host.dataSet()->deviceType(), "test");
   host.openDataSet(sourceData() / "devices/hartBlade.xml");
@@ -118,7 +118,7 @@ TEST_F(HostLifeTest, ADeviceMayHaveATreeOfItsOwn) {
 
 TEST_F(HostLifeTest, ALanguageThatIsMissingChangesNothing) {
   PaperView& paper = view();
-  EXPECT_EQ(errorOf([&] { host.setLanguage("xx"); }).number, RuntimeError::BadArgument);
+  EXPECT_EQ(refusalOf([&] { host.setLanguage("xx"); }).number, RuntimeError::BadArgument);
   EXPECT_EQ(host.session().language, "en");
   EXPECT_TRUE(paper.take().empty());
   host.setLanguage("probe");
@@ -187,11 +187,16 @@ TEST_F(HostLifeTest, LiveReadingIsNeverInTheWay) {
 }
 
 TEST_F(HostLifeTest, LiveReadingGoesOnAfterADeviceThatDidNotAnswer) {
-  view("monitoringVariables");
-  desktop.wait(2.5);
-  asked.clear();
-  desktop.wait(1);
-  EXPECT_EQ(asked.size(), 1u);
+  PaperView& paper = view("monitoringVariables");
+  const Lines failure = {"SetErrorData read monitoringVariables communicationError local: load speed"};
+  desktop.wait(12);
+  EXPECT_GT(asked.size(), 3u);
+  EXPECT_EQ(paper.take(), failure) << "told once, not again and again";
+  const auto good = answer("monitoringVariables", "read", {{"load", "8"}});
+  asked.back().answer(good);
+  EXPECT_EQ(paper.take().size(), 1u);
+  desktop.wait(12);
+  EXPECT_EQ(paper.take(), failure) << "and again after it has worked";
 }
 
 TEST_F(HostLifeTest, ChangesGoOutByGroup) {

@@ -94,9 +94,9 @@ TEST_F(HostMessengerTest, GivesTheServicesOfTheHost) {
 
 TEST_F(HostMessengerTest, ATextThatIsNoRequestIsTheCallersError) {
   PaperView& paper = view();
-  EXPECT_EQ(errorOf([&] { paper.messenger->SendRequest("<not", "a"); }).number, RuntimeError::BadArgument);
-  EXPECT_EQ(errorOf([&] { paper.messenger->SendRequestWithStatus("<not/>", "a", 0, 0); }).number, RuntimeError::BadArgument);
-  EXPECT_EQ(errorOf([&] { paper.parent->DTMGUIDownload("", "a", 1); }).number, RuntimeError::BadArgument);
+  EXPECT_EQ(refusalOf([&] { paper.messenger->SendRequest("<not", "a"); }).number, RuntimeError::BadArgument);
+  EXPECT_EQ(refusalOf([&] { paper.messenger->SendRequestWithStatus("<not/>", "a", 0, 0); }).number, RuntimeError::BadArgument);
+  EXPECT_EQ(refusalOf([&] { paper.parent->DTMGUIDownload("", "a", 1); }).number, RuntimeError::BadArgument);
   EXPECT_TRUE(asked.empty());
 }
 
@@ -119,8 +119,8 @@ TEST_F(HostMessengerTest, AMessengerOutlivesItsViewWithoutAHost) {
   PaperView& paper = view();
   const Ref<Messenger> kept = paper.messenger;
   host.release(*host.sites().front());
-  EXPECT_EQ(errorOf([&] { kept->GetUserLevel(); }).number, RuntimeError::NothingThere);
-  EXPECT_EQ(errorOf([&] { kept->AskUser("a", "b"); }).number, RuntimeError::NothingThere);
+  EXPECT_EQ(refusalOf([&] { kept->GetUserLevel(); }).number, RuntimeError::NothingThere);
+  EXPECT_EQ(refusalOf([&] { kept->AskUser("a", "b"); }).number, RuntimeError::NothingThere);
   kept->ReportError("late: ", 5, "");
   kept->Log(67, "late");
   EXPECT_TRUE(diary.lines.empty());

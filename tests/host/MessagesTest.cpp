@@ -28,7 +28,7 @@ TEST(Messages, TheNameOfTheCallIsTheNameOfTheAnswer) { EXPECT_EQ(told(readReques
 TEST(Messages, WhatIsNoRequestIsAnError) {
   for (const char* const text : {"", "no xml", "<a/>", "<dtm/>", "<communicationRequest name=\"a\" access=\"maybe\"/>", "<communicationRequest access=\"read\"/>",
                                  "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"/>"})
-    EXPECT_EQ(errorOf([&] { readRequestText(text, ""); }).number, RuntimeError::BadArgument) << text;
+    EXPECT_EQ(refusalOf([&] { readRequestText(text, ""); }).number, RuntimeError::BadArgument) << text;
 }
 
 TEST(Messages, ABlankBeforeAValueIsTolerated) {

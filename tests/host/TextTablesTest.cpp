@@ -43,7 +43,7 @@ TEST(TextTables, HaveTwoLanguagesOfTheirOwn) {
 TEST(TextTables, SayWhichLanguagesThereAre) {
   TextTables tables(sourceData() / "texts");
   for (const char* const code : {"xx", "", "../texts/en"}) {
-    const auto error = errorOf([&] { tables.table(code); });
+    const auto error = refusalOf([&] { tables.table(code); });
     EXPECT_EQ(error.number, RuntimeError::BadArgument);
     EXPECT_NE(error.description.find("de, en, fi, sv, keys, probe"), std::string::npos) << error.description;
   }
@@ -58,7 +58,7 @@ TEST(TextTables, ADamagedLanguageLeavesTheOthers) {
   TextTables tables(folder);
   EXPECT_EQ(tables.languages().size(), 3u);
   for (const char* const code : {"aa", "bb"}) {
-    const auto error = errorOf([&] { tables.table(code); });
+    const auto error = refusalOf([&] { tables.table(code); });
     EXPECT_EQ(error.number, RuntimeError::BadArgument);
     EXPECT_TRUE(error.description.starts_with((folder / code).string() + ".xml: ")) << error.description;
   }

@@ -50,10 +50,10 @@ TEST_F(UnitServiceTest, TellsTheChosenUnitOfAName) {
 }
 
 TEST_F(UnitServiceTest, SaysWhatThereIsToChoose) {
-  const auto noQuantity = errorOf([&] { units->choose("mass", "kg"); });
+  const auto noQuantity = refusalOf([&] { units->choose("mass", "kg"); });
   EXPECT_EQ(noQuantity.number, RuntimeError::BadArgument);
   EXPECT_NE(noQuantity.description.find("temperature, shearForce, torque"), std::string::npos) << noQuantity.description;
-  EXPECT_NE(errorOf([&] { units->choose("torque", "degC"); }).description.find("Nm, kNm, ftlbf"), std::string::npos);
+  EXPECT_NE(refusalOf([&] { units->choose("torque", "degC"); }).description.find("Nm, kNm, ftlbf"), std::string::npos);
 }
 
 TEST_F(UnitServiceTest, ADamagedFileIsNamed) {
@@ -64,7 +64,7 @@ TEST_F(UnitServiceTest, ADamagedFileIsNamed) {
         "<units><quantity name='q' base='a'><unit key='a' factor='1' offset='0'/><unit key='a' factor='1' offset='0'/></quantity></units>",
         "<units><parameter name='p' quantity='q'/></units>", "<units"}) {
     writeWholeFile(file, text);
-    const auto error = errorOf([&] { UnitService::open(file); });
+    const auto error = refusalOf([&] { UnitService::open(file); });
     EXPECT_EQ(error.number, RuntimeError::BadArgument) << text;
     EXPECT_TRUE(error.description.starts_with(file.string())) << error.description;
   }

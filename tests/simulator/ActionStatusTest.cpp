@@ -50,11 +50,15 @@ TEST_F(ActionStatusTest, ARefusalRaisesWhatItIsAboutAndWhatIsLookedAt) {
   EXPECT_THAT(raisedBy("laboratoryResults", Verdict::PointsTooClose), UnorderedElementsAre("CalPointsSpanTooSmall", "CalibrationError"));
   EXPECT_THAT(raisedBy("laboratoryResults", Verdict::PulpTypeNotAllowed), UnorderedElementsAre("InvalidPulpType", "CalibrationError"));
   EXPECT_THAT(raisedBy("laboratoryResults", Verdict::WriteProtected), UnorderedElementsAre("DeviceWriteFailed", "CalibrationError"));
-  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::TooLarge, {"laboratoryValue1"}), UnorderedElementsAre("LowerCalPointInvalidValue", "CalibrationError"));
-  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::TooSmall, {"laboratoryValue2"}), UnorderedElementsAre("UpperCalPointInvalidValue", "CalibrationError"));
-  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::InvalidSelection, {"calibrationType"}), UnorderedElementsAre("InvalidCalibrationData", "CalibrationError"));
+  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::TooLarge, {"laboratoryValue1"}),
+              UnorderedElementsAre("LowerCalPointInvalidValue", "CalibrationError"));
+  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::TooSmall, {"laboratoryValue2"}),
+              UnorderedElementsAre("UpperCalPointInvalidValue", "CalibrationError"));
+  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::InvalidSelection, {"calibrationType"}),
+              UnorderedElementsAre("InvalidCalibrationData", "CalibrationError"));
   EXPECT_THAT(raisedBy("laboratoryResults", Verdict::TooLarge, {"sampleFiller"}), UnorderedElementsAre("InvalidCalibrationData", "CalibrationError"));
-  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::InvalidSelection, {"laboratoryRecipe"}), UnorderedElementsAre("InvalidRecipeNumber", "CalibrationError"));
+  EXPECT_THAT(raisedBy("laboratoryResults", Verdict::InvalidSelection, {"laboratoryRecipe"}),
+              UnorderedElementsAre("InvalidRecipeNumber", "CalibrationError"));
 
   EXPECT_THAT(raisedBy("activeRecipe", Verdict::InvalidSelection, {"activeRecipe"}), ElementsAre("InvalidRecipeNumber"));
   EXPECT_THAT(raisedBy("activeRecipe", Verdict::RecipeNotCalibrated), ElementsAre("RecipeNotCalibrated"));

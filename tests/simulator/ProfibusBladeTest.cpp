@@ -106,6 +106,11 @@ TEST_F(ProfibusBladeTest, AGroupReadKnowsNothingOfActions) {
         EXPECT_FALSE(name.ends_with("Quality")) << group;
       }
   }
+  // A host names the items of the group that it refreshes.
+  const auto all = ask(readOf({"sample1ConsistencyAverage", "sample1Deviation", "sample1ShearForceAverage", "sample2ConsistencyAverage",
+                               "sample2Deviation", "sample2ShearForceAverage", "consistency"},
+                              "sampling"));
+  EXPECT_EQ(names(all[0].document).size(), 7u);
 }
 
 TEST_F(ProfibusBladeTest, TheSameSeedAndClockGiveTheSameBytes) {

@@ -8,7 +8,7 @@ namespace ostrand {
 
 CheckBoxRenderer::CheckBoxRenderer(FormPage& page, CheckBox& box) : ControlRenderer(page, box), mModel(box), mBox(new QCheckBox(&page)) {
   QObject::connect(mBox, &QCheckBox::clicked, mBox, [this] {
-    act([this] { mModel.click(); });
+    act([this] { mModel.click(); }, {"click", {}});
     this->page().changed(mModel);
   });
 }

@@ -10,7 +10,7 @@ namespace ostrand {
 
 CheckEditRenderer::CheckEditRenderer(FormPage& page, CtrCheckEdit& check) : EditRenderer(page, check), mModel(check), mBox(new QCheckBox(&page)) {
   QObject::connect(mBox, &QCheckBox::clicked, mBox, [this] {
-    act([this] { mModel.click(); });
+    act([this] { mModel.click(); }, {"click", {}});
     this->page().changed(mModel);
   });
 }

@@ -34,7 +34,7 @@ ComboEditRenderer::ComboEditRenderer(FormPage& page, CtrComboEdit& combo)
   QObject::connect(mBox, &QComboBox::activated, mBox, [this](int index) {
     const std::string key = fromQt(mBox->itemData(index).toString());
     if (key == mModel.Text()) return;
-    act([&] { mModel.choose(key); });
+    act([&] { mModel.choose(key); }, {"choose", inQuotes(key)});
     this->page().changed(mModel);  // also when it was refused: then the box goes back
   });
 }

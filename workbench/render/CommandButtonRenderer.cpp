@@ -20,7 +20,7 @@ CommandButtonRenderer::CommandButtonRenderer(FormPage& page, CommandButton& butt
     : ControlRenderer(page, button), mModel(button), mButton(new QPushButton(&page)), mNote(new QLabel(&page)) {
   mNote->setTextFormat(Qt::PlainText);
   mNote->setProperty("role", "note");
-  QObject::connect(mButton, &QPushButton::clicked, mButton, [this] { act([this] { mModel.click(); }); });
+  QObject::connect(mButton, &QPushButton::clicked, mButton, [this] { act([this] { mModel.click(); }, {"click", {}}); });
 }
 
 std::vector<QWidget*> CommandButtonRenderer::widgets() const { return {mButton, mNote}; }

@@ -27,8 +27,8 @@ QString ControlRenderer::explanation() const { return reason().toHtmlEscaped(); 
 
 bool ControlRenderer::key(QKeyEvent&) { return false; }
 
-bool ControlRenderer::act(const std::function<void()>& action) {
-  if (!panel().act(mControl, action)) return false;
+bool ControlRenderer::act(const std::function<void()>& action, const UserInput& input) {
+  if (!panel().act(mControl, action, input)) return false;
   mPage.changed(mControl);
   return true;
 }

@@ -7,6 +7,7 @@
 
 #include "platform/controls/Control.h"
 #include "workbench/render/Theme.h"
+#include "workbench/render/UserInput.h"
 
 class QKeyEvent;
 class QLabel;
@@ -76,7 +77,7 @@ class ControlRenderer {
   ViewPanel& panel() const;
   const Theme& theme() const;
   // The model's action; then the widgets follow the model, whether it accepted or not.
-  bool act(const std::function<void()>& action);
+  bool act(const std::function<void()>& action, const UserInput& input = {});
   // Why the control is disabled, if it is and somebody knows.
   QString reason() const;
   // A property that the style sheet asks for.

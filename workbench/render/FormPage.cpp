@@ -171,8 +171,7 @@ void FormPage::layOut() {
     FormLayout::Cell& cell = cells.emplace_back();
     cell.declared = item.declared;
     cell.extent = item.extent;
-    cell.fills = item.renderer->fills() && item.declared.width() * 10 >= mComponent.width() * 8 &&
-                 item.declared.bottom() + 2 * measures.rowTwips >= mComponent.height();
+    cell.fills = item.renderer->fills() && item.declared.width() * 10 >= mComponent.width() * 8;
     cell.bare = item.renderer->inside() != nullptr;
   }
   mLayout.measure(std::move(cells), measures);

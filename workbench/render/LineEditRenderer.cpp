@@ -83,7 +83,7 @@ void LineEditRenderer::commit() {
       textEdit->type(text);
     else if (auto* moment = dynamic_cast<MomentEdit*>(&edit()))
       moment->type(text);
-  });
+  }, {"type", inQuotes(text)});
 }
 
 void LineEditRenderer::dropTyping() { mTyping = false; }

@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "platform/base/NumberText.h"
-#include "platform/controls/Form.h"
 #include "workbench/render/FormPage.h"
 #include "workbench/render/ViewPanel.h"
 
@@ -19,7 +18,8 @@ namespace {
 constexpr ushort kLowestBar = 0x2581;
 constexpr ushort kHighestBar = 0x2588;
 constexpr double kCellPadding = 10;
-constexpr int kRowsAtLeast = 4;
+constexpr int kRowsAtLeast = 3;
+constexpr int kRowsAtMost = 8;  // before a list scrolls by itself, if there is no more room
 
 bool isTrend(const QString& text) {
   return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= kLowestBar && c.unicode() <= kHighestBar; });
@@ -202,8 +202,8 @@ ListViewRenderer::ListViewRenderer(FormPage& page, ListView& list)
   mTable->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   mTable->horizontalHeader()->setHighlightSections(false);
   mTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  mSnapshot->onCheck = [this](int row, bool on) { act([=, this] { mModel.check(row, on); }); };
-  mSnapshot->onEdit = [this](int row, const QString& text) { act([&, row] { mModel.editRow(row, fromQt(text)); }); };
+  mSnapshot->onCheck = [this](int row, bool on) { act([=, this] { mModel.check(row, on); }, {on ? "check" : "uncheck", std::to_string(row)}); };
+  mSnapshot->onEdit = [this](int row, const QString& text) { act([&, row] { mModel.editRow(row, fromQt(text)); }, {"edit", std::to_string(row) + " " + inQuotes(fromQt(text))}); };
   QObject::connect(mTable, &QTableView::clicked, mTable, [this](const QModelIndex& index) { act([row = index.row() + 1, this] { mModel.clickRow(row); }); });
 }
 
@@ -266,8 +266,7 @@ void ListViewRenderer::shareWidth() {
 Extent ListViewRenderer::extent() const {
   int width = 2 + mTable->verticalScrollBar()->sizeHint().width();
   for (int column : mWidths) width += column;
-  const int declaredRows = std::max(kRowsAtLeast, mModel.Height() / Form::kRowHeight);
-  const int rows = std::clamp(mSnapshot->rowCount(), kRowsAtLeast, declaredRows);
+  const int rows = std::clamp(mSnapshot->rowCount(), kRowsAtLeast, kRowsAtMost);
   return {.field = width, .height = mTable->horizontalHeader()->sizeHint().height() + rows * fieldHeight() + 2};
 }
 

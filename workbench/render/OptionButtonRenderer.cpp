@@ -29,7 +29,7 @@ void OptionButtonRenderer::sync() {
 Extent OptionButtonRenderer::extent() const { return {.field = mButton->sizeHint().width(), .height = fieldHeight()}; }
 
 void OptionButtonRenderer::choose() {
-  act([this] { mModel.click(); });
+  act([this] { mModel.click(); }, {"click", {}});
   page().changed(mModel);
 }
 

@@ -9,7 +9,7 @@ namespace ostrand {
 
 namespace {
 
-constexpr double kBodyPoints = 11.0;
+constexpr double kBodyPoints = 12.0;
 
 double luminance(const QColor& color) {
   const auto linear = [](double channel) { return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4); };

@@ -207,11 +207,12 @@ QString ViewPanel::unitText(const std::string& unit) const {
 
 // --- the user
 
-bool ViewPanel::act(Control& control, const std::function<void()>& action) {
+bool ViewPanel::act(Control& control, const std::function<void()>& action, const UserInput& input) {
   const QPointer<ViewPanel> self(this);
   const Shown* const shown = mShown.get();
   if (!shown) return false;
   const Ref<ITaviView> pin = shown->view;
+  const std::shared_ptr<void> told = onInput && !input.command.empty() ? onInput(control, input) : nullptr;
   bool well = false;
   ++mActing;
   bool accepts = false;
@@ -258,7 +259,7 @@ void ViewPanel::tab(Control& control, bool forward) {
         owner->moveFocus(nullptr);
       else
         control.LostFocus();
-    });
+    }, {"leave-field", forward ? "tab" : "tab shift"});
   }
   if (!stillHere()) return;
   std::vector<ControlRenderer*> order = tabOrder();

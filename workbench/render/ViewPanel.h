@@ -11,6 +11,7 @@
 #include "platform/types/ITaviView.h"
 #include "platform/types/ITextTable.h"
 #include "workbench/render/Theme.h"
+#include "workbench/render/UserInput.h"
 
 namespace ostrand {
 
@@ -43,6 +44,8 @@ class ViewPanel : public QScrollArea {
 
   // Why the user cannot use a control now; an empty text if nobody knows. Asked when the control changes, and by refresh().
   std::function<QString(const Control&)> whyDisabled;
+  // For who records the user: told before each of his actions. What it gives is held until the action has been carried out.
+  std::function<std::shared_ptr<void>(const Control&, const UserInput&)> onInput;
   // An action that the control did not accept; nothing has happened.
   std::function<void(const RuntimeError&)> onRefused;
   // An error that left a handler of the view. The action has happened, up to there.
@@ -73,7 +76,7 @@ class ViewPanel : public QScrollArea {
 
   // Carries out an action of the user on a control, and tells its errors. While it runs, the view and the widgets stay, even
   // if the panel shows something else meanwhile. True if it went well and `control` is still shown.
-  bool act(Control& control, const std::function<void()>& action);
+  bool act(Control& control, const std::function<void()>& action, const UserInput& input = {});
   // Qt's focus has come to a control, or left it.
   void focusCame(Control& control);
   void focusWent(Control& control);

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/controls/Component.h"
 #include "workbench/window/CompareDialog.h"
 #include "workbench/window/FaultsDialog.h"
 #include "workbench/window/MainWindow.h"

@@ -3,7 +3,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/Vocabulary.h"
@@ -93,14 +92,13 @@ void HeaderBar::setPriorities(const std::vector<Ne107>& priorities) {
   refresh();
 }
 
-void HeaderBar::setDevice(PlantDevice* device, ComponentServer& components, Desktop& desktop) {
+void HeaderBar::setDevice(PlantDevice* device, ComponentCatalog& components, Desktop& desktop) {
   mDevice = device;
   mImage = mLogo = {};
   if (device) {
     try {
       const std::string pictures(device->classes().pictures());
-      const std::vector<RegisteredClass> known = components.classes();
-      if (std::any_of(known.begin(), known.end(), [&](const RegisteredClass& each) { return each.name == pictures; })) {
+      if (components.has(pictures)) {
         const Ref<IObject> object = components.create(pictures);
         if (const Ref<IPlaceable> placeable = query<IPlaceable>(object.get())) placeable->Place(desktop, nullptr, {});
         if (const Ref<ITaviDeviceSpecific> specific = query<ITaviDeviceSpecific>(object.get())) {

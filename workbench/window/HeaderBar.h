@@ -20,7 +20,7 @@ class HeaderBar : public QWidget {
   void setTexts(const Texts& texts);
   void setPriorities(const std::vector<Ne107>& priorities);
   // `components` makes the control with the family's pictures, where there is one.
-  void setDevice(PlantDevice* device, ComponentServer& components, Desktop& desktop);
+  void setDevice(PlantDevice* device, ComponentCatalog& components, Desktop& desktop);
   // Values and states anew; what has not changed is not painted.
   void refresh();
 

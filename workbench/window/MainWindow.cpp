@@ -11,6 +11,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "host/transcript/ControlPath.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/EditControl.h"
@@ -129,9 +130,11 @@ void MainWindow::layOut() {
 
 void MainWindow::connectPanel() {
   mPanel->whyDisabled = [this](const Control& control) { return whyDisabled(control); };
+  mPanel->onInput = [this](const Control& control, const UserInput& input) { return recorded(control, input); };
   mPanel->onRefused = [this](const RuntimeError& error) { mStatus->say(qt(error.description())); };
   mPanel->onUnhandled = [this](const RuntimeError& error) {
     mWorkbench.current().tap().note(ConversationLog::Kind::Error, "Unhandled " + std::to_string(error.number()) + " " + error.description());
+    if (TranscriptRecorder* const recorder = this->recorder()) recorder->unhandled({error.number(), error.description()});
     mStatus->say(QStringLiteral("The view reported an error: %1").arg(qt(error.description())));
   };
   mPanel->onTabOut = [this](bool forward) {
@@ -152,6 +155,21 @@ void MainWindow::connectWorkbench() {
   };
   mConversation->onSave = [this] { mFileMenu->saveTranscript(); };
   mConversation->onRecord = [this](bool on) { mFileMenu->record(on); };
+}
+
+TranscriptRecorder* MainWindow::recorder() const {
+  ViewSite* const front = host().front();
+  return front ? mWorkbench.current().recordings().of(*front) : nullptr;
+}
+
+std::shared_ptr<void> MainWindow::recorded(const Control& control, const UserInput& input) {
+  ViewSite* const front = host().front();
+  if (!front || !front->view()) return nullptr;
+  std::string line = input.command + " " + TranscriptRecorder::word(nameOfControl(front->view()->GetControls(), control));
+  if (!input.arguments.empty()) line += " " + input.arguments;
+  mWorkbench.current().tap().userDid(front->name(), line);
+  TranscriptRecorder* const recorder = this->recorder();
+  return recorder ? std::make_shared<TranscriptRecorder::Input>(recorder->input(line)) : nullptr;
 }
 
 // --- what is shown

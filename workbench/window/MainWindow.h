@@ -68,6 +68,8 @@ class MainWindow : public QMainWindow {
   void applySettings();
   void deviceChanged();
   void refreshLater();
+  TranscriptRecorder* recorder() const;
+  std::shared_ptr<void> recorded(const Control& control, const UserInput& input);
   QString whyDisabled(const Control& control) const;
 
   Workbench& mWorkbench;

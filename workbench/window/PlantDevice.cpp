@@ -40,11 +40,8 @@ ViewClasses PlantDevice::classes() {
 }
 
 std::string PlantDevice::classFor(std::string_view branch) {
-  const ViewClasses table = classes();
-  const std::string_view name = table.of(branch);
-  const std::vector<RegisteredClass> registered = mPlant.components.classes();
-  const bool exists = std::any_of(registered.begin(), registered.end(), [&](const RegisteredClass& each) { return each.name == name; });
-  return exists ? std::string(name) : std::string();
+  const std::string name(classes().of(branch));
+  return !name.empty() && mPlant.components.has(name) ? name : std::string();
 }
 
 std::string PlantDevice::title() {

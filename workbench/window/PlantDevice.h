@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <string>
 
-#include "host/ComponentServer.h"
 #include "host/Host.h"
 #include "simulator/Device.h"
+#include "workbench/window/ComponentCatalog.h"
 #include "workbench/window/ConversationTap.h"
 #include "workbench/window/DeviceStatus.h"
 #include "workbench/window/Recordings.h"
@@ -19,7 +19,7 @@ class PlantDevice {
   // Where it stands; all must outlive it.
   struct Plant {
     Desktop& desktop;
-    ComponentServer& components;
+    ComponentCatalog& components;
     UserPrompt& prompt;
     std::filesystem::path dataFolder;
     ConversationLog& log;

@@ -22,7 +22,8 @@ class Workbench::Watch : private HostObserver {
   PlantDevice& mDevice;
 };
 
-Workbench::Workbench(std::filesystem::path dataFolder) : mDataFolder(std::move(dataFolder)) {
+Workbench::Workbench(std::filesystem::path dataFolder, ComponentCatalog* components)
+    : mDataFolder(std::move(dataFolder)), mComponents(components ? *components : mRegistered) {
   const PlantDevice::Plant plant{mDesktop, mComponents, mPrompt, mDataFolder, mLog};
   for (const DeviceKind& kind : deviceKinds()) {
     mDevices.push_back(std::make_unique<PlantDevice>(plant, kind));

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "host/ComponentServer.h"
 #include "platform/base/Signal.h"
 #include "workbench/window/ConversationLog.h"
 #include "workbench/window/PlantDevice.h"
@@ -21,12 +20,14 @@ namespace ostrand {
 class Workbench {
  public:
   // RuntimeError for a data folder whose files are damaged.
-  explicit Workbench(std::filesystem::path dataFolder);
+  explicit Workbench(std::filesystem::path dataFolder) : Workbench(std::move(dataFolder), nullptr) {}
+  // With other components than the registered ones; they must outlive it.
+  Workbench(std::filesystem::path dataFolder, ComponentCatalog* components);
   ~Workbench();
 
   QtDesktop& desktop() { return mDesktop; }
   QtPrompt& prompt() { return mPrompt; }
-  ComponentServer& components() { return mComponents; }
+  ComponentCatalog& components() { return mComponents; }
   ConversationLog& log() { return mLog; }
   const std::filesystem::path& dataFolder() const { return mDataFolder; }
   const std::vector<std::unique_ptr<PlantDevice>>& devices() const { return mDevices; }
@@ -60,7 +61,8 @@ class Workbench {
   std::filesystem::path mDataFolder;
   QtDesktop mDesktop;
   QtPrompt mPrompt;
-  ComponentServer mComponents;
+  RegisteredComponents mRegistered;
+  ComponentCatalog& mComponents;
   ConversationLog mLog;
   std::vector<std::unique_ptr<PlantDevice>> mDevices;
   std::vector<std::unique_ptr<Watch>> mWatches;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "host/ComponentSource.h"
+#include "host/HostObject.h"
 #include "host/transcript/TranscriptPlayer.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/CheckBox.h"
@@ -18,6 +19,7 @@
 #include "platform/controls/ListView.h"
 #include "platform/controls/Slider.h"
 #include "platform/controls/UserActions.h"
+#include "platform/types/ITaviDeviceSpecific.h"
 #include "support/TestView.h"
 
 namespace ostrand::test {
@@ -34,10 +36,21 @@ class TestChart : public PictureBox, public UserActions {
   void menu() override { throw RuntimeError(RuntimeError::PermissionDenied, "the chart is covered"); }
 };
 
+// A component that is no view: two pictures.
+class TestPicture : public HostObject<IPlaceable, ITaviDeviceSpecific> {
+ public:
+  void Place(Desktop&, const Ref<IHostContainer>&, const std::string&) override {}
+  void Resize(int, int) override {}
+  void Terminate() override {}
+  Picture GetDeviceImage(const std::string&) override { return {640, 480, ""}; }
+  Picture GetDeviceLogo(const std::string& argument) override { return {16, 8, argument}; }
+};
+
 // Views with one control of each kind. What the user does is logged; a button does what its caption says.
 class TestComponents : public ComponentSource {
  public:
   Ref<IObject> create(const std::string& className) override {
+    if (className == "TestPicture") return Ref<IObject>(static_cast<IPlaceable*>(new TestPicture));
     if (className != "TestPanel") throw RuntimeError(RuntimeError::BadArgument, "no such component class: \"" + className + "\"");
     ++made;
     const Ref<TestView> view = TestView::unplaced([this](TestView& at, Form& form) { declare(at, form); });

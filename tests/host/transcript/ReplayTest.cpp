@@ -39,8 +39,8 @@ TEST_F(ReplayTest, AFileMatchesDiffersOrIsMalformed) {
   const std::filesystem::path differing = write("differing.transcript", "> now\nnever\n");
   const Replay::Result differs = replay.compare(differing);
   EXPECT_EQ(differs.outcome, Replay::Outcome::Differs);
-  EXPECT_EQ(differs.text, "--- " + differing.string() + "\n+++ " + differing.string() +
-                              " (played)\n@@ -1,2 +1,2 @@\n > now\n-never\n+2026-01-05 08:00:00.000\n");
+  EXPECT_EQ(differs.text,
+            "--- " + differing.string() + "\n+++ " + differing.string() + " (played)\n@@ -1,2 +1,2 @@\n > now\n-never\n+2026-01-05 08:00:00.000\n");
 
   const std::filesystem::path bad = write("bad.transcript", "# fine\n> jump\n");
   const Replay::Result malformed = replay.compare(bad);
@@ -97,11 +97,12 @@ TEST_F(ReplayTest, APrintComparesNothing) {
 
 TEST_F(ReplayTest, FilesAreFoundBesideTheTranscriptOrInTheDataFolder) {
   write("own.xml", "<own/>");
-  const Replay::Result result = replay.compare(write("a.transcript",
-                                                     "> create TestPanel\n> ignore ReportError Log\n> messenger\n"
-                                                     "> offline own.xml\n> document 1\n| <own/>\n"
-                                                     "> offline devices/hartBlade.xml\n> document 2 //data:parameter[@name='tag']/@value\n\"QC-1201\"\n"
-                                                     "> online broken.xml\nRejected \"no such file: broken.xml\"\n"));
+  const Replay::Result result =
+      replay.compare(write("a.transcript",
+                           "> create TestPanel\n> ignore ReportError Log\n> messenger\n"
+                           "> offline own.xml\n> document 1\n| <own/>\n"
+                           "> offline devices/hartBlade.xml\n> document 2 //data:parameter[@name='tag']/@value\n\"QC-1201\"\n"
+                           "> online broken.xml\nRejected \"no such file: broken.xml\"\n"));
   EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
 }
 
@@ -109,11 +110,13 @@ TEST_F(ReplayTest, FoldersAreSearchedInOrder) {
   const auto b = write("sub/b.transcript", ""), a = write("sub/deep/a.transcript", ""), c = write("c.transcript", "");
   write("sub/other.txt", "");
   EXPECT_THAT(Replay::filesOf({c.string(), (folder.path() / "sub").string()}), ElementsAre(c, b, a));
-  EXPECT_EQ(errorOf([&] { Replay::filesOf({(folder.path() / "nowhere").string()}); }).number, RuntimeError::FileNotFound);
+  EXPECT_EQ(refusalOf([&] { Replay::filesOf({(folder.path() / "nowhere").string()}); }).number, RuntimeError::FileNotFound);
 }
 
 TEST_F(ReplayTest, TwoReplaysGiveTheSame) {
-  const std::filesystem::path file = write("a.transcript", "> device hartBlade seed=7\n> create TestPanel\n> messenger\n> localize probe\n> offline devices/hartBlade.xml\n> show\n> run 3\n> now\n");
+  const std::filesystem::path file = write(
+      "a.transcript",
+      "> device hartBlade seed=7\n> create TestPanel\n> messenger\n> localize probe\n> offline devices/hartBlade.xml\n> show\n> run 3\n> now\n");
   EXPECT_EQ(replay.print(file).text, replay.print(file).text);
 }
 

@@ -106,8 +106,7 @@ TEST(TranscriptComparisonTest, ChangesFarApartAreHunksOfTheirOwn) {
 }
 
 TEST(TranscriptComparisonTest, AnUpdateKeepsWhatMatchesAndWhatIsNoOutput) {
-  const TranscriptComparison comparison =
-      compared("# head\n> now\n\nA...\n# between\nB\n| <old/>\n\n# tail\n", {"Abc", "X", "C"});
+  const TranscriptComparison comparison = compared("# head\n> now\n\nA...\n# between\nB\n| <old/>\n\n# tail\n", {"Abc", "X", "C"});
   EXPECT_EQ(comparison.updatedText(), "# head\n> now\n\nA...\n# between\nX\nC\n\n# tail\n");
   EXPECT_EQ(comparison.playedText(), "# head\n> now\nAbc\nX\nC\n\n# between\n\n# tail\n");
 }
@@ -121,8 +120,9 @@ TEST(TranscriptComparisonTest, AnUpdatedFileMatches) {
 TEST(TranscriptComparisonTest, ErrorsThatNobodyExpectedAreTold) {
   const std::string expected = "> now\nReportError \"a: \" 91 \"...\"\n";
   EXPECT_THAT(compared(expected, {"ReportError \"a: \" 91 \"x\""}).unexpectedErrors(), ElementsAre());
-  EXPECT_THAT(compared(expected, {"ReportError \"a: \" 91 \"x\"", "Log 67 \"\"", "ReportError \"b: \" 5 \"\"", "Unhandled 5 \"\""}).unexpectedErrors(),
-              ElementsAre("ReportError \"b: \" 5 \"\"", "Unhandled 5 \"\""));
+  EXPECT_THAT(
+      compared(expected, {"ReportError \"a: \" 91 \"x\"", "Log 67 \"\"", "ReportError \"b: \" 5 \"\"", "Unhandled 5 \"\""}).unexpectedErrors(),
+      ElementsAre("ReportError \"b: \" 5 \"\"", "Unhandled 5 \"\""));
 }
 
 }  // namespace ostrand::test

@@ -24,7 +24,7 @@ class TranscriptPlayerTest : public testing::Test {
 
   std::string refused(const std::string& input) {
     const Transcript transcript = Transcript::parse("> create TestPanel\n> " + input + "\n", "file");
-    return errorOf([&] { TranscriptPlayer(components, sourceData()).play(transcript); }).description;
+    return refusalOf([&] { TranscriptPlayer(components, sourceData()).play(transcript); }).description;
   }
 
   void TearDown() override { EXPECT_EQ(TestView::ended, endedBefore + made) << "a view is still alive"; }
@@ -48,15 +48,88 @@ TEST_F(TranscriptPlayerTest, AnInputThatNobodyUnderstandsNamesFileAndLine) {
 }
 
 TEST_F(TranscriptPlayerTest, EveryInputIsCheckedForItsForm) {
-  for (const char* const input :
-       {"create", "create X y", "create X tag=a b", "create X as", "view", "localize", "select", "focus x", "leave x", "import", "offline a b", "online a\n| <a/>",
-        "error", "release x", "terminate x", "resize 10", "resize 10 x", "type a", "choose a", "check a", "check a x", "uncheck a 1 2", "edit a 1", "slide a x",
-        "leave-field", "leave-field a control", "hotspot a 1", "hotspot a 1 2 twice", "menu", "level x", "level 99999999999", "mode", "receive a", "unit a",
-        "units x", "changes", "answer", "answer x", "accept", "accept 1", "fail", "fail a 0", "fail a 1 2", "fail a 1 x \"\"", "during a", "parent Log on",
-        "parent NotifyStatus maybe", "maximize 1", "address", "address 1 good", "address 256", "tree", "relations", "relations a\n| <a/>", "dialog", "locale",
-        "advance", "advance -1", "advance x", "device", "device a b", "device a seed=x", "run x", "fault", "get", "get x", "set a.Text", "set a b", "front x",
-        "selected x", "focused x", "show x", "trace", "trace maybe", "ignore", "heed", "heed \"x\"", "document", "document x", "now x", "picture",
-        "picture face"})
+  for (const char* const input : {"create",
+                                  "create X y",
+                                  "create X tag=a b",
+                                  "create X as",
+                                  "view",
+                                  "localize",
+                                  "select",
+                                  "focus x",
+                                  "leave x",
+                                  "import",
+                                  "offline a b",
+                                  "online a\n| <a/>",
+                                  "error",
+                                  "release x",
+                                  "terminate x",
+                                  "resize 10",
+                                  "resize 10 x",
+                                  "type a",
+                                  "choose a",
+                                  "check a",
+                                  "check a x",
+                                  "uncheck a 1 2",
+                                  "edit a 1",
+                                  "slide a x",
+                                  "leave-field",
+                                  "leave-field a control",
+                                  "hotspot a 1",
+                                  "hotspot a 1 2 twice",
+                                  "menu",
+                                  "level x",
+                                  "level 99999999999",
+                                  "mode",
+                                  "receive a",
+                                  "unit a",
+                                  "units x",
+                                  "changes",
+                                  "answer",
+                                  "answer x",
+                                  "accept",
+                                  "accept 1",
+                                  "fail",
+                                  "fail a 0",
+                                  "fail a 1 2",
+                                  "fail a 1 x \"\"",
+                                  "during a",
+                                  "parent Log on",
+                                  "parent NotifyStatus maybe",
+                                  "maximize 1",
+                                  "address",
+                                  "address 1 good",
+                                  "address 256",
+                                  "tree",
+                                  "relations",
+                                  "relations a\n| <a/>",
+                                  "dialog",
+                                  "locale",
+                                  "advance",
+                                  "advance -1",
+                                  "advance x",
+                                  "device",
+                                  "device a b",
+                                  "device a seed=x",
+                                  "run x",
+                                  "fault",
+                                  "get",
+                                  "get x",
+                                  "set a.Text",
+                                  "set a b",
+                                  "front x",
+                                  "selected x",
+                                  "focused x",
+                                  "show x",
+                                  "trace",
+                                  "trace maybe",
+                                  "ignore",
+                                  "heed",
+                                  "heed \"x\"",
+                                  "document",
+                                  "document x",
+                                  "now x",
+                                  "picture",
+                                  "picture face"})
     EXPECT_TRUE(refused(input).starts_with("file:2: ")) << input;
 }
 
@@ -199,8 +272,8 @@ TEST_F(TranscriptPlayerTest, TheHostAnswersAsItIsTold) {
     host.SetProgress("", 0, 0);
     host.SetStatusLine("Failed", "a");
     host.FocusOut();
-    host.Log(67, std::to_string(host.GetUserLevel()) + " " + std::to_string(host.GetCommunicationMode()) + " " + toText(host.GetMaximizeAllowed()) + " " +
-                     toText(static_cast<bool>(host.GetTreeDocument())));
+    host.Log(67, std::to_string(host.GetUserLevel()) + " " + std::to_string(host.GetCommunicationMode()) + " " + toText(host.GetMaximizeAllowed()) +
+                     " " + toText(static_cast<bool>(host.GetTreeDocument())));
     std::uint8_t address = 0, second = 0;
     const bool ok = host.GetAddressService()->GetBusAddress(address, second);
     host.Log(67, std::to_string(address) + " " + toText(ok));
@@ -421,12 +494,24 @@ TEST_F(TranscriptPlayerTest, TheFrontIsShownAsText) {
 TEST_F(TranscriptPlayerTest, DocumentsAreLookedAtAsTheViewLeftThem) {
   expectPlayedOnView(
       "> ignore ReportError\n"
-      "> online\n| <comm:dtm><comm:communicationResponse name=\"n\"><comm:item name=\"i\">a \"b\"</comm:item></comm:communicationResponse></comm:dtm>\n"
+      "> online\n| <comm:dtm><comm:communicationResponse name=\"n\"><comm:item name=\"i\">a "
+      "\"b\"</comm:item></comm:communicationResponse></comm:dtm>\n"
       "> document 1 //comm:item[@name = \"i\"]\n\"a \\\"b\\\"\"\n"
       "> document 1 \"//comm:item/@name\"\n\"i\"\n"
       "> document 1 //comm:nothing\n"
       "> document 1 ][\nRejected ...\n"
-      "> document 1\n| <comm:dtm><comm:communicationResponse name=\"n\"><comm:item name=\"i\">a \"b\"</comm:item></comm:communicationResponse></comm:dtm>\n");
+      "> document 1\n| <comm:dtm><comm:communicationResponse name=\"n\"><comm:item name=\"i\">a "
+      "\"b\"</comm:item></comm:communicationResponse></comm:dtm>\n");
+}
+
+TEST_F(TranscriptPlayerTest, APictureIsToldByItsSizeAndADigest) {
+  expectPlayed(
+      "> create TestPicture\n"
+      "> picture image\n640 480 \"cbf29ce484222325\"\n"
+      "> picture logo a\n16 8 \"af63dc4c8601ec8c\"\n"
+      "> front\nRejected \"TestPicture has no ITaviView\"\n"
+      "> offline devices/hartBlade.xml\nRejected \"TestPicture has no ITaviDataUser\"\n"
+      "> terminate\n");
 }
 
 TEST_F(TranscriptPlayerTest, HeededCallsComeBack) {

@@ -141,7 +141,9 @@ TEST_F(TranscriptRecorderTest, FailuresOfTheHostAreToldByName) {
 }
 
 TEST_F(TranscriptRecorderTest, AnswersOfTheDeviceAndTheTimeBetweenAreInputs) {
-  components.actions["send"] = [](TestView& view) { view.mMessenger->SendRequest("<communicationRequest name=\"drive\" access=\"read\"/>", "drive"); };
+  components.actions["send"] = [](TestView& view) {
+    view.mMessenger->SendRequest("<communicationRequest name=\"drive\" access=\"read\"/>", "drive");
+  };
   open();
   click("send");
   desktop.wait(0.25);
@@ -176,7 +178,9 @@ TEST_F(TranscriptRecorderTest, EventsAndErrorsAreRecordedOnce) {
   host->setUnit("temperature", "degF");
   host->collectChanges(2);
   const std::string text = recorder.text();
-  EXPECT_NE(text.find("> receive \"a b\" \"1\"\nLog 77 \"one hears a b 1\"\n> receive throw \"1\"\nUnhandled 13 \"one\"\n> units\n> changes 2\n"), text.npos) << text;
+  EXPECT_NE(text.find("> receive \"a b\" \"1\"\nLog 77 \"one hears a b 1\"\n> receive throw \"1\"\nUnhandled 13 \"one\"\n> units\n> changes 2\n"),
+            text.npos)
+      << text;
 }
 
 TEST_F(TranscriptRecorderTest, FileDialogsAreToldByTheNameOfTheFile) {

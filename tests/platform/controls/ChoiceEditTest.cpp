@@ -1,10 +1,10 @@
 #include "platform/controls/ChoiceEdit.h"
 
-#include "platform/base/RuntimeError.h"
 #include "platform/controls/CtrCheckEdit.h"
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/CtrOptionEdit.h"
 #include "support/ControlBench.h"
+#include "support/ErrorOf.h"
 
 namespace ostrand {
 namespace {
@@ -14,15 +14,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::string kRecipes = choice("1", "recipe1") + choice("2", "recipe2") + choice("3", "recipe3");
-
-int errorOf(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 template <class T>
 struct ChoiceBench : ControlBench<T> {

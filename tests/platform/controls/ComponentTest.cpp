@@ -9,6 +9,7 @@
 #include "platform/controls/Form.h"
 #include "platform/types/IClassFactory.h"
 #include "platform/types/Query.h"
+#include "support/ErrorOf.h"
 #include "support/FakeMessenger.h"
 #include "support/RecordingProbe.h"
 #include "support/TestView.h"
@@ -54,19 +55,11 @@ TEST_F(ComponentTest, TheOneBeforeHearsThatItLostTheFocus) {
 
 TEST_F(ComponentTest, AHiddenOrDisabledControlCannotTakeTheFocus) {
   b.SetFocus();
-  const auto error = [&] {
-    try {
-      a.SetFocus();
-    } catch (const RuntimeError& caught) {
-      return caught.number();
-    }
-    return 0;
-  };
   a.Visible(false);
-  EXPECT_EQ(error(), 5);
+  EXPECT_EQ(errorOf([&] { a.SetFocus(); }), 5);
   a.Visible(true);
   a.Enabled(false);
-  EXPECT_EQ(error(), 5);
+  EXPECT_EQ(errorOf([&] { a.SetFocus(); }), 5);
   EXPECT_EQ(view->focused(), &b);
   EXPECT_THAT(heard, ElementsAre());
 }

@@ -3,6 +3,7 @@
 #include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
 #include "support/ControlBench.h"
+#include "support/ErrorOf.h"
 
 namespace ostrand {
 namespace {
@@ -27,14 +28,6 @@ struct CtrTextEditTest : ControlBench<CtrTextEdit> {
   }
   static std::string item(const std::string& value, const std::string& type = "floatVal", const std::string& unit = "noUnit") {
     return "<item name=\"x\" unit=\"" + unit + "\"><" + type + ">" + value + "</" + type + "></item>";
-  }
-  int errorOf(const std::function<void()>& body) {
-    try {
-      body();
-    } catch (const RuntimeError& error) {
-      return error.number();
-    }
-    return 0;
   }
 };
 

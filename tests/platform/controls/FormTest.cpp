@@ -5,10 +5,10 @@
 
 #include <tuple>
 
-#include "platform/base/RuntimeError.h"
 #include "platform/controls/CtrMonitoring.h"
 #include "platform/controls/CtrTextEdit.h"
 #include "platform/desktop/VirtualDesktop.h"
+#include "support/ErrorOf.h"
 #include "support/FakeCalls.h"
 #include "support/RecordingProbe.h"
 
@@ -176,14 +176,7 @@ TEST_F(FormTest, ArraysMayHaveHoles) {
   EXPECT_FALSE(panel->holes.has(-1));
   EXPECT_FALSE(panel->holes.has(6));
   EXPECT_EQ(panel->holes(4).name(), "holes(4)");
-  for (int index : {-1, 0, 2, 6}) {
-    try {
-      panel->holes(index);
-      ADD_FAILURE() << index;
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.number(), 9);
-    }
-  }
+  for (int index : {-1, 0, 2, 6}) EXPECT_EQ(errorOf([&] { panel->holes(index); }), 9) << index;
   std::vector<int> visited;
   panel->holes.each([&](int index, CtrTextEdit& edit) {
     visited.push_back(index);

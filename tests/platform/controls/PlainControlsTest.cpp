@@ -1,7 +1,7 @@
 #include "platform/controls/PlainControls.h"
 
-#include "platform/base/RuntimeError.h"
 #include "support/ControlBench.h"
+#include "support/ErrorOf.h"
 
 namespace ostrand {
 namespace {
@@ -9,15 +9,6 @@ namespace {
 using namespace test;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-int errorOf(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const RuntimeError& error) {
-    return error.number();
-  }
-  return 0;
-}
 
 using ButtonTest = ControlBench<CommandButton>;
 using CheckBoxTest = ControlBench<CheckBox>;

@@ -3,27 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLabel>
+#include <QKeyEvent>
 #include <QTest>
-#include <QToolTip>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "host/Host.h"
-#include "platform/controls/Component.h"
-#include "platform/controls/CtrCheckEdit.h"
-#include "platform/controls/CtrComboEdit.h"
-#include "platform/controls/CtrDateEdit.h"
-#include "platform/controls/CtrTextEdit.h"
-#include "platform/controls/CtrTimeEdit.h"
 #include "platform/controls/Form.h"
 #include "platform/desktop/VirtualDesktop.h"
 #include "support/Documents.h"
 #include "support/TestView.h"
-#include "views/VwMeasurement.h"
-#include "views/VwMeasurementGYRE.h"
-#include "views/VwMeasurementQX5.h"
 #include "workbench/render/ViewPanel.h"
 
 namespace ostrand::test {
@@ -48,30 +36,6 @@ class HeldKeys : public QObject {
 
  private:
   VirtualDesktop& mDesktop;
-};
-
-// The views that there are, without a component library.
-class LinkedViews : public ComponentSource {
- public:
-  Ref<IObject> create(const std::string& className) override {
-    if (className == "VwMeasurement") return made(new VwMeasurement);
-    if (className == "VwMeasurementGYRE") return made(new VwMeasurementGYRE);
-    if (className == "VwMeasurementQX5") return made(new VwMeasurementQX5);
-    throw RuntimeError(RuntimeError::BadArgument, "there is no class " + className);
-  }
-  static const std::vector<std::string>& names() {
-    static const std::vector<std::string> kNames{"VwMeasurement", "VwMeasurementGYRE", "VwMeasurementQX5"};
-    return kNames;
-  }
-
- private:
-  static Ref<IObject> made(IPlaceable* component) { return Ref<IObject>(component); }
-};
-
-class SilentPrompt : public UserPrompt {
- public:
-  int ask(const std::string&, const std::string&) override { return kGoOn; }
-  void show(const std::string&, const std::string&) override {}
 };
 
 // A panel on the screen with what it tells. Declared before the views that it shows.

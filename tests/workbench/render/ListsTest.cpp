@@ -1,0 +1,129 @@
+#include <QAbstractItemModel>
+#include <QLineEdit>
+#include <QTableView>
+
+#include "platform/controls/ListView.h"
+#include "workbench/render/RenderBench.h"
+
+namespace ostrand::test {
+
+namespace {
+
+class ListsTest : public PanelBench {
+ protected:
+  ListsTest() {
+    view = TestView::place(desktop, [this](TestView& at, Form& form) {
+      list = &at.make<ListView>("list");
+      at.frame(form, "key", "date_key").fill(*list, "list");
+    });
+    list->AddColumn("name", 3000);
+    list->AddColumn("value", 1500);
+    list->Header(1, "Name");
+    list->Header(2, "Value");
+    for (int row = 1; row <= 3; ++row) {
+      list->AddRow();
+      list->Cell(row, 1, "row " + std::to_string(row));
+      list->Cell(row, 2, std::to_string(row) + ".5");
+    }
+    panel.setView(Ref<ITaviView>(view.get()));
+    settle();
+  }
+  QTableView& table() { return *widget<QTableView>(*list); }
+  QVariant cell(int row, int column, int role = Qt::DisplayRole) { return table().model()->index(row - 1, column - 1).data(role); }
+  QPoint middle(int row) { return table().visualRect(table().model()->index(row - 1, 0)).center(); }
+
+  Ref<TestView> view;
+  ListView* list = nullptr;
+};
+
+}  // namespace
+
+TEST_F(ListsTest, CellsHeadersAndColoursAreShown) {
+  EXPECT_EQ(table().model()->headerData(1, Qt::Horizontal).toString(), "Value");
+  EXPECT_EQ(cell(2, 2).toString(), "2.5");
+  list->CellColor(2, 2, Color::errorText());
+  settle();
+  EXPECT_EQ(cell(2, 2, Qt::ForegroundRole).value<QBrush>().color(), panel.theme().error);
+  EXPECT_TRUE(cell(2, 2, Qt::TextAlignmentRole).toInt() & Qt::AlignRight) << "numbers stand on the right";
+  EXPECT_FALSE(cell(2, 1, Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+}
+
+TEST_F(ListsTest, OnlyTheCellThatChangedIsPaintedAgain) {
+  int cells = 0;
+  QObject::connect(table().model(), &QAbstractItemModel::dataChanged, &table(),
+                   [&](const QModelIndex& from, const QModelIndex& to) { cells += (to.row() - from.row() + 1) * (to.column() - from.column() + 1); });
+  list->Cell(3, 2, "4.5");
+  settle();
+  EXPECT_EQ(cells, 1);
+}
+
+TEST_F(ListsTest, RowsComeAndGo) {
+  list->AddRow();
+  list->Cell(4, 1, "new");
+  settle();
+  EXPECT_EQ(cell(4, 1).toString(), "new");
+  list->RemoveRow(1);
+  settle();
+  EXPECT_EQ(table().model()->rowCount(), 3);
+  EXPECT_EQ(cell(1, 1).toString(), "row 2");
+  list->Clear();
+  settle();
+  EXPECT_EQ(table().model()->rowCount(), 0);
+}
+
+TEST_F(ListsTest, ARowIsClickedWithMouseAndKeys) {
+  std::vector<int> clicked;
+  list->ItemClick.connect([&](int row) { clicked.push_back(row); });
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, middle(2));
+  settle();
+  QTest::keyClick(&table(), Qt::Key_Down);
+  settle();
+  EXPECT_EQ(clicked, (std::vector<int>{2, 3}));
+  EXPECT_EQ(list->SelectedRow(), 3);
+  EXPECT_EQ(table().currentIndex().row(), 2);
+}
+
+TEST_F(ListsTest, ABoxIsTickedOnceThereAreBoxes) {
+  EXPECT_FALSE(cell(1, 1, Qt::CheckStateRole).isValid());
+  list->CheckBoxes(true);
+  settle();
+  std::vector<int> ticked;
+  list->ItemCheck.connect([&](int row) { ticked.push_back(row); });
+  const QRect first = table().visualRect(table().model()->index(0, 0));
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(first.left() + 22, first.center().y()));
+  settle();
+  EXPECT_TRUE(list->Checked(1));
+  EXPECT_EQ(ticked, std::vector<int>{1});
+  EXPECT_EQ(cell(1, 1, Qt::CheckStateRole).toInt(), Qt::Checked);
+}
+
+TEST_F(ListsTest, AnEditInPlaceIsToldAndTheCellStaysTheModels) {
+  list->LabelEdit(true);
+  settle();
+  std::string told;
+  list->AfterLabelEdit.connect([&](int row, const std::string& text) { told = std::to_string(row) + " " + text; });
+  table().setFocus();
+  table().setCurrentIndex(table().model()->index(1, 0));
+  QTest::keyClick(&table(), Qt::Key_F2);
+  auto* editor = table().findChild<QLineEdit*>();
+  ASSERT_NE(editor, nullptr);
+  editor->selectAll();
+  QTest::keyClicks(editor, "other");
+  QTest::keyClick(editor, Qt::Key_Return);
+  settle();
+  EXPECT_EQ(told, "2 other");
+  EXPECT_EQ(cell(2, 1).toString(), "row 2");
+}
+
+TEST_F(ListsTest, TheColumnsTakeTheWholeWidth) {
+  EXPECT_NEAR(table().columnWidth(0) + table().columnWidth(1), table().viewport()->width(), 1);
+  EXPECT_GT(table().columnWidth(0), table().columnWidth(1));
+}
+
+TEST_F(ListsTest, TheTabKeyLeavesTheList) {
+  ASSERT_TRUE(panel.enter());
+  QTest::keyClick(&table(), Qt::Key_Tab);
+  EXPECT_EQ(tabbedOut, std::vector<bool>{true});
+}
+
+}  // namespace ostrand::test

@@ -1,0 +1,124 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/View.h"
+#include "platform/base/File.h"
+#include "workbench/window/MainWindow.h"
+
+namespace ostrand::test {
+
+// The registered components, and beside them classes of the test's own.
+class TestCatalog : public ComponentCatalog {
+ public:
+  std::map<std::string, std::function<Component*()>> own;
+
+  Ref<IObject> create(const std::string& className) override {
+    const auto found = own.find(className);
+    return found == own.end() ? mRegistered.create(className) : Ref<IObject>(static_cast<IPlaceable*>(found->second()));
+  }
+  bool has(const std::string& className) override { return own.contains(className) || mRegistered.has(className); }
+
+ private:
+  RegisteredComponents mRegistered;
+};
+
+// The workbench's window over a copy of the mill's data, before a device that is a hundred times faster than a real one.
+class WindowBench : public testing::Test {
+ protected:
+  WindowBench() : data(mFolder / "data") {
+    std::filesystem::create_directories(mFolder);
+    std::filesystem::copy(std::string(OSTRAND_SOURCE_DIR) + "/data", data, std::filesystem::copy_options::recursive);
+    setenv("OSTRAND_REGISTRY", (mFolder / "components.xml").c_str(), 1);
+  }
+  ~WindowBench() override {
+    window.reset();
+    workbench.reset();
+    std::filesystem::remove_all(mFolder);
+    unsetenv("OSTRAND_REGISTRY");
+  }
+
+  void open() {
+    workbench = std::make_unique<Workbench>(data, &catalog);
+    workbench->setLocale("en");
+    workbench->prompt().standIn = [this](const std::string& title, const std::string& message) {
+      asked.push_back(title + ": " + message);
+      return answer;
+    };
+    workbench->desktop().fileStandIn = [this](const FileDialog&) { return nextFile; };
+    workbench->current().host().communication().device()->setFault("slow", "0.01");
+    window = std::make_unique<MainWindow>(*workbench);
+    window->QWidget::show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+  bool show(const std::string& branch, const std::string& frame) {
+    const bool shown = window->show({&workbench->current(), branch, frame});
+    settle();
+    return shown;
+  }
+  // Until nothing is on its way to the device.
+  void settle() {
+    until([&] { return workbench->host().communication().idle(); });
+    QTest::qWait(20);
+    window->panel().refresh();
+  }
+  // Pumps events until it is so.
+  bool until(const std::function<bool()>& isSo) { return QTest::qWaitFor(isSo, 20000); }
+
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QWidget* const focused = QApplication::focusWidget();
+    QTest::keyClick(focused ? focused : window.get(), key, modifiers);
+    QTest::qWait(5);
+  }
+  // A control of the view in front.
+  template <class T>
+  T& control(const std::string& name) {
+    for (Control* each : workbench->host().front()->view()->GetControls())
+      if (each->name() == name) return dynamic_cast<T&>(*each);
+    throw RuntimeError(RuntimeError::BadArgument, "no control " + name);
+  }
+  QWidget* widget(const std::string& name) { return window->panel().widgetOf(control<Control>(name)); }
+  // The parameter as the device has it.
+  std::string deviceValue(const std::string& group, const std::string& name) {
+    Host& host = workbench->host();
+    bool done = false;
+    host.readGroup(group, [&] { done = true; });
+    EXPECT_TRUE(until([&] { return done; }));
+    return host.dataSet()->value(name);
+  }
+  std::vector<std::string> said(ConversationLog::Kind kind) const {
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < workbench->log().size(); ++i)
+      if (workbench->log().line(i).kind == kind) lines.push_back(workbench->log().line(i).text);
+    return lines;
+  }
+  void grab(const std::string& name) {
+    if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->grab().save(QString::fromStdString(std::string(folder) + "/" + name + ".png"));
+  }
+
+ private:
+  std::filesystem::path mFolder = std::filesystem::temp_directory_path() / ("ostrand-window-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+
+ protected:
+  std::filesystem::path data;
+  TestCatalog catalog;
+  std::unique_ptr<Workbench> workbench;
+  std::unique_ptr<MainWindow> window;
+  std::vector<std::string> asked;
+  int answer = UserPrompt::kGoOn;
+  std::optional<std::filesystem::path> nextFile;
+};
+
+}  // namespace ostrand::test

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace ostrand {
+
+// What the user does to a control, as a transcript tells it: the command, and what stands behind the control's name. Empty for
+// what no transcript tells.
+struct UserInput {
+  std::string command;    // "click", "type"
+  std::string arguments;  // "\"4.2\""
+};
+
+}  // namespace ostrand
