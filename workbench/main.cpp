@@ -35,7 +35,9 @@ void onQtMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
                  "Set DISPLAY or WAYLAND_DISPLAY, or install the platform plugin \"offscreen\" (Debian: libqt6gui6).\n");
     std::_Exit(1);
   }
-  if (type != QtDebugMsg && type != QtInfoMsg) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+  // What a platform cannot do is of no use to the user: to raise a window, to hint at its size.
+  const bool isOfPlatform = text.startsWith(QStringLiteral("This plugin does not support")) || text.startsWith(QStringLiteral("QStandardPaths"));
+  if (type != QtDebugMsg && type != QtInfoMsg && !isOfPlatform) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
   if (type == QtFatalMsg) std::abort();
 }
 

@@ -93,7 +93,7 @@ bool EditRenderer::key(QKeyEvent& event) {
 void EditRenderer::takeBack() {
   dropTyping();
   if (mEdit.Modified())
-    act([this] { mEdit.restore(); });
+    act([this] { mEdit.restore(); }, UserInput::restoring(mEdit));
   else
     page().changed(mEdit);
 }

@@ -67,6 +67,7 @@ CompareDialog::CompareDialog(Host& host, const Texts& texts, QWidget* parent)
   layout->addWidget(mProgress);
   layout->addWidget(mTable, 1);
   layout->addWidget(buttons);
+  mTable->setFocus();
   resize(860, 560);
   mHost.observers().add(*this);
 }
@@ -113,9 +114,15 @@ QString CompareDialog::difference(const Comparison::Row& row) const {
   if (!row.errorCode.empty()) return mTexts(row.errorCode);
   if (row.same) return QStringLiteral("–");
   const ParameterInfo info = mHost.dataSet()->info(row.parameter);
-  const auto ours = parseNumber(row.dataSet, '.'), theirs = parseNumber(row.device, '.');
+  const int decimals = info.decimals.value_or(2);
+  // Of the numbers as they are shown, so that the row adds up.
+  const auto asShown = [&](const std::string& text) {
+    const auto number = parseNumber(text, '.');
+    return number ? parseNumber(fixedText(*number, decimals, '.'), '.') : number;
+  };
+  const auto ours = asShown(row.dataSet), theirs = asShown(row.device);
   if (!info.isFloat() || !ours || !theirs) return QStringLiteral("differs");
-  return qt((*theirs > *ours ? "+" : "") + fixedText(*theirs - *ours, info.decimals.value_or(2), mHost.desktop().locale().decimalSeparator));
+  return qt((*theirs > *ours ? "+" : "") + fixedText(*theirs - *ours, decimals, mHost.desktop().locale().decimalSeparator));
 }
 
 void CompareDialog::fill() {

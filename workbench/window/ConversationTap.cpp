@@ -106,14 +106,18 @@ void ConversationTap::note(Kind kind, const std::string& text, const std::string
 
 // --- the road to the device
 
-void ConversationTap::requestSent(const Request& request) { say(Kind::Bus, request.asker, "sent: " + nameOf(request), request.document.xml()); }
+// What the host asks for its own ends is nobody's conversation.
+
+void ConversationTap::requestSent(const Request& request) {
+  if (!request.quiet) say(Kind::Bus, request.asker, "sent: " + nameOf(request), request.document.xml());
+}
 
 void ConversationTap::requestAnswered(const Request& request, const Document& answer) {
-  say(Kind::Bus, request.asker, "answer: " + nameOf(request), answer.xml());
+  if (!request.quiet) say(Kind::Bus, request.asker, "answer: " + nameOf(request), answer.xml());
 }
 
 void ConversationTap::requestFinished(const Request& request, Outcome outcome) {
-  if (outcome != Outcome::Done) say(Kind::Bus, request.asker, nameOf(request) + ": " + wordOf(outcome));
+  if (!request.quiet && outcome != Outcome::Done) say(Kind::Bus, request.asker, nameOf(request) + ": " + wordOf(outcome));
 }
 
 void ConversationTap::requestRefused(const Request& request, const std::string& reason) {

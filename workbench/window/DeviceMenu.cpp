@@ -125,7 +125,7 @@ void DeviceMenu::undoEdit() {
   EditControl* edit = edits.back();
   for (EditControl* const each : edits)
     if (each->owner() && each->owner()->focused() == each) edit = each;
-  mWindow.panel().act(*edit, [edit] { edit->restore(); });
+  mWindow.panel().act(*edit, [edit] { edit->restore(); }, UserInput::restoring(*edit));
   refresh();
 }
 

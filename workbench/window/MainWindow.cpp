@@ -110,7 +110,7 @@ void MainWindow::layOut() {
   whole->addWidget(mTree);
   whole->addWidget(right);
   whole->setStretchFactor(1, 1);
-  whole->setSizes({270, 1050});
+  whole->setSizes({290, 1030});
 
   auto* const centre = new QWidget;
   auto* const layout = new QVBoxLayout(centre);
@@ -182,6 +182,8 @@ void MainWindow::applySettings() {
     mAppliedScale = settings.scale;
     theme.apply(*static_cast<QApplication*>(QApplication::instance()));
     setStyleSheet(windowStyle(theme));
+    menuBar()->setFont(theme.font());
+    mTools->setFont(theme.font());
     mHeader->setTheme(theme);
     mPanel->setTheme(theme);
     mConversation->setTheme(theme);

@@ -1,6 +1,5 @@
 #include "workbench/window/PlantTree.h"
 
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
 
@@ -14,8 +13,8 @@ PlantTree::PlantTree(QWidget* parent) : QTreeWidget(parent) {
   setUniformRowHeights(true);
   setIndentation(16);
   setExpandsOnDoubleClick(false);
-  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  header()->setStretchLastSection(false);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setTextElideMode(Qt::ElideRight);
   connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) { choose(item); });
 }
 
@@ -46,7 +45,8 @@ void PlantTree::addDevice(PlantDevice& device) {
     }
     branchItem->setExpanded(exists);
   }
-  item->setExpanded(true);
+  // One device at a time keeps the tree short.
+  item->setExpanded(mMill->childCount() == 1);
 }
 
 void PlantTree::setTexts(const Texts& texts) {
@@ -61,7 +61,8 @@ void PlantTree::retranslate() {
     if (row.key.empty()) continue;
     row.item->setText(0, mTexts(row.key));
     row.item->setFlags(row.exists ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
-    row.item->setToolTip(0, row.exists ? QString() : QStringLiteral("There is no view for this yet"));
+    // A long name may not have its whole place.
+    row.item->setToolTip(0, row.exists ? row.item->text(0) : QStringLiteral("There is no view for this yet"));
   }
 }
 
@@ -89,6 +90,7 @@ void PlantTree::setShown(const Place& place) {
     plain.setBold(true);
     item->setFont(0, plain);
     setCurrentItem(item);
+    scrollToItem(item);
   }
 }
 

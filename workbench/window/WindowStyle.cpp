@@ -15,6 +15,7 @@ QMenu::item { padding: 6px 28px 6px 32px; }
 QMenu::item:selected { background: @selection; color: @text; }
 QMenu::item:disabled { color: @disabledText; }
 QMenu::separator { height: 1px; background: @line; margin: 6px 0; }
+QToolBar::separator { background: @line; width: 1px; margin: 6px 8px; }
 QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; padding: 4px 10px; spacing: 4px; }
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 5px 10px; }
 QToolButton:hover { background: @selection; }
@@ -23,6 +24,7 @@ QToolButton:focus { border-color: @accent; }
 QToolButton:disabled { color: @disabledText; }
 QToolButton::menu-indicator { image: none; }
 #plant { background: @surface; border: none; border-radius: 0; padding: 6px 0; }
+#plant { show-decoration-selected: 1; }
 #plant::item { padding: 4px 6px; border: none; }
 #plant::item:selected { background: @selection; color: @text; }
 #plant::item:disabled { color: @disabledText; }
@@ -31,6 +33,7 @@ QToolButton::menu-indicator { image: none; }
 #conversation { background: @surface; }
 #conversation QTreeView { border: none; border-top: 1px solid @line; border-radius: 0; }
 #conversation QTreeView::item { padding: 1px 4px; }
+#conversation QHeaderView::section { padding: 3px 4px; }
 #conversation QLineEdit { padding: 1px 8px; }
 #statusLine { background: @raised; border-top: 1px solid @line; }
 #statusLine QPushButton { padding: 1px 10px; }
@@ -39,7 +42,7 @@ QProgressBar::chunk { background: @accent; border-radius: 4px; }
 QLabel[role="heading"] { font-weight: 600; }
 QLabel[role="banner"] { background: @bannerFill; color: @bannerText; font-weight: 600; padding: 8px 16px; }
 QSplitter::handle { background: @line; }
-QTableView::indicator, QListView::indicator { width: 16px; height: 16px; }
+QTableView::item { padding: 2px 8px; }
 QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; border-radius: 4px; }
 )");
   const QColor bannerFill = theme.kind == Theme::Kind::Light ? QColor(0xffd98a) : QColor(0x6b4700);

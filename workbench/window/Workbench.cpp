@@ -17,6 +17,7 @@ class Workbench::Watch : private HostObserver {
 
  private:
   void dataSetChanged() override { mWorkbench.valuesChanged(); }
+  void parameterStatus(const std::string&, const std::string&, const std::string&) override { mWorkbench.valuesChanged(); }
 
   Workbench& mWorkbench;
   PlantDevice& mDevice;

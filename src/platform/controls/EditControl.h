@@ -60,6 +60,8 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   const std::string& editWord() const { return mEditWord; }
   const std::string& syncWord() const { return mSyncWord; }
   const std::string& stored() const { return mStored; }
+  // What the screen shows when nothing is edited.
+  std::string storedText() const { return shown(mStored); }
   const std::optional<LocalTime>& lastRead() const { return mLastRead; }
   // What the user reads: for a choice its text in the user's language.
   virtual std::string displayText() const { return mText; }

@@ -34,10 +34,6 @@ class LifetimeTest : public PanelBench {
       at.frame(form, "two", "date_two").row(at.make<Label>("lblOther"), "label", at.make<CtrTextEdit>("other"), "ctr_y");
     });
   }
-  template <class T>
-  static T& control(const Ref<TestView>& view, int index) {
-    return view->at<T>(index);
-  }
 };
 
 }  // namespace
@@ -62,7 +58,7 @@ TEST_F(LifetimeTest, AViewMayBeReplacedInTheMiddleOfItsHandler) {
   Ref<TestView> view = make();
   panel.setView(Ref<ITaviView>(view.get()));
   settle();
-  auto& button = control<CommandButton>(view, 2);
+  auto& button = view->get<CommandButton>("button");
   bool reached = false;
   button.Click.connect([&] {
     panel.setView(nullptr);
@@ -82,13 +78,13 @@ TEST_F(LifetimeTest, AFieldThatIsLeftMayBringAnotherView) {
   Ref<TestView> first = make(), second = make();
   panel.setView(Ref<ITaviView>(first.get()));
   settle();
-  control<CtrTextEdit>(first, 1).Change.connect([&](const std::string&) { panel.setView(Ref<ITaviView>(second.get())); });
+  first->get<CtrTextEdit>("edit").Change.connect([&](const std::string&) { panel.setView(Ref<ITaviView>(second.get())); });
   widget("edit")->setFocus();
   QTest::keyClicks(widget("edit"), "x");
   QTest::keyClick(widget("edit"), Qt::Key_Tab);
   settle();
   EXPECT_EQ(panel.view().get(), static_cast<ITaviView*>(second.get()));
-  EXPECT_EQ(control<CtrTextEdit>(second, 1).Text(), "");
+  EXPECT_EQ(second->get<CtrTextEdit>("edit").Text(), "");
 }
 
 TEST_F(LifetimeTest, AChangeAfterwardsReachesNobody) {
@@ -97,7 +93,7 @@ TEST_F(LifetimeTest, AChangeAfterwardsReachesNobody) {
   settle();
   panel.setView(nullptr);
   settle();
-  EXPECT_FALSE(control<CtrTextEdit>(view, 1).changed.hasListeners());
+  EXPECT_FALSE(view->get<CtrTextEdit>("edit").changed.hasListeners());
   EXPECT_FALSE(view->changed.hasListeners());
 }
 

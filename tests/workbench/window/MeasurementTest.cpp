@@ -128,7 +128,7 @@ TEST_F(MeasurementTest, UnitsChangeTheLiveValues) {
   auto& monitoring = **dynamic_cast<Nested<CtrMonitoring>*>(&control<Control>("CtrMonitoring1"));
   auto& list = dynamic_cast<ListView&>(*monitoring.GetControls().front());
   std::vector<std::string> units;
-  for (int row = 1; row <= list.RowCount(); ++row) units.push_back(list.Cell(row, 3));
+  for (int row = 1; row <= list.Count(); ++row) units.push_back(list.Cell(row, 3));
   EXPECT_THAT(units, Contains("°F"));
   EXPECT_THAT(units, Not(Contains("°C")));
 }
@@ -186,6 +186,19 @@ TEST_F(MeasurementTest, TheSavedConversationReplaysGreen) {
   const Replay::Result result = Replay(catalog, data).compare(*nextFile);
   EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
   EXPECT_THAT(readWholeFile(*nextFile), HasSubstr("> choose cceActiveRecipe"));
+}
+
+TEST_F(MeasurementTest, AnEditThatWasTakenBackReplaysGreen) {
+  editRecipe();
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(recipe().Modified());
+  editRecipe();
+  window->deviceMenu().undoEdit();
+  writeByKeyboard();
+  nextFile = data / "undone.transcript";
+  window->fileMenu().saveTranscript();
+  const Replay::Result result = Replay(catalog, data).compare(*nextFile);
+  EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
 }
 
 TEST_F(MeasurementTest, ARecordingBeginsWithANewViewAndReplaysGreen) {
