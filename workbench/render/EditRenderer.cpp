@@ -56,7 +56,10 @@ QString EditRenderer::explanation() const {
   QString told = QStringLiteral("<b>%1</b>").arg(word(states.value, language).toHtmlEscaped());
   const auto line = [&](const QString& text) { told += QStringLiteral("<br>") + text.toHtmlEscaped(); };
   const auto fact = [&](Word name, const QString& text) { line(word(name, language) + QStringLiteral(": ") + text); };
-  if (states.access) line(word(*states.access, language));
+  if (states.access)
+    line(word(*states.access, language));
+  else if (mEdit.KeepLocal() || mEdit.ExplicitApply())
+    line(word(ValueState::HeldBack, language));
   if (const QString why = reason(); !why.isEmpty()) line(why);
   if (!mEdit.Error().empty()) line(panel().text(mEdit.Error()));
 

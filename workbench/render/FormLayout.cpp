@@ -140,6 +140,7 @@ void FormLayout::measureRows() {
 void FormLayout::measureWhole() {
   int right = 0;
   int bottom = 0;
+  mLeastRight = 0;
   for (std::size_t i = 0; i < mCells.size(); ++i) {
     const Cell& cell = mCells[i];
     const int edge = cell.bare ? 0 : mMeasures.margin;
@@ -152,13 +153,14 @@ void FormLayout::measureWhole() {
       int beside = mMeasures.margin;
       for (std::size_t other = 0; other < mCells.size(); ++other)
         if (!hangsRight(mCells[other]) && mRowOf[other] == mRowOf[i]) beside = std::max(beside, mColumns[mColumnOf[other]].x + width(mCells[other].extent));
-      right = std::max(right, beside + mMeasures.columnGap + width(cell.extent) + edge);
+      mLeastRight = std::max(mLeastRight, beside + mMeasures.columnGap + width(cell.extent) + edge);
     }
   }
-  mMinimum = QSize(right, bottom);
+  mMinimum = QSize(std::max(right, mLeastRight), bottom);
 }
 
-void FormLayout::place(const QSize& size) {
+void FormLayout::place(const QSize& size, int visibleWidth) {
+  const int hangOn = std::min(size.width(), std::max(visibleWidth, mLeastRight));
   int shares = 0;
   for (const Row& row : mRows) shares += row.shares;
   const int spare = std::max(0, size.height() - mMinimum.height());
@@ -182,7 +184,7 @@ void FormLayout::place(const QSize& size) {
     const int top = y + std::max(0, row.height - cell.extent.height) / 2;
     const auto centred = [&](int x, int wide) { return QRect(x, top, wide, cell.extent.height); };
     if (hangsRight(cell)) {
-      cell.place.field = centred(size.width() - mMeasures.margin - cell.extent.field, cell.extent.field);
+      cell.place.field = centred(hangOn - mMeasures.margin - cell.extent.field, cell.extent.field);
       continue;
     }
     const Column& column = mColumns[mColumnOf[i]];

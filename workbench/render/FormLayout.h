@@ -33,8 +33,9 @@ class FormLayout {
   // Finds rows and columns and the least size that they need.
   void measure(std::vector<Cell> cells, const Measures& measures);
   const QSize& minimum() const { return mMinimum; }
-  // Gives every cell its place on a panel of this size, which is not smaller than the minimum.
-  void place(const QSize& size);
+  // Gives every cell its place on a panel of this size, which is not smaller than the minimum. Of a wider one than can be seen,
+  // what hangs on the right edge stays where it can be seen, if it has room there.
+  void place(const QSize& size, int visibleWidth);
   const std::vector<Cell>& cells() const { return mCells; }
   // The lower edge of the first row, which is the heading's where there is one.
   int firstRowBottom() const { return mRows.empty() ? 0 : mRows.front().y + mRows.front().height; }
@@ -72,6 +73,7 @@ class FormLayout {
   std::vector<std::size_t> mColumnOf;  // by cell
   std::vector<std::size_t> mRowOf;
   QSize mMinimum;
+  int mLeastRight = 0;  // what hangs on the right edge ends there at the least
 };
 
 }  // namespace ostrand

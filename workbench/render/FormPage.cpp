@@ -56,9 +56,9 @@ FormPage::FormPage(ViewPanel& panel, Component& component, Control* front, QWidg
     heading->setProperty("role", "title");
     mHeading = std::move(heading);
   }
-  const std::vector<Control*> members = membersOf(component, front);
-  mItems.reserve(members.size());
-  for (Control* control : members) add(*control);
+  mMembers = membersOf(component, front);
+  mItems.reserve(mMembers.size());
+  for (Control* control : mMembers) add(*control);
   restyle();
 }
 
@@ -160,7 +160,7 @@ void FormPage::layOut() {
   FormLayout::Measures measures;
   measures.panel = QSize(mComponent.width(), mComponent.height());
   measures.margin = theme.px(24);
-  measures.columnGap = theme.px(24);
+  measures.columnGap = theme.px(20);
   measures.companionGap = theme.px(8);
   measures.rowGap = theme.px(10);
   measures.fieldHeight = QFontMetrics(theme.font()).height() + theme.px(16);
@@ -198,7 +198,7 @@ void FormPage::place() {
     mHeading->show();
     top = margin + height;
   }
-  mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top));
+  mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.viewport()->width());
   std::size_t next = 0;
   for (Item& item : mItems) {
     const bool shown = item.visible && !item.renderer->widgets().empty();

@@ -36,9 +36,14 @@ class FormPage : public QWidget {
   // The texts have another language: what was made wide for the old ones becomes narrow again.
   void forgetWidths();
 
+  // The panel shows another part of the page.
+  void place();
+
   // All renderers in the controls' order, those of nested panels at their place.
   std::vector<ControlRenderer*> renderers() const;
   ControlRenderer* rendererOf(const Control& control) const;
+  // The first control of the page, as the form declares them.
+  bool isFirst(const Control& control) const { return !mMembers.empty() && mMembers.front() == &control; }
   QSize sizeHint() const override { return minimumSize(); }
 
  protected:
@@ -60,7 +65,6 @@ class FormPage : public QWidget {
   void add(Control& control);
   bool measure(Item& item);
   void layOut();
-  void place();
   void nameFields();
   bool leaves(const QWidget& widget, int reason) const;
 
@@ -68,6 +72,7 @@ class FormPage : public QWidget {
   Component& mComponent;
   Control* mFront;
   std::unique_ptr<QWidget> mHeading;  // of a nested panel, which has none of its own
+  std::vector<Control*> mMembers;
   std::vector<Item> mItems;
   std::map<const QObject*, ControlRenderer*> mByWidget;
   FormLayout mLayout;

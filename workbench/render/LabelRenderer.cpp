@@ -2,6 +2,7 @@
 
 #include <QLabel>
 
+#include "platform/controls/Form.h"
 #include "workbench/render/FormPage.h"
 
 namespace ostrand {
@@ -13,7 +14,12 @@ LabelRenderer::LabelRenderer(FormPage& page, CaptionedControl& label) : ControlR
 
 std::vector<QWidget*> LabelRenderer::widgets() const { return {mLabel}; }
 
-bool LabelRenderer::isHeading() const { return page().front() && page().front()->Tag() == mModel.Tag(); }
+// The heading is the first of a frame and stands above its rows; most often it bears the frame's own key.
+bool LabelRenderer::isHeading() const {
+  const Control* const frame = page().front();
+  if (!frame) return false;
+  return frame->Tag() == mModel.Tag() || (page().isFirst(mModel) && mModel.Top() < Form::kRowHeight);
+}
 
 void LabelRenderer::restyle() { mLabel->setFont(theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body)); }
 

@@ -5,7 +5,7 @@
 
 namespace ostrand {
 
-// A text before a field, or over a column; the heading of a frame is the label that bears the frame's own key.
+// A text before a field, or over a column; or the heading of a frame.
 class LabelRenderer : public ControlRenderer {
  public:
   LabelRenderer(FormPage& page, CaptionedControl& label);

@@ -13,6 +13,7 @@ namespace ostrand {
 namespace {
 
 constexpr int kLeastCharacters = 12;
+constexpr int kLeastDigits = 8;
 constexpr int kMostCharacters = 48;  // what is longer can be scrolled in its field
 
 }  // namespace
@@ -42,7 +43,7 @@ void LineEditRenderer::sync() {
     else if (!mField->hasFocus())
       mField->setCursorPosition(0);
   }
-  const Qt::Alignment side = edit().info().isNumeric() ? Qt::AlignRight : Qt::AlignLeft;
+  const Qt::Alignment side = isMeasured() ? Qt::AlignRight : Qt::AlignLeft;
   if (mField->alignment() != (side | Qt::AlignVCenter)) mField->setAlignment(side | Qt::AlignVCenter);
   setEnabled(*mField, edit().Enabled());
   const bool readOnly = edit().ReadOnly();
@@ -51,9 +52,15 @@ void LineEditRenderer::sync() {
   setLook(*mField, "state", look());
 }
 
+// A measured value stands with its last digit before the unit; a serial number reads like a text.
+bool LineEditRenderer::isMeasured() const {
+  const ParameterInfo& info = edit().info();
+  return info.isFloat() || (info.isInteger() && info.unit != "noUnit");
+}
+
 int LineEditRenderer::fieldWidth() const {
   const QFontMetrics metrics(mField->font());
-  const int least = metrics.horizontalAdvance(QLatin1Char('0')) * kLeastCharacters;
+  const int least = metrics.horizontalAdvance(QLatin1Char('0')) * (isMeasured() ? kLeastDigits : kLeastCharacters);
   const int most = metrics.horizontalAdvance(QLatin1Char('0')) * kMostCharacters;
   // Padding and frame on both sides, and the cursor.
   return std::clamp(metrics.horizontalAdvance(toQt(edit().displayText())), least, most) + theme().px(16) + 8;

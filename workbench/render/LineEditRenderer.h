@@ -25,6 +25,7 @@ class LineEditRenderer : public EditRenderer {
   void dropTyping() override;
 
  private:
+  bool isMeasured() const;
   QLineEdit* mField;
   bool mTyping = false;
 };

@@ -18,8 +18,8 @@ namespace {
 constexpr ushort kLowestBar = 0x2581;
 constexpr ushort kHighestBar = 0x2588;
 constexpr double kCellPadding = 10;
-constexpr int kRowsAtLeast = 3;
-constexpr int kRowsAtMost = 8;  // before a list scrolls by itself, if there is no more room
+constexpr int kRowsAtLeast = 2;
+constexpr int kRowsAtMost = 3;  // before a list scrolls by itself, if there is no more room
 
 bool isTrend(const QString& text) {
   return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= kLowestBar && c.unicode() <= kHighestBar; });
@@ -236,7 +236,7 @@ void ListViewRenderer::sync() {
 int ListViewRenderer::contentWidth(int column) const {
   const QFontMetrics body(mTable->font()), head(mTable->horizontalHeader()->font());
   const int pad = 2 * theme().px(kCellPadding);
-  int widest = head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + pad + theme().px(4);
+  int widest = head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + pad + theme().px(10);
   const int boxes = column == 0 && mModel.CheckBoxes() ? theme().px(28) : 0;
   for (int row = 0; row < mSnapshot->rowCount(); ++row) {
     const QString text = mSnapshot->index(row, column).data(Qt::DisplayRole).toString();

@@ -14,6 +14,7 @@
 #include "workbench/render/OptionButtonRenderer.h"
 #include "workbench/render/SliderRenderer.h"
 #include "workbench/render/TextBoxRenderer.h"
+#include "workbench/render/TextInputRenderer.h"
 
 namespace ostrand {
 
@@ -26,6 +27,12 @@ template <class Renderer, class Model>
 std::unique_ptr<ControlRenderer> make(FormPage& page, Control& control) {
   if (auto* model = dynamic_cast<Model*>(&control)) return std::make_unique<Renderer>(page, *model);
   return nullptr;
+}
+
+// A text box is typed into where somebody hears of it.
+std::unique_ptr<ControlRenderer> makeTextBox(FormPage& page, Control& control) {
+  const auto* box = dynamic_cast<TextBox*>(&control);
+  return box && box->Change.hasListeners() ? make<TextInputRenderer, TextBox>(page, control) : make<TextBoxRenderer, TextBox>(page, control);
 }
 
 struct ByClass {
@@ -47,7 +54,7 @@ constexpr ByClass kByClass[] = {
 constexpr ByKind kByKind[] = {
     {Control::Kind::Label,         make<LabelRenderer,         CaptionedControl>},
     {Control::Kind::DateLabel,     make<DateLabelRenderer,     CaptionedControl>},
-    {Control::Kind::TextBox,       make<TextBoxRenderer,       TextBox>},
+    {Control::Kind::TextBox,       makeTextBox},
     {Control::Kind::CheckBox,      make<CheckBoxRenderer,      CheckBox>},
     {Control::Kind::OptionButton,  make<OptionButtonRenderer,  OptionButton>},
     {Control::Kind::CommandButton, make<CommandButtonRenderer, CommandButton>},

@@ -30,7 +30,7 @@ ValueStates statesOf(const EditControl& edit) {
     states.value = ValueState::Read;
   if (edit.ReadOnly())
     states.access = ValueState::ReadOnly;
-  else if (edit.KeepLocal() || edit.ExplicitApply())
+  else if (edited && (edit.KeepLocal() || edit.ExplicitApply()))
     states.access = ValueState::HeldBack;
   return states;
 }
@@ -120,9 +120,11 @@ void paintState(QPainter& painter, const QRectF& place, ValueState state, const 
       painter.setBrush(Qt::NoBrush);
       painter.drawArc(QRectF(5.6, 2.6, 6.8, 9), 0, 180 * 16);
       break;
-    case ValueState::HeldBack:  // the two bars of a pause
-      painter.drawRoundedRect(QRectF(2, 2, 14, 14), 3, 3);
-      painter.setPen(mark);
+    case ValueState::HeldBack:  // the two bars of a pause in a frame
+      painter.setPen(QPen(color, 1.4));
+      painter.setBrush(Qt::NoBrush);
+      painter.drawRoundedRect(QRectF(2.5, 2.5, 13, 13), 3, 3);
+      painter.setPen(edge);
       painter.drawLine(QPointF(7, 6), QPointF(7, 12));
       painter.drawLine(QPointF(11, 6), QPointF(11, 12));
       break;

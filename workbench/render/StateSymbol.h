@@ -13,7 +13,8 @@ namespace ostrand {
 
 class EditControl;
 
-// What there is to say of a value beside the value: one of the first six always, one of the last two with it if it applies.
+// What there is to say of a value beside the value: one of the first six always, one of the last two with it if it
+// applies. Held back is an edit that does not go with the others but by a button of its own.
 enum class ValueState { NotRead, Read, ReadFailed, Edited, Wrong, Corrected, ReadOnly, HeldBack };
 
 struct ValueStates {

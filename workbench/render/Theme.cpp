@@ -143,13 +143,13 @@ QLineEdit, QComboBox {
   selection-background-color: @accent; selection-color: @accentText;
 }
 QComboBox { padding-right: @28px; }
-QComboBox::drop-down { border: none; width: @24px; }
+QComboBox::drop-down { border: none; width: 0; }
 QComboBox::down-arrow { image: none; }
 QComboBox QAbstractItemView {
   color: @text; background: @surface; border: 1px solid @outline; outline: none; padding: @4px;
   selection-background-color: @selection; selection-color: @text;
 }
-QComboBox QAbstractItemView::item { min-height: @32px; padding: 0 @6px; }
+QComboBox QAbstractItemView::item { min-height: @32px; }
 QLineEdit:hover, QComboBox:hover { border-color: @secondaryText; }
 QLineEdit[state="edited"], QComboBox[state="edited"] { color: @edited; border-color: @edited; }
 QLineEdit[state="corrected"], QComboBox[state="corrected"] { color: @corrected; border-color: @corrected; }
@@ -162,7 +162,7 @@ QLineEdit[readOnly="true"], QComboBox[fixed="true"] { color: @text; background: 
 QLabel[role="value"] { color: @text; background: @fieldDisabled; border: 1px solid @line; border-radius: @4px; padding: @2px @8px; }
 
 QPushButton {
-  color: @text; background: @raised; border: 1px solid @outline; border-radius: @4px; padding: @4px @16px;
+  color: @text; background: @raised; border: 1px solid @outline; border-radius: @4px; padding: @4px @16px; outline: none;
 }
 QPushButton:hover { background: @selection; }
 QPushButton:pressed { background: @line; }
@@ -175,6 +175,12 @@ QPushButton:disabled, QPushButton[role="primary"]:disabled { color: @disabledTex
 
 QCheckBox, QRadioButton { background: transparent; spacing: @10px; padding: @2px; }
 QCheckBox:disabled, QRadioButton:disabled { color: @disabledText; }
+
+QSlider::groove:horizontal { background: @outline; height: @4px; border-radius: @2px; }
+QSlider::sub-page:horizontal { background: @accent; height: @4px; border-radius: @2px; }
+QSlider::handle:horizontal { background: @accent; border: 2px solid @accent; width: @14px; margin: -@7px 0; border-radius: @9px; }
+QSlider::handle:horizontal:focus { border-color: @text; }
+QSlider::handle:horizontal:disabled, QSlider::sub-page:horizontal:disabled { background: @outline; border-color: @outline; }
 
 QAbstractItemView { color: @text; background: @surface; border: 1px solid @line; border-radius: @4px; outline: none; gridline-color: @line;
   selection-background-color: @selection; selection-color: @text; }

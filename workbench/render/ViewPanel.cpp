@@ -307,6 +307,11 @@ bool ViewPanel::focusNextPrevChild(bool next) {
 
 void ViewPanel::keyPressEvent(QKeyEvent* event) { event->ignore(); }
 
+void ViewPanel::resizeEvent(QResizeEvent* event) {
+  QScrollArea::resizeEvent(event);
+  if (page()) page()->place();
+}
+
 void ViewPanel::paintEvent(QPaintEvent* event) {
   QScrollArea::paintEvent(event);
   QPainter painter(viewport());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QWidget>
 
@@ -29,7 +30,7 @@ class HeaderBar : public QWidget {
     QLabel* name;
     QLabel* value;
   };
-  Fact addFact(class QGridLayout& grid, int column);
+  Fact addFact(QGridLayout& grid, int column);
   void showPictures();
   QString connection() const;
   static void show(QLabel& label, const QString& text);

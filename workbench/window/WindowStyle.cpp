@@ -28,7 +28,6 @@ QToolButton::menu-indicator { image: none; }
 #plant::item { padding: 4px 6px; border: none; }
 #plant::item:selected { background: @selection; color: @text; }
 #plant::item:disabled { color: @disabledText; }
-#plant::branch { background: @surface; }
 #header { background: @surface; border-bottom: 1px solid @line; }
 #conversation { background: @surface; }
 #conversation QTreeView { border: none; border-top: 1px solid @line; border-radius: 0; }

@@ -297,6 +297,8 @@ TEST_F(EditsTest, EveryStateOfAValueIsTold) {
   EXPECT_EQ(state(), ValueState::ReadFailed);
   EXPECT_FALSE(statesOf(*number).access);
   number->KeepLocal(true);
+  EXPECT_FALSE(statesOf(*number).access) << "there is nothing to hold back";
+  number->type("8");
   EXPECT_EQ(statesOf(*number).access, ValueState::HeldBack);
   number->ReadOnly(true);
   EXPECT_EQ(statesOf(*number).access, ValueState::ReadOnly);

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOption>
 #include <QTableView>
 #include <functional>
 #include <map>
@@ -66,14 +67,24 @@ class FramesTest : public PanelBench {
     if (const auto* field = dynamic_cast<const QLineEdit*>(&widget)) return field->text();
     return {};
   }
-  // Room beside the text: padding, frame, arrow, tick.
-  int besides(const QWidget& widget) const {
-    const Theme& theme = panel.theme();
-    if (dynamic_cast<const QComboBox*>(&widget)) return theme.px(36) + 4;
-    if (dynamic_cast<const QLineEdit*>(&widget)) return theme.px(16) + 4;
-    if (dynamic_cast<const QPushButton*>(&widget)) return theme.px(32);
-    if (dynamic_cast<const QAbstractButton*>(&widget)) return theme.px(18);
-    return 0;
+  // What is left of a widget for its text, as its style has it.
+  int roomOf(const QWidget& widget) const {
+    if (const auto* box = dynamic_cast<const QComboBox*>(&widget)) {
+      QStyleOptionComboBox option;
+      option.initFrom(box);
+      option.editable = false;
+      return box->style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, box).width();
+    }
+    if (const auto* field = dynamic_cast<const QLineEdit*>(&widget)) {
+      QStyleOptionFrame option;
+      option.initFrom(field);
+      option.lineWidth = 1;
+      constexpr int kTextMargins = 4;  // of a line edit, both sides
+      return field->style()->subElementRect(QStyle::SE_LineEditContents, &option, field).width() - kTextMargins;
+    }
+    if (dynamic_cast<const QPushButton*>(&widget)) return widget.width() - panel.theme().px(32) - 2;
+    if (dynamic_cast<const QAbstractButton*>(&widget)) return widget.width() - panel.theme().px(18 + 10);
+    return widget.contentsRect().width();
   }
 
   void checkPage(const std::string& where) {
@@ -91,7 +102,7 @@ class FramesTest : public PanelBench {
       const QString text = textOf(*widget);
       const QFontMetrics metrics(widget->font());
       const std::string what = where + ": \"" + text.toStdString() + "\"";
-      EXPECT_LE(metrics.horizontalAdvance(text) + besides(*widget), widget->width()) << what << " is wider than its place";
+      EXPECT_LE(metrics.horizontalAdvance(text), roomOf(*widget)) << what << " is wider than its place";
       EXPECT_LE(text.isEmpty() ? 0 : metrics.height(), widget->height()) << what << " is higher than its place";
       const QRect place(widget->mapTo(panel.widget(), QPoint()), widget->size());
       EXPECT_TRUE(panel.widget()->rect().contains(place)) << what << " stands outside of its frame";

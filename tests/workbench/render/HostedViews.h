@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdlib>
+#include <QTemporaryDir>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -16,8 +16,7 @@ namespace ostrand::test {
 class HostedViews {
  public:
   explicit HostedViews(Desktop& desktop) : mDesktop(desktop) {
-    std::filesystem::create_directories(mFolder);
-    setenv("OSTRAND_REGISTRY", (mFolder / "components.xml").c_str(), 1);
+    qputenv("OSTRAND_REGISTRY", mFolder.filePath("components.xml").toUtf8());
     mServer = std::make_unique<ComponentServer>(std::filesystem::path(OSTRAND_BINARY_DIR) / ownLibraryName());
     host = std::make_unique<Host>(mDesktop, *mServer, mPrompt, kData);
     mServer->create("VwMeasurement");
@@ -25,8 +24,7 @@ class HostedViews {
   }
   ~HostedViews() {
     host.reset();
-    std::filesystem::remove_all(mFolder);
-    unsetenv("OSTRAND_REGISTRY");
+    qunsetenv("OSTRAND_REGISTRY");
   }
 
   // The view with the data set of the mill that has most of its parameters.
@@ -67,7 +65,7 @@ class HostedViews {
   static inline const std::string kData = std::string(OSTRAND_SOURCE_DIR) + "/data";
   Desktop& mDesktop;
   SilentPrompt mPrompt;
-  std::filesystem::path mFolder = std::filesystem::temp_directory_path() / ("ostrand-render-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+  QTemporaryDir mFolder;
   std::unique_ptr<ComponentServer> mServer;
 
  public:

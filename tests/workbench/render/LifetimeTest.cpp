@@ -174,4 +174,23 @@ TEST_F(LifetimeTest, PlainControlsWork) {
   EXPECT_TRUE(widget<QRadioButton>("b")->isChecked()) << "a second click does not switch it off";
 }
 
+TEST_F(LifetimeTest, ATextBoxIsTypedIntoWhereSomebodyListens) {
+  TextBox* search = nullptr;
+  Ref<TestView> view = TestView::place(desktop, [&](TestView& at, Form& form) {
+    search = &at.make<TextBox>("search");
+    at.frame(form, "one", "date_one").row(at.make<Label>("lbl"), "label", *search, "");
+  });
+  std::vector<std::string> heard;
+  search->Change.connect([&](const std::string& text) { heard.push_back(text); });
+  panel.setView(Ref<ITaviView>(view.get()));
+  settle();
+  widget("search")->setFocus();
+  QTest::keyClicks(widget("search"), "ab");
+  EXPECT_EQ(heard, (std::vector<std::string>{"a", "ab"}));
+  QTest::keyClick(widget("search"), Qt::Key_Escape);
+  settle();
+  EXPECT_EQ(search->Text(), "");
+  EXPECT_EQ(widget<QLineEdit>("search")->text(), "");
+}
+
 }  // namespace ostrand::test

@@ -107,11 +107,14 @@ TEST_F(TabTest, WhoMovesTheFocusWhenTheViewAsksHasIt) {
   panel.setParent(&window);
   layout.addWidget(&panel);
   layout.addWidget(&beside);
+  panel.show();
   window.show();
   window.activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
   calls.during("FocusOut", [&] { beside.setFocus(); });
-  ASSERT_TRUE(panel.enter(false));
+  edits[2]->SetFocus();
+  settle();
+  EXPECT_EQ(focusedControl(), "three");
   tab();
   EXPECT_TRUE(beside.hasFocus());
   EXPECT_EQ(view->focused(), nullptr);

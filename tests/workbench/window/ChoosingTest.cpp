@@ -60,11 +60,16 @@ class ChoosingTest : public WindowBench {
 };
 
 TEST_F(ChoosingTest, TheTreeShowsWhatExistsAndWhatIsStillToCome) {
+  std::string tree = readWholeFile(data / "tree.xml");
+  tree.replace(tree.find("</treeView>"), 0, "<branch name=\"futureBranch\"><node name=\"futureFrame\"/></branch>");
+  writeWholeFile(data / "tree.xml", tree);
+  window.reset();
+  open();
   EXPECT_TRUE(item("measurement", "activeRecipe")->flags() & Qt::ItemIsEnabled);
-  const bool hasCalibration = catalog.has("VwCalibration");
-  EXPECT_EQ(bool(item("calibration", "sampling")->flags() & Qt::ItemIsEnabled), hasCalibration);
-  EXPECT_EQ(item("calibration", "sampling")->toolTip(0).isEmpty(), hasCalibration);
   EXPECT_EQ(item("measurement", "activeRecipe")->text(0), QStringLiteral("Active recipe"));
+  EXPECT_FALSE(item("futureBranch", "futureFrame")->flags() & Qt::ItemIsEnabled);
+  EXPECT_THAT(item("futureBranch", "futureFrame")->toolTip(0).toStdString(), HasSubstr("no view"));
+  EXPECT_FALSE(show("futureBranch", "futureFrame"));
 }
 
 TEST_F(ChoosingTest, AClickOpensAFrame) {
