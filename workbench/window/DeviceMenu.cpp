@@ -97,9 +97,9 @@ void DeviceMenu::showTransfer() {
 void DeviceMenu::readPage() {
   if (!mayTransfer()) return;
   mWindow.attempt(QStringLiteral("The page could not be read"), [&] {
-    mWindow.host().readGroup(mWindow.workbench().current().frame(), [this] {
+    mWindow.host().readGroup(mWindow.workbench().current().frame(), [this, alive = QPointer(&mWindow)] {
       // One page needs no list of its own, unless something failed.
-      if (!mWindow.host().transfer().failures().empty()) showTransfer();
+      if (alive && !mWindow.host().transfer().failures().empty()) showTransfer();
     });
   });
 }
@@ -139,14 +139,27 @@ void DeviceMenu::discardEdits() {
 void DeviceMenu::applyEdits() {
   if (!mayTransfer()) return;
   mWindow.attempt(QStringLiteral("The edits could not be applied"), [&] {
-    const std::vector<Change> changes = mWindow.host().collectChanges();
+    std::vector<Change> changes = mWindow.host().collectChanges();
+    addOfflineEdits(changes);
     if (changes.empty()) return mWindow.status().say(QStringLiteral("There are no edits to apply; values with a button of their own are applied by it"));
-    const std::vector<Change> left = mWindow.host().applyChanges(changes, [this] { refresh(); });
+    const std::vector<Change> left = mWindow.host().applyChanges(changes, [this, alive = QPointer(&mWindow)] {
+      if (alive) refresh();
+    });
     if (left.size() < changes.size()) showTransfer();
     QStringList names;
     for (const Change& change : left) names << qt(change.caption.empty() ? change.name : change.caption);
     if (!names.isEmpty()) mWindow.tell(QStringLiteral("Not all edits could go"), QStringLiteral("The data set has no parameter for: %1").arg(names.join(QStringLiteral(", "))));
   });
+}
+
+// What was accepted locally before and stands in no open view.
+void DeviceMenu::addOfflineEdits(std::vector<Change>& changes) const {
+  DataSet& dataSet = *mWindow.host().dataSet();
+  for (const std::string& name : dataSet.edited()) {
+    if (std::any_of(changes.begin(), changes.end(), [&](const Change& each) { return each.name == name; })) continue;
+    const ParameterInfo info = dataSet.info(name);
+    changes.push_back({{}, name, {}, dataSet.value(name), dataSet.offlineValue(name), info.unit, info.type, dataSet.homeGroup(name)});
+  }
 }
 
 void DeviceMenu::setMode(int mode) {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QPointer>
+#include <vector>
+
+#include "host/HostObserver.h"
 
 class QAction;
 class QMenu;
@@ -36,6 +39,7 @@ class DeviceMenu {
  private:
   void showTransfer();
   bool mayTransfer();
+  void addOfflineEdits(std::vector<Change>& changes) const;
 
   MainWindow& mWindow;
   QAction* mReadPage;

@@ -61,7 +61,7 @@ void FileMenu::refresh() {
 void FileMenu::open() {
   mWindow.panel().commit();
   Workbench& workbench = mWindow.workbench();
-  if (workbench.current().hasPendingEdits() &&
+  if (workbench.current().hasUnsavedEdits() &&
       workbench.prompt().ask("There are edits that nobody has saved", "They are lost when another data set is opened. Open it all the same?") != UserPrompt::kGoOn)
     return;
   const auto file = workbench.desktop().openDialog({"Open data set", kDataSets, "xml", workbench.dataFolder() / "devices"});
@@ -118,11 +118,12 @@ void FileMenu::record(bool on) {
       mWindow.panel().setView(nullptr);
       mWindow.attempt(QStringLiteral("The view could not be opened anew"), [&] { device.reopen(); });
       mWindow.showFront();
+      mRecorder = device.host().front() ? device.recordings().of(*device.host().front()) : nullptr;
     }
   } else {
     const std::filesystem::path file = *std::exchange(mRecording, std::nullopt);
     mWindow.panel().commit();
-    if (mWindow.attempt(QStringLiteral("%1 could not be written").arg(shown(file)), [&] { writeWholeFile(file, device.transcript()); }))
+    if (mWindow.attempt(QStringLiteral("%1 could not be written").arg(shown(file)), [&] { writeWholeFile(file, mRecorder ? mRecorder->text() : std::string()); }))
       mWindow.status().say(QStringLiteral("%1 is written; it can be replayed").arg(shown(file)));
   }
   refresh();

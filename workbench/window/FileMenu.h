@@ -10,6 +10,7 @@ class QToolBar;
 namespace ostrand {
 
 class MainWindow;
+class TranscriptRecorder;
 
 // Data sets, transcripts, pictures of the view.
 class FileMenu {
@@ -36,6 +37,7 @@ class FileMenu {
   QAction* mSave;
   QAction* mRecord;
   std::optional<std::filesystem::path> mRecording;
+  const TranscriptRecorder* mRecorder = nullptr;  // of the view that is recorded, whichever is in front
 };
 
 }  // namespace ostrand

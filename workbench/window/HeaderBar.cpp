@@ -21,6 +21,8 @@ QLabel* label(const char* role) {
   made->setProperty("role", QString::fromLatin1(role));
   made->setTextInteractionFlags(Qt::TextSelectableByMouse);
   made->setFocusPolicy(Qt::NoFocus);
+  // In a narrow window a long text is cut, and the tree keeps its place.
+  made->setMinimumWidth(24);
   return made;
 }
 
@@ -124,7 +126,9 @@ void HeaderBar::showPictures() {
 }
 
 void HeaderBar::show(QLabel& label, const QString& text) {
-  if (label.text() != text) label.setText(text);
+  if (label.text() == text) return;
+  label.setText(text);
+  label.setToolTip(text);
 }
 
 QString HeaderBar::connection() const {

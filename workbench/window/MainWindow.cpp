@@ -294,7 +294,7 @@ bool MainWindow::mayClose() {
   bool running = false, edits = false;
   for (const auto& device : mWorkbench.devices()) {
     running = running || !device->busyWith().empty();
-    edits = edits || device->hasPendingEdits();
+    edits = edits || device->hasUnsavedEdits();
   }
   for (const LoopTestBanner* const banner : mBanners) running = running || banner->mayBeDriving();
   QtPrompt& prompt = mWorkbench.prompt();

@@ -71,8 +71,9 @@ std::string PlantDevice::frame() { return mHost.front() ? mHost.front()->selecte
 void PlantDevice::reopen() {
   const std::string branch = this->branch();
   const std::string frame = this->frame();
-  while (!mHost.sites().empty()) mHost.release(*mHost.sites().back());
-  if (!branch.empty()) show(branch, frame);
+  if (branch.empty()) return;
+  mHost.release(*mHost.front());
+  show(branch, frame);
 }
 
 std::string PlantDevice::transcript() {
@@ -80,9 +81,11 @@ std::string PlantDevice::transcript() {
   return recorder ? recorder->text() : std::string();
 }
 
-bool PlantDevice::hasPendingEdits() {
-  DataSet* const dataSet = mHost.dataSet();
-  if (dataSet && dataSet->changed() && !dataSet->edited().empty()) return true;
+bool PlantDevice::hasPendingEdits() { return viewsHaveEdits() || (mHost.dataSet() && !mHost.dataSet()->edited().empty()); }
+
+bool PlantDevice::hasUnsavedEdits() { return viewsHaveEdits() || (mHost.dataSet() && mHost.dataSet()->changed() && !mHost.dataSet()->edited().empty()); }
+
+bool PlantDevice::viewsHaveEdits() {
   return std::any_of(mHost.sites().begin(), mHost.sites().end(), [](const Ref<ViewSite>& site) { return !pendingEdits(site->view()).empty(); });
 }
 

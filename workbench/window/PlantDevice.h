@@ -47,17 +47,19 @@ class PlantDevice {
   // The branch of the view in front; empty if there is none.
   std::string branch();
   std::string frame();
-  // Releases the views and opens the one in front anew, as a recording needs it.
+  // Releases the view in front and opens it anew, as a recording needs it.
   void reopen();
   // The conversation of the view in front since its creation; empty if there is none.
   std::string transcript();
 
-  // An edit that neither the device nor a file knows of.
+  // An edit that the device does not know of; one that no file knows of either.
   bool hasPendingEdits();
+  bool hasUnsavedEdits();
   // A view is busy with something that the device is to be brought back from ("sampling", "testing").
   std::string busyWith();
 
  private:
+  bool viewsHaveEdits();
   Ref<ViewSite> siteOf(const std::string& branch);
 
   Plant mPlant;

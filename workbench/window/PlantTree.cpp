@@ -11,6 +11,7 @@ PlantTree::PlantTree(QWidget* parent) : QTreeWidget(parent) {
   setHeaderHidden(true);
   setFrameShape(QFrame::NoFrame);
   setUniformRowHeights(true);
+  setMinimumWidth(220);
   setIndentation(16);
   setExpandsOnDoubleClick(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

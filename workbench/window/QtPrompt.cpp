@@ -9,8 +9,9 @@ namespace ostrand {
 
 int QtPrompt::ask(const std::string& title, const std::string& message) {
   if (standIn) return standIn(title, message);
-  QMessageBox box(QMessageBox::Question, qt(title), QStringLiteral("<b>%1</b>").arg(qt(title).toHtmlEscaped()), QMessageBox::NoButton, mWindow);
-  box.setInformativeText(qt(message));
+  QMessageBox box(QMessageBox::Question, qt(title), qt(title), QMessageBox::NoButton, mWindow);
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(qt(message).trimmed());
   const QPushButton* const yes = box.addButton(QStringLiteral("Yes, go on"), QMessageBox::YesRole);
   QPushButton* const no = box.addButton(QStringLiteral("No, stop"), QMessageBox::NoRole);
   // The harmless answer is the one that Enter and Escape give.
@@ -25,8 +26,9 @@ void QtPrompt::show(const std::string& title, const std::string& message) {
     standIn(title, message);
     return;
   }
-  QMessageBox box(QMessageBox::Information, qt(title), QStringLiteral("<b>%1</b>").arg(qt(title).toHtmlEscaped()), QMessageBox::Ok, mWindow);
-  box.setInformativeText(qt(message));
+  QMessageBox box(QMessageBox::Information, qt(title), qt(title), QMessageBox::Ok, mWindow);
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(qt(message).trimmed());
   box.exec();
 }
 

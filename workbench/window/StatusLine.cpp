@@ -45,10 +45,10 @@ StatusLine::StatusLine(QWidget* parent)
   auto* const layout = new QHBoxLayout(this);
   layout->setContentsMargins(12, 4, 12, 4);
   layout->setSpacing(12);
+  layout->addWidget(mStatus, 1);
+  layout->addWidget(mRequest);
   layout->addWidget(mProgress);
   layout->addWidget(mCancel);
-  layout->addWidget(mRequest);
-  layout->addWidget(mStatus, 1);
   for (QLabel* const each : {mMode, mLevel, mBusTime}) layout->addWidget(each);
 }
 
@@ -85,14 +85,16 @@ QString StatusLine::statusText() const { return mStatus->text(); }
 void StatusLine::refresh() {
   if (!mHost) return;
   Communication& communication = mHost->communication();
-  const Request* const current = communication.underWay();
+  // What the host reads for itself, again and again, would only make the line flicker.
+  const Request* current = communication.underWay();
+  if (current && (current->quiet || (current->asker.empty() && current->statusKey.empty()))) current = nullptr;
   const std::size_t waiting = communication.waiting();
 
   QString text;
   int done = mDone, total = mTotal;
   if (!mProgressKey.empty()) {
     text = mTexts(mProgressKey);
-  } else if (current && !current->quiet) {
+  } else if (current) {
     text = QStringLiteral("%1: %2").arg(current->write ? mTexts("sending", "Sending") : mTexts("reading", "Reading"), mTexts(current->name));
     done = current->progressDone();
     total = current->progressTotal();
@@ -100,7 +102,7 @@ void StatusLine::refresh() {
   if (!text.isEmpty() && total > 0) text += QStringLiteral("  %1 / %2").arg(done).arg(total);
   if (waiting > 0) text += QStringLiteral("  +%1 waiting").arg(waiting);
   put(*mRequest, text);
-  const bool shown = !mProgressKey.empty() || (current && !current->quiet);
+  const bool shown = !mProgressKey.empty() || current;
   mProgress->setVisible(shown);
   if (shown) {
     mProgress->setRange(0, total);  // 0 to 0 runs to and fro: nobody knows how long

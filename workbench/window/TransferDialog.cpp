@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
@@ -48,7 +49,9 @@ void TransferDialog::begin() {
 }
 
 void TransferDialog::retry() {
-  mHost.transfer().retry([this] { refreshLater(); });
+  mHost.transfer().retry([alive = QPointer(this)] {
+    if (alive) alive->refreshLater();
+  });
   refresh();
 }
 

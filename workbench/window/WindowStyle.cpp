@@ -7,6 +7,7 @@ namespace ostrand {
 QString windowStyle(const Theme& theme) {
   QString sheet = QStringLiteral(R"(
 QMainWindow, QDialog, QMessageBox { background: @window; }
+QLabel#qt_msgbox_label { font-weight: 600; }
 QMenuBar { background: @surface; border-bottom: 1px solid @line; padding: 2px 8px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected { background: @selection; }

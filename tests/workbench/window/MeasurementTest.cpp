@@ -210,6 +210,7 @@ TEST_F(MeasurementTest, ARecordingBeginsWithANewViewAndReplaysGreen) {
   ASSERT_TRUE(window->fileMenu().isRecording());
   editRecipe();
   writeByKeyboard();
+  ASSERT_TRUE(show("information", "identification"));
   window->fileMenu().record(false);
   const std::string text = readWholeFile(*nextFile);
   EXPECT_EQ(text.find("> create"), text.rfind("> create"));

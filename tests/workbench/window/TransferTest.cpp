@@ -129,6 +129,12 @@ TEST_F(TransferTest, LocalAcceptanceTakesEditsIntoTheDataSet) {
   settle();
   EXPECT_EQ(dataSet().offlineValue("damping"), "7");
   EXPECT_TRUE(workbench->current().hasPendingEdits());
+
+  window->deviceMenu().setMode(11);
+  window->deviceMenu().applyEdits();
+  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  EXPECT_EQ(dataSet().offlineValue("damping"), "");
+  EXPECT_EQ(parseNumber(deviceValue("outputSignal", "damping"), '.'), 7.0);
 }
 
 }  // namespace
