@@ -1,10 +1,10 @@
 #include "workbench/render/ViewPanel.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QTimer>
+#include <algorithm>
 #include <map>
 
 #include "platform/controls/Component.h"
@@ -304,8 +304,6 @@ bool ViewPanel::focusNextPrevChild(bool next) {
   if (focused && isAncestorOf(focused)) return false;
   return QScrollArea::focusNextPrevChild(next);
 }
-
-void ViewPanel::keyPressEvent(QKeyEvent* event) { event->ignore(); }
 
 void ViewPanel::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);

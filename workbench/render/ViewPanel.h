@@ -92,7 +92,6 @@ class ViewPanel : public QScrollArea {
 
  protected:
   bool focusNextPrevChild(bool next) override;
-  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

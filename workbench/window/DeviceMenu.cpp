@@ -171,7 +171,7 @@ void DeviceMenu::setMode(int mode) {
 }
 
 void DeviceMenu::simulator() {
-  if (!mFaults) mFaults = new FaultsDialog(mWindow.host(), &mWindow);
+  if (!mFaults) mFaults = new FaultsDialog(mWindow.host(), mWindow.theme(), &mWindow);
   mFaults->show();
   mFaults->raise();
 }

@@ -10,6 +10,7 @@
 
 #include "platform/base/RuntimeError.h"
 #include "simulator/Device.h"
+#include "workbench/render/ComboEditRenderer.h"
 #include "workbench/window/Texts.h"
 
 namespace ostrand {
@@ -22,8 +23,8 @@ constexpr std::pair<const char*, const char*> kSpeeds[] = {{"As on the bus", "1"
 
 }  // namespace
 
-FaultsDialog::FaultsDialog(Host& host, QWidget* parent)
-    : QDialog(parent), mHost(host), mFault(new QComboBox), mArgument(new QLineEdit), mDescription(new QLabel), mInForce(new QLabel(QStringLiteral("none"))) {
+FaultsDialog::FaultsDialog(Host& host, const Theme& theme, QWidget* parent)
+    : QDialog(parent), mHost(host), mFault(new ChoiceBox(theme, this)), mArgument(new QLineEdit), mDescription(new QLabel), mInForce(new QLabel(QStringLiteral("none"))) {
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(QStringLiteral("Simulated device"));
   for (const FaultKind& fault : Device::faults())
@@ -31,7 +32,7 @@ FaultsDialog::FaultsDialog(Host& host, QWidget* parent)
   mDescription->setProperty("role", QStringLiteral("note"));
   mDescription->setWordWrap(true);
   mInForce->setWordWrap(true);
-  auto* const speed = new QComboBox;
+  auto* const speed = new ChoiceBox(theme, this);
   for (const auto& [text, factor] : kSpeeds) speed->addItem(QString::fromLatin1(text), QString::fromLatin1(factor));
   connect(mFault, &QComboBox::currentIndexChanged, this, [this] { describe(); });
   connect(speed, &QComboBox::activated, this, [this, speed] { set("slow", speed->currentData().toString().toStdString()); });

@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "host/Host.h"
+#include "workbench/render/Theme.h"
 
 class QComboBox;
 class QLabel;
@@ -13,7 +14,7 @@ namespace ostrand {
 // What is wrong with the simulated device, and how fast it is.
 class FaultsDialog : public QDialog {
  public:
-  FaultsDialog(Host& host, QWidget* parent);
+  FaultsDialog(Host& host, const Theme& theme, QWidget* parent);
 
   // RuntimeError 5 for an argument that cannot be used.
   void set(const std::string& fault, const std::string& argument);

@@ -7,6 +7,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/Vocabulary.h"
 #include "workbench/window/DevicePicture.h"
+#include "workbench/window/ElidedLabel.h"
 
 namespace ostrand {
 
@@ -16,15 +17,13 @@ constexpr int kPictureHeight = 56;
 constexpr int kLogoHeight = 24;
 constexpr int kSymbolSize = 34;
 
-QLabel* label(const char* role) {
-  auto* const made = new QLabel;
-  made->setProperty("role", QString::fromLatin1(role));
-  made->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  made->setFocusPolicy(Qt::NoFocus);
-  // In a narrow window a long text is cut, and the tree keeps its place.
-  made->setMinimumWidth(24);
-  return made;
+QLabel* with(QLabel* label, const char* role) {
+  label->setProperty("role", QString::fromLatin1(role));
+  return label;
 }
+
+// In a narrow window the texts are cut, and the tree keeps its place.
+QLabel* text(const char* role) { return with(new ElidedLabel, role); }
 
 // A coded value as its choice is called.
 QString valueText(DataSet& dataSet, const Texts& texts, const char* parameter) {
@@ -38,7 +37,7 @@ QString valueText(DataSet& dataSet, const Texts& texts, const char* parameter) {
 }  // namespace
 
 HeaderBar::HeaderBar(QWidget* parent)
-    : QWidget(parent), mPicture(new QLabel), mLogoLabel(new QLabel), mTag(label("title")), mDescription(label("note")), mSymbol(new QLabel), mLetter(label("letter")), mWord(label("strong")) {
+    : QWidget(parent), mPicture(new QLabel), mLogoLabel(new QLabel), mTag(with(new QLabel, "title")), mDescription(text("note")), mSymbol(new QLabel), mLetter(with(new QLabel, "letter")), mWord(with(new QLabel, "strong")) {
   setObjectName(QStringLiteral("header"));
   auto* const grid = new QGridLayout;
   grid->setHorizontalSpacing(28);
@@ -69,7 +68,7 @@ HeaderBar::HeaderBar(QWidget* parent)
 }
 
 HeaderBar::Fact HeaderBar::addFact(QGridLayout& grid, int column) {
-  const Fact fact{label("note"), label("strong")};
+  const Fact fact{text("note"), text("strong")};
   grid.addWidget(fact.name, 0, column);
   grid.addWidget(fact.value, 1, column);
   return fact;
@@ -126,9 +125,7 @@ void HeaderBar::showPictures() {
 }
 
 void HeaderBar::show(QLabel& label, const QString& text) {
-  if (label.text() == text) return;
-  label.setText(text);
-  label.setToolTip(text);
+  if (label.text() != text) label.setText(text);
 }
 
 QString HeaderBar::connection() const {

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
@@ -104,7 +105,7 @@ void MainWindow::layOut() {
   right->setStretchFactor(0, 1);
   right->setSizes({600, 220});
 
-  auto* const whole = new QSplitter(Qt::Horizontal);
+  auto* const whole = mColumns = new QSplitter(Qt::Horizontal);
   whole->setChildrenCollapsible(false);
   whole->setHandleWidth(1);
   whole->addWidget(mTree);
@@ -178,6 +179,7 @@ void MainWindow::applySettings() {
   const Settings& settings = mWorkbench.settings();
   const Theme theme = this->theme();
   if (mAppliedTheme != settings.theme || mAppliedScale != settings.scale) {
+    if (mAppliedScale > 0 && mAppliedScale != settings.scale) rescale(settings.scale / mAppliedScale);
     mAppliedTheme = settings.theme;
     mAppliedScale = settings.scale;
     theme.apply(*static_cast<QApplication*>(QApplication::instance()));
@@ -188,6 +190,12 @@ void MainWindow::applySettings() {
     mPanel->setTheme(theme);
     mConversation->setTheme(theme);
     mStatus->setTheme(theme);
+    // What was measured in another style is measured again.
+    for (QWidget* const each : findChildren<QWidget*>()) {
+      each->ensurePolished();
+      each->updateGeometry();
+    }
+    mTree->doItemsLayout();
   }
   mPanel->setTexts(host().textTable(), settings.language);
   mTree->setTexts(mWorkbench.texts());
@@ -200,6 +208,17 @@ void MainWindow::applySettings() {
   mDeviceMenu->refresh();
   mSettingsMenu->refresh();
   mPanel->refresh();
+}
+
+// The window and its parts grow with the text, as far as the screen allows.
+void MainWindow::rescale(double factor) {
+  const auto scaled = [factor](int length) { return static_cast<int>(length * factor + 0.5); };
+  QList<int> widths = mColumns->sizes();
+  const QSize room = screen() ? screen()->availableSize() : QSize(scaled(width()), scaled(height()));
+  resize(QSize(scaled(width()), scaled(height())).boundedTo(room));
+  widths[1] += widths[0] - scaled(widths[0]);
+  widths[0] = scaled(widths[0]);
+  mColumns->setSizes(widths);
 }
 
 void MainWindow::deviceChanged() {

@@ -66,6 +66,7 @@ class MainWindow : public QMainWindow {
   void connectPanel();
   void connectWorkbench();
   void applySettings();
+  void rescale(double factor);
   void deviceChanged();
   void refreshLater();
   TranscriptRecorder* recorder() const;
@@ -79,6 +80,7 @@ class MainWindow : public QMainWindow {
   ConversationPanel* mConversation;
   StatusLine* mStatus;
   QToolBar* mTools;
+  QSplitter* mColumns = nullptr;  // tree and view
   std::vector<LoopTestBanner*> mBanners;
   std::vector<std::unique_ptr<FocusWatch>> mFocusWatches;
   std::unique_ptr<FileMenu> mFileMenu;

@@ -37,7 +37,7 @@ struct Look {
 const Look& lookOf(Ne107 state) {
   static constexpr Look kLooks[] = {
       {"F", "Failure", 0xffc62828, 0xffffffff},       {"C", "Function check", 0xffe07b00, 0xff1a1200}, {"S", "Out of specification", 0xfff2c200, 0xff1f1a00},
-      {"M", "Maintenance required", 0xff1f6fc4, 0xffffffff}, {"", "Good", 0xff2e7d32, 0xffffffff},           {"", "No answer", 0xff7a828c, 0xffffffff},
+      {"M", "Maintenance required", 0xff1f6fc4, 0xffffffff}, {"", "Good", 0xff2e7d32, 0xffffffff},           {"", "Not known", 0xff7a828c, 0xffffffff},
   };
   return kLooks[static_cast<std::size_t>(state)];
 }

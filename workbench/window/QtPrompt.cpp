@@ -9,7 +9,7 @@ namespace ostrand {
 
 int QtPrompt::ask(const std::string& title, const std::string& message) {
   if (standIn) return standIn(title, message);
-  QMessageBox box(QMessageBox::Question, qt(title), qt(title), QMessageBox::NoButton, mWindow);
+  QMessageBox box(QMessageBox::NoIcon, qt(title), qt(title), QMessageBox::NoButton, mWindow);
   box.setTextFormat(Qt::PlainText);
   box.setInformativeText(qt(message).trimmed());
   const QPushButton* const yes = box.addButton(QStringLiteral("Yes, go on"), QMessageBox::YesRole);
@@ -26,7 +26,7 @@ void QtPrompt::show(const std::string& title, const std::string& message) {
     standIn(title, message);
     return;
   }
-  QMessageBox box(QMessageBox::Information, qt(title), qt(title), QMessageBox::Ok, mWindow);
+  QMessageBox box(QMessageBox::NoIcon, qt(title), qt(title), QMessageBox::Ok, mWindow);
   box.setTextFormat(Qt::PlainText);
   box.setInformativeText(qt(message).trimmed());
   box.exec();

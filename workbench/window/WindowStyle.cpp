@@ -7,7 +7,9 @@ namespace ostrand {
 QString windowStyle(const Theme& theme) {
   QString sheet = QStringLiteral(R"(
 QMainWindow, QDialog, QMessageBox { background: @window; }
-QLabel#qt_msgbox_label { font-weight: 600; }
+QLabel#qt_msgbox_label { font-weight: 600; min-width: @420px; padding: @8px @8px 0 0; }
+QLabel#qt_msgbox_informativelabel { min-width: @420px; padding-bottom: @8px; }
+QDialog QTreeView::item { padding: @4px @8px; }
 QMenuBar { background: @surface; border-bottom: 1px solid @line; padding: 2px 8px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected { background: @selection; }
@@ -53,6 +55,8 @@ QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; bo
       {"@accent", theme.accent},   {"@disabledText", theme.disabledText}, {"@field", theme.field},         {"@bannerFill", bannerFill}, {"@bannerText", bannerText}, {"@text", theme.text},
   };
   for (const auto& [name, value] : colors) sheet.replace(QLatin1String(name), value.name());
+  // What is left are distances: "@12px".
+  for (const int distance : {420, 8, 4}) sheet.replace(QStringLiteral("@%1px").arg(distance), QStringLiteral("%1px").arg(theme.px(distance)));
   return sheet;
 }
 

@@ -201,6 +201,27 @@ TEST_F(MeasurementTest, AnEditThatWasTakenBackReplaysGreen) {
   EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
 }
 
+TEST_F(MeasurementTest, AConversationWithWaitsReplaysGreen) {
+  for (const auto& device : workbench->devices()) {
+    if (device->kind().name != "profibusBlade") continue;
+    device->host().communication().device()->setFault("slow", "0.01");
+    ASSERT_TRUE(window->show({device.get(), "measurement", "activeRecipe"}));
+  }
+  ASSERT_EQ(workbench->current().kind().name, "profibusBlade");
+  settle();
+  editRecipe();
+  // The bus waits for the device; the user looks elsewhere meanwhile.
+  QTimer::singleShot(300, window.get(), [&] { window->show({&workbench->current(), "measurement", "monitoringVariables"}); });
+  QTest::mouseClick(widget("cmdActiveRecipeSetButton"), Qt::LeftButton);
+  settle();
+  EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "3");
+  EXPECT_EQ(window->place().frame, "monitoringVariables");
+  nextFile = data / "waits.transcript";
+  window->fileMenu().saveTranscript();
+  const Replay::Result result = Replay(catalog, data).compare(*nextFile);
+  EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
+}
+
 TEST_F(MeasurementTest, ARecordingBeginsWithANewViewAndReplaysGreen) {
   editRecipe();
   window->deviceMenu().undoEdit();

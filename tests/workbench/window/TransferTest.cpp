@@ -116,7 +116,7 @@ TEST_F(TransferTest, WaitingRequestsAreCancelled) {
 }
 
 TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
-  FaultsDialog dialog(workbench->host(), window.get());
+  FaultsDialog dialog(workbench->host(), window->theme(), window.get());
   dialog.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_THROW(dialog.set("failure", "nothing of the kind"), RuntimeError);
   EXPECT_NO_THROW(dialog.set("silent", ""));

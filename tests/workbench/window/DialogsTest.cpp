@@ -1,0 +1,130 @@
+#include <gmock/gmock.h>
+
+#include <QDialog>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include "workbench/window/DeviceMenu.h"
+#include "workbench/window/PrioritiesDialog.h"
+#include "workbench/window/WindowBench.h"
+
+namespace ostrand::test {
+namespace {
+
+using testing::ElementsAre;
+
+class DialogsTest : public WindowBench {
+ protected:
+  void SetUp() override {
+    open();
+    ASSERT_TRUE(show("measurement", "activeRecipe"));
+    workbench->prompt().standIn = nullptr;
+  }
+  // Does something to the dialog that opens next.
+  void inDialog(std::function<void(QWidget&)> act) {
+    QTimer::singleShot(50, window.get(), [act = std::move(act)] {
+      QWidget* const dialog = QApplication::activeModalWidget();
+      ASSERT_NE(dialog, nullptr);
+      act(*dialog);
+    });
+  }
+  static void picture(QWidget& dialog, const char* name) {
+    if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog.grab().save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name));
+  }
+  static void clickButton(QWidget& dialog, const QString& text) {
+    for (QPushButton* const button : dialog.findChildren<QPushButton*>())
+      if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
+    ADD_FAILURE() << "no button " << text.toStdString();
+    dialog.close();
+  }
+  int ask() { return workbench->prompt().ask("Sampling", "Sampling is running and will be stopped if you leave this page. Do you want to leave?"); }
+};
+
+TEST_F(DialogsTest, YesGoesOn) {
+  inDialog([](QWidget& dialog) {
+    picture(dialog, "question.png");
+    clickButton(dialog, QStringLiteral("Yes, go on"));
+  });
+  EXPECT_EQ(ask(), UserPrompt::kGoOn);
+}
+
+TEST_F(DialogsTest, NoEnterAndEscapeStop) {
+  inDialog([](QWidget& dialog) { clickButton(dialog, QStringLiteral("No, stop")); });
+  EXPECT_EQ(ask(), UserPrompt::kStop);
+  inDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  EXPECT_EQ(ask(), UserPrompt::kStop);
+  inDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  EXPECT_EQ(ask(), UserPrompt::kStop);
+}
+
+TEST_F(DialogsTest, AnswersArriveUnderAnOpenQuestion) {
+  window->deviceMenu().readPage();
+  const auto answers = [&] {
+    std::size_t count = 0;
+    for (const std::string& line : said(ConversationLog::Kind::Data)) count += line == "online \"activeRecipe\"";
+    return count;
+  };
+  const std::size_t before = answers();
+  std::size_t during = before;
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, [&] {
+    during = answers();
+    if (QWidget* const dialog = QApplication::activeModalWidget(); dialog && during > before) dialog->close();
+  });
+  poll.start(20);
+  ask();
+  EXPECT_GT(during, before);
+}
+
+TEST_F(DialogsTest, AMessageWaitsForTheUser) {
+  inDialog([](QWidget& dialog) {
+    picture(dialog, "message.png");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  window->tell(QStringLiteral("copy.xml could not be saved; the file is as it was"), QStringLiteral("/full/copy.xml: no space left on the device"));
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(DialogsTest, TheUserPutsTheDeviceSignalsInOrder) {
+  inDialog([](QWidget& dialog) {
+    dialog.findChild<QListWidget*>()->setCurrentRow(1);
+    clickButton(dialog, QStringLiteral("Move up"));
+    picture(dialog, "priorities.png");
+    clickButton(dialog, QStringLiteral("OK"));
+  });
+  const auto chosen = PrioritiesDialog::choose(*window, ne107::usualPriorities());
+  ASSERT_TRUE(chosen);
+  EXPECT_THAT(*chosen, ElementsAre(Ne107::FunctionCheck, Ne107::Failure, Ne107::OutOfSpecification, Ne107::Maintenance));
+  inDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  EXPECT_FALSE(PrioritiesDialog::choose(*window, ne107::usualPriorities()));
+}
+
+TEST_F(DialogsTest, TheSimulatorIsChangedInItsDialog) {
+  window->deviceMenu().simulator();
+  QTest::qWait(20);
+  QDialog* dialog = nullptr;
+  for (QDialog* const each : window->findChildren<QDialog*>())
+    if (each->windowTitle() == QStringLiteral("Simulated device")) dialog = each;
+  ASSERT_NE(dialog, nullptr);
+  picture(*dialog, "simulator.png");
+  clickButton(*dialog, QStringLiteral("Close"));
+}
+
+TEST_F(DialogsTest, TheWindowServesAtTwiceTheSize) {
+  workbench->setTheme(Theme::Kind::Dark, 2.0);
+  QTest::qWait(20);
+  grab("twice");
+  EXPECT_GE(widget("cceActiveRecipe")->fontMetrics().height(), 30);
+  EXPECT_GE(window->tree().fontMetrics().height(), 30);
+}
+
+TEST_F(DialogsTest, TheWindowFitsASmallScreen) {
+  EXPECT_LE(window->minimumSizeHint().width(), 1200);
+  EXPECT_LE(window->minimumSizeHint().height(), 700);
+  EXPECT_EQ(window->width(), 1320) << "it opens as large as it is meant to";
+}
+
+}  // namespace
+}  // namespace ostrand::test
