@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 
 #include "host/transcript/ControlText.h"
 #include "host/transcript/TranscriptPlayer.h"
@@ -215,7 +216,10 @@ void TranscriptPlayer::get(const TranscriptInput& input) {
   for (std::size_t i = 1; i < input.words.size(); ++i) {
     const PropertyName name = *PropertyName::read(input.words[i].text);
     if (name.control == "view" && name.property == "Keys") {
-      for (const Control* const item : selectableItems(controls())) mConversation.printValue(toText(item->get("Tag", {})));
+      // A frame may hold a panel that is selected in its place, under the same key or without one of its own.
+      std::set<std::string> told;
+      for (const Control* const item : selectableItems(controls()))
+        if (const std::string key = toText(item->get("Tag", {})); key != inQuotes("") && told.insert(key).second) mConversation.printValue(key);
       continue;
     }
     const Control* const found = findControl(controls(), name.control);

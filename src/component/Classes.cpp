@@ -4,6 +4,10 @@
 #include "calibration/VwCalibrationFjell.h"
 #include "diagnostics/VwDiagnostics.h"
 #include "diagnostics/VwDiagnosticsQX5.h"
+#include "views/CtrDeviceSpecifcFjell.h"
+#include "views/CtrDeviceSpecific.h"
+#include "views/CtrDeviceSpecificGYRE.h"
+#include "views/CtrDeviceSpecificQX5.h"
 #include "views/VwInformationGYREP.h"
 #include "views/VwInformationH.h"
 #include "views/VwInformationP.h"
@@ -12,6 +16,7 @@
 #include "views/VwMeasurement.h"
 #include "views/VwMeasurementGYRE.h"
 #include "views/VwMeasurementQX5.h"
+#include "views/VwOperation.h"
 
 namespace ostrand {
 
@@ -38,7 +43,12 @@ const ComponentClass kClasses[] = {
     OSTRAND_CLASS(VwCalibration,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2104", "Blade transmitters: samples, laboratory calibration, recipes"),
     OSTRAND_CLASS(VwCalibrationFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2105", "Low-consistency blade: samples, laboratory calibration, recipes"),
     OSTRAND_CLASS(VwDiagnostics,      "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210b", "Single-channel devices: status tree, loop test, event logs"),
+    OSTRAND_CLASS(VwOperation,        "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210d", "PROFIBUS devices: simulation of the measured value, function modules"),
     OSTRAND_CLASS(VwDiagnosticsQX5,   "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210c", "Optical transmitter: loop test of channels, sensors, status tree"),
+    OSTRAND_CLASS(CtrDeviceSpecific,     "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210e", "Blade transmitters: the device's picture and its mark"),
+    OSTRAND_CLASS(CtrDeviceSpecifcFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210f", "Low-consistency blade: the device's picture and its mark"),
+    OSTRAND_CLASS(CtrDeviceSpecificGYRE, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2110", "GYRE transmitters: the device's picture and its mark"),
+    OSTRAND_CLASS(CtrDeviceSpecificQX5,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2111", "Optical transmitter: the device's picture and its mark"),
 };
 // clang-format on
 

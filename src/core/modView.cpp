@@ -332,10 +332,4 @@ std::string selectView(Procedure& proc, const std::string& name, const std::stri
   return {};
 }
 
-void tabStep(Desktop& desktop, Messenger& messenger, TabPosition position) {
-  if (!desktop.keyDown(Desktop::Key::Tab)) return;
-  const bool backwards = desktop.keyDown(Desktop::Key::Shift);
-  if (position == TabPosition::Only || (position == TabPosition::Last) != backwards) messenger.FocusOut();
-}
-
 }  // namespace ostrand::modView

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/controls/Component.h"
+#include "platform/controls/TabStep.h"
 #include "platform/xml/Document.h"
 
 // The engine of the views. What binds a control to a value is its Tag: "ctr_" + parameter name on edits and
@@ -28,10 +29,8 @@ void forwardSyncChanges(const std::string& name, bool succeeded, std::string& st
 // item. The result is the key of the item, or empty if nothing matched.
 std::string selectView(Procedure& proc, const std::string& name, const std::string& ownTag, const std::vector<Control*>& views);
 
-// The position of a control in the view's tab order, for the tab step.
-enum class TabPosition { First = 0, Last = 1, Only = 2 };
-// A control has lost the focus: if the tab key took it over the view's edge, the host moves it on.
-void tabStep(Desktop& desktop, Messenger& messenger, TabPosition position);
+using ostrand::TabPosition;
+using ostrand::tabStep;
 
 // Calls an operation of an interface of a control's Object.
 template <class I, class F>

@@ -1,0 +1,169 @@
+#include "platform/controls/CtrModuleSelection.h"
+
+#include <algorithm>
+
+#include "platform/base/NumberText.h"
+#include "platform/controls/Form.h"
+#include "platform/types/Query.h"
+#include "platform/xml/Vocabulary.h"
+
+namespace ostrand {
+
+namespace {
+
+constexpr int kLeft = 240, kModuleWidth = 3000;
+constexpr int kChoiceLeft = 3360, kChoiceWidth = 3600;
+constexpr int kBytesLeft = 7080, kBytesWidth = 2400;
+constexpr int kHeight = 315;
+
+constexpr int kMostBytes = 244;  // that a slave exchanges in one cycle
+
+constexpr int rowTop(int row) { return 120 + row * Form::kRowHeight; }
+
+}  // namespace
+
+bool CtrModuleSelection::offerInterface(const Guid& id, void** out) noexcept {
+  return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
+         offer<ILocalizable>(id, this, out);
+}
+
+void CtrModuleSelection::declare(Form& form) {
+  form.free(lblHeads.at(0), "functionModule", kLeft, rowTop(0), kModuleWidth, kHeight);
+  form.free(lblHeads.at(1), "moduleChoice", kChoiceLeft, rowTop(0), kChoiceWidth, kHeight);
+  form.free(lblHeads.at(2), "cyclicBytes", kBytesLeft, rowTop(0), kBytesWidth, kHeight);
+  for (int row = 0; row < kModules; ++row) {
+    form.free(lblModule.at(row), "", kLeft, rowTop(row + 1), kModuleWidth, kHeight);
+    form.free(cceModule.at(row), "", kChoiceLeft, rowTop(row + 1), kChoiceWidth, kHeight);
+    form.free(lblBytes.at(row), "", kBytesLeft, rowTop(row + 1), kBytesWidth, kHeight);
+  }
+  form.free(lblTotal, "cyclicBytesTotal", kLeft, rowTop(kModules + 1), kModuleWidth, kHeight);
+  form.free(lblTotalBytes, "", kBytesLeft, rowTop(kModules + 1), kBytesWidth, kHeight);
+}
+
+void CtrModuleSelection::initialize() {
+  for (int row = 0; row < kModules; ++row) {
+    showRow(row, false);
+    cceModule(row).Change.connect([this](const std::string&) { showCosts(); });
+    cceModule(row).LostFocus.connect([this, row] { leave(row); });
+  }
+}
+
+void CtrModuleSelection::terminate() {
+  for (int row = 0; row < kModules; ++row) cceModule(row).detach();
+  mMappings = {};
+  mMessenger = nullptr;
+  mTextTable = nullptr;
+}
+
+void CtrModuleSelection::SetMessenger(const Ref<Messenger>& messenger) {
+  mMessenger = messenger;
+  Procedure proc(*this, "ITaviComponent_SetMessenger");
+  for (int row = 0; row < kModules; ++row) proc.step([&] { cceModule(row).SetMessenger(messenger); });
+}
+
+void CtrModuleSelection::Localize(const Ref<ITextTable>& textTable) {
+  Procedure proc(*this, "ILocalizable_Localize");
+  mTextTable = textTable;
+  if (!textTable) return;
+  for (Control* const control : controls())
+    if (auto* const label = dynamic_cast<Label*>(control); label && !label->Tag().empty())
+      proc.step([&] { label->Caption(textTable->GetLabel(label->Tag())); });
+  for (int row = 0; row < kModules; ++row) proc.step([&] { cceModule(row).Localize(textTable); });
+}
+
+void CtrModuleSelection::RequestFocus() {
+  Procedure proc(*this, "ITaviView_RequestFocus");
+  if (mCount > 0) proc.step([&] { cceModule(0).SetFocus(); });
+}
+
+void CtrModuleSelection::leave(int row) {
+  Procedure proc(*this, "cceModule_LostFocus");
+  const bool first = row == 0, last = row == mCount - 1;
+  if (!first && !last) return;
+  const TabPosition position = first && last ? TabPosition::Only : first ? TabPosition::First : TabPosition::Last;
+  proc.step([&] { tabStep(desktop(), proc.messenger(), position); });
+}
+
+// --- documents
+
+void CtrModuleSelection::SetOfflineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOfflineData");
+  int row = 0;
+  proc.step([&] {
+    const Node modules = group(doc, tag());
+    for (Node each = modules ? modules.firstChild() : Node(); each && row < kModules; each = each.nextSibling()) {
+      const std::string name(each.findAttribute("name").value_or(""));
+      if (!name.empty() && parameter(doc, name)) bind(row++, doc, name);
+    }
+  });
+  mCount = row;
+  for (row = 0; row < kModules; ++row) proc.step([&] { showRow(row, row < mCount); });
+  // The sum stands below the last row.
+  proc.step([&] { lblTotal.Move(kLeft, rowTop(mCount + 1), kModuleWidth, kHeight); });
+  proc.step([&] { lblTotalBytes.Move(kBytesLeft, rowTop(mCount + 1), kBytesWidth, kHeight); });
+  proc.step([&] { showCosts(); });
+}
+
+void CtrModuleSelection::bind(int row, const Document& doc, const std::string& name) {
+  mMappings[static_cast<std::size_t>(row)] = mappingByTail(doc, name);
+  Label& label = lblModule(row);
+  label.Tag(name);
+  label.Caption(mTextTable ? mTextTable->GetLabel(name) : name);
+  CtrComboEdit& choice = cceModule(row);
+  choice.Tag("ctr_" + name);
+  choice.ContextTag(homeGroup(doc, name));
+  choice.SetMappings(mMappings[static_cast<std::size_t>(row)]);
+  choice.setOfflineData(parameter(doc, name));
+}
+
+void CtrModuleSelection::SetOnlineData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  for (int row = 0; row < mCount; ++row)
+    proc.step([&] {
+      if (const Node answered = item(doc, cceModule(row).parameterName())) cceModule(row).SetOnlineData(answered);
+    });
+}
+
+void CtrModuleSelection::SetErrorData(const Document& doc) {
+  Procedure proc(*this, "ITaviDataUser_setErrorData");
+  proc.step([&] {
+    const Node answer = response(doc);
+    if (!answer || answer.findAttribute("name") != tag()) return;
+    const std::string code(answer.findAttribute("errorCode").value_or(""));
+    const bool namesNone = !answer.child("comm:item");
+    for (int row = 0; row < mCount; ++row)
+      if (namesNone || item(doc, cceModule(row).parameterName())) cceModule(row).handleError(code);
+  });
+}
+
+// --- what the choice costs
+
+int CtrModuleSelection::bytesOf(int row) const {
+  const Node choices = mMappings[static_cast<std::size_t>(row)];
+  const std::string& key = cceModule(row).Text();
+  for (Node choice = choices ? choices.firstChild() : Node(); choice; choice = choice.nextSibling())
+    if (choice.findAttribute("key") == key) {
+      const double bytes = parseNumber(choice.findAttribute("bytes").value_or(""), '.').value_or(0);
+      return bytes > 0 && bytes <= kMostBytes ? static_cast<int>(bytes) : 0;
+    }
+  return 0;
+}
+
+int CtrModuleSelection::cyclicBytes() const {
+  int sum = 0;
+  for (int row = 0; row < mCount; ++row) sum += bytesOf(row);
+  return sum;
+}
+
+void CtrModuleSelection::showCosts() {
+  for (int row = 0; row < mCount; ++row) lblBytes(row).Caption(std::to_string(bytesOf(row)));
+  lblTotalBytes.Caption(mCount > 0 ? std::to_string(cyclicBytes()) : std::string());
+}
+
+void CtrModuleSelection::showRow(int row, bool shown) {
+  lblModule(row).Visible(shown);
+  cceModule(row).Visible(shown);
+  lblBytes(row).Visible(shown);
+}
+
+}  // namespace ostrand

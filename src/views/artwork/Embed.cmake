@@ -1,0 +1,10 @@
+# Writes the drawings of this folder as texts into a header: cmake -D OUTPUT=FILE -P Embed.cmake
+file(GLOB drawings ${CMAKE_CURRENT_LIST_DIR}/*.svg)
+set(text "#pragma once\n\n#include <string_view>\n#include <utility>\n\nnamespace ostrand {\n\ninline constexpr std::pair<std::string_view, std::string_view> kArtworkDrawings[] = {\n")
+foreach(drawing IN LISTS drawings)
+  get_filename_component(name ${drawing} NAME_WE)
+  file(READ ${drawing} svg)
+  string(APPEND text "{\"${name}\", R\"svg(${svg})svg\"},\n")
+endforeach()
+string(APPEND text "};\n\n}  // namespace ostrand\n")
+file(WRITE ${OUTPUT} "${text}")
