@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/base/RuntimeError.h"
+#include "platform/controls/StatusWords.h"
 
 namespace ostrand {
 
@@ -30,7 +31,7 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
       mCommunication(desktop, mObservers, [this](const Document& answer) { deliver(answer); }),
       mTransfer(mCommunication),
       mComparison(mCommunication, mUnits),
-      mLiveReading(desktop, mCommunication, [this] { return liveGroup(); }) {
+      mLiveReading(desktop, mCommunication, [this] { return liveGroup(); }, [this](const std::string& parameter) { return isEdited(parameter); }) {
   const bool hasTexts = isThere(mDataFolder / "texts" / (mSession.language + ".xml"));
   if (!hasTexts) mSession.language = "keys";
   mTextTable = mTextTables.table(mSession.language);
@@ -156,6 +157,7 @@ void Host::release(ViewSite& site) {
   std::erase(mSites, pin);
   if (mFront == pin) mFront = nullptr;
   site.close();
+  mEdited.erase(site.name());
   mLiveReading.refresh();
 }
 
@@ -173,6 +175,17 @@ void Host::setLiveReading(bool on) {
 
 std::string Host::liveGroup() const {
   return mLive && mFront && mFront->selected() == kLiveFrame ? std::string(kLiveFrame) : "";
+}
+
+void Host::noteStatus(const std::string& view, const std::string& parameter, const std::string& word) {
+  if (word == EditWord::kOriginal)
+    mEdited[view].erase(parameter);
+  else if (word == EditWord::kEdited || word == EditWord::kEditedError || word == EditWord::kCorrected)
+    mEdited[view].insert(parameter);
+}
+
+bool Host::isEdited(const std::string& parameter) const {
+  return std::any_of(mEdited.begin(), mEdited.end(), [&](const auto& view) { return view.second.contains(parameter); });
 }
 
 // --- reading and writing

@@ -2,7 +2,9 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -126,6 +128,8 @@ class Host {
   // Empty if the request was accepted, else why not. RuntimeError 5 for a text that is no request.
   std::string submit(const std::string& view, const std::string& xml, const std::string& name, const std::string& statusKey, int first, int second);
   int addChange(Change change);
+  // A view's word about a value: whether it is being edited.
+  void noteStatus(const std::string& view, const std::string& parameter, const std::string& word);
   void forward(const HostMessenger& from, const std::string& tag, const std::string& value);
   // The navigation of the data set's device: trees/ + its type, else tree.xml. Empty if there is none.
   const Document& treeDocument() const { return mTree; }
@@ -139,6 +143,7 @@ class Host {
   void raise(const ViewEvent& event);
   Document readTree(const std::string& deviceType) const;
   std::string liveGroup() const;
+  bool isEdited(const std::string& parameter) const;
   void transferParameters(const std::vector<std::string>& names, bool write, std::function<void()> finished);
   std::string uniqueName(const std::string& className) const;
 
@@ -159,6 +164,7 @@ class Host {
   Comparison mComparison;
   bool mLive = true;
   LiveReading mLiveReading;
+  std::map<std::string, std::set<std::string>> mEdited;  // by view: the parameters of which it shows an edit
   std::vector<Ref<ViewSite>> mSites;
   Ref<ViewSite> mFront;
   std::vector<Change>* mCollecting = nullptr;

@@ -34,6 +34,7 @@ int HostMessenger::GetCommunicationMode() { return static_cast<int>(host().commu
 // --- values
 
 void HostMessenger::SetParameterStatus(const std::string& name, const std::string& word) {
+  if (mHost) mHost->noteStatus(mView, name, word);
   tell([&](HostObserver& each) { each.parameterStatus(mView, name, word); });
 }
 

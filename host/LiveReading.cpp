@@ -1,9 +1,12 @@
 #include "host/LiveReading.h"
 
+#include <vector>
+
 namespace ostrand {
 
-LiveReading::LiveReading(Desktop& desktop, Communication& communication, std::function<std::string()> wanted)
-    : mDesktop(desktop), mCommunication(communication), mWanted(std::move(wanted)) {}
+LiveReading::LiveReading(Desktop& desktop, Communication& communication, std::function<std::string()> wanted,
+                         std::function<bool(const std::string&)> edited)
+    : mDesktop(desktop), mCommunication(communication), mWanted(std::move(wanted)), mEdited(std::move(edited)) {}
 
 LiveReading::~LiveReading() {
   if (mTimer) mDesktop.cancel(*mTimer);
@@ -31,7 +34,8 @@ void LiveReading::tick() {
   const std::string group = mWanted();
   if (group.empty() || mReading) return;
   DataSet* const dataSet = mCommunication.dataSet();
-  const auto items = dataSet ? dataSet->readItems(group) : std::vector<MessageItem>();
+  auto items = dataSet ? dataSet->readItems(group) : std::vector<MessageItem>();
+  std::erase_if(items, [this](const MessageItem& item) { return mEdited(item.name); });
   const bool possible = mCommunication.device() && !mCommunication.isLocal() && !mCommunication.isBusy() && mCommunication.idle();
   if (!possible || items.empty()) return next(mPeriod);
   mReading = std::make_shared<int>();

@@ -10,12 +10,15 @@
 namespace ostrand {
 
 // Reads a group again and again while somebody looks at its values. Never in the way of others: it waits while anything
-// else is on its way to the device, and stays quiet while the communication takes no requests to the device. When it fails
-// the views hear of it once, and not again until it has worked in between.
+// else is on its way to the device, and stays quiet while the communication takes no requests to the device. Nor does it
+// read what the user is editing: the answer would take the edit away unasked. When it fails the views hear of it once, and
+// not again until it has worked in between.
 class LiveReading {
  public:
-  // `wanted` gives the group that is to be read now, or an empty text. The desktop and the communication must outlive it.
-  LiveReading(Desktop& desktop, Communication& communication, std::function<std::string()> wanted);
+  // `wanted` gives the group that is to be read now, or an empty text; `edited` tells whether a parameter is being edited.
+  // The desktop and the communication must outlive it.
+  LiveReading(Desktop& desktop, Communication& communication, std::function<std::string()> wanted,
+              std::function<bool(const std::string& parameter)> edited);
   ~LiveReading();
   LiveReading(const LiveReading&) = delete;
   LiveReading& operator=(const LiveReading&) = delete;
@@ -33,6 +36,7 @@ class LiveReading {
   Desktop& mDesktop;
   Communication& mCommunication;
   std::function<std::string()> mWanted;
+  std::function<bool(const std::string&)> mEdited;
   double mPeriod = 1.0;
   bool mFailing = false;
   std::optional<Desktop::TimerId> mTimer;

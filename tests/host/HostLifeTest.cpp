@@ -186,6 +186,30 @@ TEST_F(HostLifeTest, LiveReadingIsNeverInTheWay) {
   EXPECT_TRUE(asked.empty());
 }
 
+TEST_F(HostLifeTest, LiveReadingLeavesAloneWhatIsEdited) {
+  PaperView& paper = view("monitoringVariables");
+  desktop.wait(0);
+  reply(answer("monitoringVariables", "read", {{"load", "8"}}));
+  const auto nextAsked = [&](const char* word) {
+    paper.messenger->SetParameterStatus("speed", word);
+    desktop.wait(1.1);
+    const std::string request = asked.empty() ? "" : told(asked.back().request);
+    reply(answer("monitoringVariables", "read", {{"load", "8"}}));
+    return request;
+  };
+  EXPECT_EQ(nextAsked("edited"), "read monitoringVariables: load");
+  EXPECT_EQ(nextAsked("sync"), "read monitoringVariables: load") << "no word about an edit";
+  EXPECT_EQ(nextAsked("editedError"), "read monitoringVariables: load");
+  EXPECT_EQ(nextAsked("original"), "read monitoringVariables: load speed");
+  EXPECT_EQ(nextAsked("corrected"), "read monitoringVariables: load");
+  host.release(*host.sites().front());
+  PaperView& other = view("monitoringVariables");
+  (void)other;
+  desktop.wait(1.1);
+  ASSERT_FALSE(asked.empty());
+  EXPECT_EQ(told(asked.back().request), "read monitoringVariables: load speed") << "an edit ends with its view";
+}
+
 TEST_F(HostLifeTest, LiveReadingGoesOnAfterADeviceThatDidNotAnswer) {
   PaperView& paper = view("monitoringVariables");
   const Lines failure = {"SetErrorData read monitoringVariables communicationError local: load speed"};
