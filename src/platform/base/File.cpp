@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <string>
 
 #include "platform/base/RuntimeError.h"
 
@@ -33,6 +34,23 @@ bool toDisk(std::FILE* file) {
 #endif
 }
 
+// A new file beside the one that is meant. Another program may be writing the same one at this moment: its file is left alone.
+File openBeside(const std::filesystem::path& path, std::filesystem::path& beside) {
+  constexpr int kWritersAtOnce = 100;
+  std::error_code ignored;
+  File file;
+  for (int i = 0; i < kWritersAtOnce; ++i) {
+    beside = path;
+    beside += i == 0 ? ".new" : ".new" + std::to_string(i);
+    file = open(beside, "wbx");
+    const int why = errno;
+    const bool taken = !file && why == EEXIST && !std::filesystem::is_directory(beside, ignored);
+    errno = why;
+    if (!taken) break;
+  }
+  return file;
+}
+
 [[noreturn]] void fail(int number, const std::filesystem::path& path, const std::string& why) {
   throw RuntimeError(number, path.string() + ": " + why);
 }
@@ -54,17 +72,15 @@ std::string readWholeFile(const std::filesystem::path& path) {
 }
 
 void writeWholeFile(const std::filesystem::path& path, std::string_view text) {
-  std::filesystem::path beside = path;
-  beside += ".new";
-  bool opened = false, written = false;
-  int why = 0;
-  if (File file = open(beside, "wb")) {
-    opened = true;
+  std::filesystem::path beside;
+  bool written = false;
+  File file = openBeside(path, beside);
+  const bool opened = file != nullptr;
+  int why = errno;
+  if (file) {
     written = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() && toDisk(file.get());
     why = errno;
     if (std::fclose(file.release()) != 0) written = false, why = errno;
-  } else {
-    why = errno;
   }
   std::error_code error;
   if (written) std::filesystem::rename(beside, path, error);

@@ -91,6 +91,26 @@ TEST_F(FileTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
   EXPECT_EQ(entries(), 2u);
 }
 
+TEST_F(FileTest, TheFileOfAnotherWriterIsLeftAlone) {
+  writeWholeFile(mFolder / "a.new", "of another");
+  writeWholeFile(mFolder / "a", "text");
+  EXPECT_EQ(readWholeFile(mFolder / "a"), "text");
+  EXPECT_EQ(readWholeFile(mFolder / "a.new"), "of another");
+  EXPECT_EQ(entries(), 2u);
+}
+
+TEST_F(FileTest, WritersAtTheSameTimeLeaveAWholeFile) {
+  const auto writer = [this](char letter) {
+    for (int i = 0; i < 20; ++i) writeWholeFile(mFolder / "a", std::string(50'000, letter));
+  };
+  std::thread other(writer, 'x');
+  writer('y');
+  other.join();
+  const std::string text = readWholeFile(mFolder / "a");
+  EXPECT_EQ(text, std::string(50'000, text.front()));
+  EXPECT_EQ(entries(), 1u);
+}
+
 #ifndef _WIN32
 TEST_F(FileTest, AnUnwritableFolderKeepsItsOldFile) {
   writeWholeFile(mFolder / "a", "old");
