@@ -15,9 +15,6 @@ using modView::TabPosition;
 
 namespace {
 
-constexpr int kGoOn = 4;  // of AskUser
-constexpr int kStop = 5;
-
 // The status tree knows this bit by another name, whatever the bus calls it.
 constexpr const char* kBitOfBus = "statusHARTPVOutOfLimits";
 constexpr const char* kBitOfTree = "statusConsistencyOutOfLimits";
@@ -52,26 +49,20 @@ void VwDiagnostics::declare(Form& form) {
 }
 // clang-format on
 
-VwDiagnostics::VwDiagnostics() : View("VwDiagnostics", "diagnostics") {
-  cmdLoopTest.Click.connect([this] { cmdLoopTest_Click(); });
-  cmdStopLoopTest.Click.connect([this] { cmdStopLoopTest_Click(); });
+VwDiagnostics::VwDiagnostics() : DiagnosticsView("VwDiagnostics") {
   cmdReset.Click.connect([this] { cmdReset_Click(); });
   cteLoopTest.LostFocus.connect([this] { leaveByTab("cteLoopTest_LostFocus", TabPosition::First); });
-  cmdStopLoopTest.LostFocus.connect([this] { leaveByTab("cmdStopLoopTest_LostFocus", TabPosition::Last); });
   cmdReset.LostFocus.connect([this] { leaveByTab("cmdReset_LostFocus", TabPosition::Last); });
 }
 
 // --- life
 
 void VwDiagnostics::initialize() {
-  View::initialize();
-  // The status tree stands inside its frame, which is what the host selects.
-  std::erase(mViews, &CtrStatus1);
+  DiagnosticsView::initialize();
   chkReset.each([this](int, CheckBox& box) { box.Click.connect([this] { chkReset_Click(); }); });
   chkReset(0).LostFocus.connect([this] { leaveByTab("chkReset_LostFocus", TabPosition::First); });
 
   Procedure proc(*this, "UserControl_Initialize");
-  proc.step([&] { cmdStopLoopTest.Enabled(false); });
   proc.step([&] { cmdReset.Enabled(false); });
   proc.step([&] { cteLoopTest.SetTextOption(true); });
   mGroupStates.fill(SyncWord::kNotRead);
@@ -88,29 +79,8 @@ void VwDiagnostics::resized() {
 
 void VwDiagnostics::clear() {
   mEventLogNodes = {};
-  if (CtrStatus1.view()) CtrStatus1->PrepareToRelease();
   mBus = nullptr;
-  View::clear();
-}
-
-void VwDiagnostics::SetMessenger(const Ref<Messenger>& messenger) {
-  View::SetMessenger(messenger);
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  enableByLevel(proc, cmdLoopTest);
-}
-
-bool VwDiagnostics::LeaveSelectedView() {
-  Procedure proc(*this, "ITaviView_LeaveSelectedView");
-  bool mayLeave = true;
-  proc.step([&] {
-    if (!cmdStopLoopTest.Enabled() || mSelectedView != "loopTest") return;
-    mayLeave = proc.value(0, [&] { return proc.messenger().AskUser("loopTest", "loopTestExitWarning"); }) == kGoOn;
-    if (mayLeave)
-      cmdStopLoopTest_Click();
-    else
-      cmdLoopTest.SetFocus();
-  });
-  return mayLeave;
+  DiagnosticsView::clear();
 }
 
 // --- documents
@@ -135,12 +105,10 @@ void VwDiagnostics::SetOfflineData(const Document& doc) {
 void VwDiagnostics::SetErrorData(const Document& doc) {
   Procedure proc(*this, "ITaviDataUser_setErrorData");
   const std::string name = proc.value(std::string(), [&] { return std::string(responseAnywhere(doc).attribute("name")); });
-  proc.step([&] {
-    if (name == "deviceStatus")
-      modView::callObject(CtrStatus1, CtrStatus1.dataUser(), "SetErrorData", " document", [&](ITaviDataUser& status) { status.SetErrorData(doc); });
-    else
-      modView::setErrorData(*this, doc);
-  });
+  if (name == "deviceStatus")
+    statusFailed(proc, doc);
+  else
+    proc.step([&] { modView::setErrorData(*this, doc); });
 }
 
 void VwDiagnostics::SetOnlineData(const Document& doc) {
@@ -164,8 +132,7 @@ void VwDiagnostics::loopTestAnswered(Procedure& proc, const Document& doc) {
   // Exactly 0: any other value, however small, drives the output.
   if (!read || value != 0.0) return;
   proc.step([&] { proc.messenger().ShowMessage("loopTest", "loopTestDone"); });
-  proc.step([&] { cmdStopLoopTest.Enabled(false); });
-  setCaption(proc, cmdLoopTest, "startTest");
+  toIdle(proc);
 }
 
 void VwDiagnostics::deviceStatusAnswered(Procedure& proc, const Document& doc) {
@@ -176,10 +143,7 @@ void VwDiagnostics::deviceStatusAnswered(Procedure& proc, const Document& doc) {
     copy.setAttribute("name", kBitOfTree);
     bit.parent().insertBefore(copy, bit);
   });
-  proc.step([&] {
-    modView::callObject(CtrStatus1, CtrStatus1.dataUser(), "SetOnlineData", " document", [&](ITaviDataUser& status) { status.SetOnlineData(doc); });
-  });
-  proc.step([&] { ctrDateLabels(1).Caption(modTools::presentDateAndTime(desktop())); });
+  statusAnswered(proc, doc, ctrDateLabels(1));
 }
 
 void VwDiagnostics::eventLogAnswered(Procedure& proc, const Document& doc, const Node& response) {
@@ -249,20 +213,13 @@ void VwDiagnostics::cmdLoopTest_Click() {
     proc.step([&] { proc.messenger().ShowMessage("informationError", "pleaseCheckTheValues"); });
     return;
   }
-  // A running test takes a new value without a question.
-  bool mayStart = true;
-  proc.step([&] {
-    if (cmdLoopTest.Tag() == "startTest") mayStart = proc.value(kStop, [&] { return proc.messenger().AskUser("loopTest", "loopTestWarning"); }) != kStop;
-  });
-  if (!mayStart) return;
+  if (!confirmsTest(proc)) return;
   const std::string item = proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); });
   proc.step([&] { proc.messenger().SendRequest(Requests::fragment("loopTest", "write", item), "loopTest"); });
   proc.step([&] {
     if (const Ref<INotifyStatus> status = query<INotifyStatus>(parent().get())) status->NotifyStatus("testing", 0, 0);
   });
-  setCaption(proc, cmdLoopTest, "loopTestChangeValue");
-  proc.step([&] { cmdStopLoopTest.Enabled(true); });
-  proc.step([&] { cmdStopLoopTest.SetFocus(); });
+  toRunning(proc);
 }
 
 void VwDiagnostics::cmdStopLoopTest_Click() {

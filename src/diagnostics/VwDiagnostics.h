@@ -4,20 +4,17 @@
 #include <string>
 
 #include "bus/IBusDependent.h"
-#include "core/View.h"
-#include "platform/controls/CtrStatus.h"
+#include "diagnostics/DiagnosticsView.h"
 #include "platform/controls/CtrTextEdit.h"
 
 namespace ostrand {
 
-// The single-channel devices: status tree, loop test, event logs and their reset. During a loop test the
-// device drives its output with a value of the user's, until it answers 0.
-class VwDiagnostics : public View {
+// The single-channel devices: status tree, loop test of the one output, event logs and their reset. A loop test
+// ends when the device answers 0.
+class VwDiagnostics : public DiagnosticsView {
  public:
   VwDiagnostics();
 
-  bool LeaveSelectedView() override;
-  void SetMessenger(const Ref<Messenger>& messenger) override;
   void SetErrorData(const Document& doc) override;
   void SetImportData(const Document& doc) override;
   void SetOfflineData(const Document& doc) override;
@@ -28,6 +25,8 @@ class VwDiagnostics : public View {
   void initialize() override;
   void resized() override;
   void clear() override;
+  void cmdLoopTest_Click() override;
+  void cmdStopLoopTest_Click() override;
 
  private:
   static constexpr int kKinds = 2;       // event, count
@@ -35,8 +34,6 @@ class VwDiagnostics : public View {
   static constexpr int kRows = 8;
   static constexpr int kEventLogFrame = 2;
 
-  void cmdLoopTest_Click();
-  void cmdStopLoopTest_Click();
   void chkReset_Click();
   void cmdReset_Click();
   void loopTestAnswered(Procedure& proc, const Document& doc);
@@ -46,11 +43,8 @@ class VwDiagnostics : public View {
   void updateEventLog(const Document& doc, bool online);
   void AddEventLogEvent(ListView& list, int row, const std::string& eventText, const std::string& countText);
 
-  Nested<CtrStatus> CtrStatus1{"CtrStatus1"};
   Label lblLoopTest{"lblLoopTest"};
   CtrTextEdit cteLoopTest{"cteLoopTest"};
-  CommandButton cmdLoopTest{"cmdLoopTest"};
-  CommandButton cmdStopLoopTest{"cmdStopLoopTest"};
   ControlArray<ListView> lsvEventLog{"lsvEventLog"};
   CommandButton cmdReset{"cmdReset"};
   ControlArray<CheckBox> chkReset{"chkReset"};

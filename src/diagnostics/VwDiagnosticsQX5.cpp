@@ -11,15 +11,9 @@ using modView::TabPosition;
 
 namespace {
 
-constexpr int kGoOn = 4;  // of AskUser
-constexpr int kStop = 5;
 constexpr double kStopped = 0.1;  // channel values arrive as floats: up to here a channel has stopped
 
 constexpr const char* kSensors[] = {"DLed", "ALed", "SLed", "ALaser", "SLaser"};
-
-void callStatus(Control& status, const char* operation, const Document& doc, void (ITaviDataUser::*member)(const Document&)) {
-  modView::callObject(status, status.dataUser(), operation, " document", [&](ITaviDataUser& user) { (user.*member)(doc); });
-}
 
 }  // namespace
 
@@ -61,18 +55,12 @@ void VwDiagnosticsQX5::declare(Form& form) {
 }
 // clang-format on
 
-VwDiagnosticsQX5::VwDiagnosticsQX5() : View("VwDiagnosticsQX5", "diagnostics") {
-  cmdLoopTest.Click.connect([this] { cmdLoopTest_Click(); });
-  cmdStopLoopTest.Click.connect([this] { cmdStopLoopTest_Click(); });
-  cmdStopLoopTest.LostFocus.connect([this] { leaveByTab("cmdStopLoopTest_LostFocus", TabPosition::Last); });
-}
+VwDiagnosticsQX5::VwDiagnosticsQX5() : DiagnosticsView("VwDiagnosticsQX5") {}
 
 // --- life
 
 void VwDiagnosticsQX5::initialize() {
-  View::initialize();
-  // The status tree stands inside its frame, which is what the host selects.
-  std::erase(mViews, &CtrStatus1);
+  DiagnosticsView::initialize();
   const auto exit = [this](const ControlArray<CtrTextEdit>& edits, int index, const char* procedure, TabPosition position) {
     edits(index).LostFocus.connect([this, procedure, position] { leaveByTab(procedure, position); });
   };
@@ -83,33 +71,7 @@ void VwDiagnosticsQX5::initialize() {
   exit(cteWaterValues, cteWaterValues.size() - 1, "cteWaterValues_LostFocus", TabPosition::Last);
 
   Procedure proc(*this, "UserControl_Initialize");
-  proc.step([&] { cmdStopLoopTest.Enabled(false); });
   cteLoopTest.each([&](int, CtrTextEdit& channel) { proc.step([&] { channel.SetTextOption(true); }); });
-}
-
-void VwDiagnosticsQX5::clear() {
-  if (CtrStatus1.view()) CtrStatus1->PrepareToRelease();
-  View::clear();
-}
-
-void VwDiagnosticsQX5::SetMessenger(const Ref<Messenger>& messenger) {
-  View::SetMessenger(messenger);
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  enableByLevel(proc, cmdLoopTest);
-}
-
-bool VwDiagnosticsQX5::LeaveSelectedView() {
-  Procedure proc(*this, "ITaviView_LeaveSelectedView");
-  bool mayLeave = true;
-  proc.step([&] {
-    if (!cmdStopLoopTest.Enabled() || mSelectedView != "loopTest") return;
-    mayLeave = proc.value(0, [&] { return proc.messenger().AskUser("loopTest", "loopTestExitWarning"); }) == kGoOn;
-    if (mayLeave)
-      cmdStopLoopTest_Click();
-    else
-      cmdLoopTest.SetFocus();
-  });
-  return mayLeave;
 }
 
 // --- documents
@@ -129,7 +91,7 @@ void VwDiagnosticsQX5::SetErrorData(const Document& doc) {
   const Node answer = proc.value(Node(), [&] { return responseAnywhere(doc); });
   const std::string name = proc.value(std::string(), [&] { return std::string(answer.attribute("name")); });
   if (name == "deviceStatus") {
-    proc.step([&] { callStatus(CtrStatus1, "SetErrorData", doc, &ITaviDataUser::SetErrorData); });
+    statusFailed(proc, doc);
     return;
   }
   proc.step([&] { modView::setErrorData(*this, doc); });
@@ -147,8 +109,7 @@ void VwDiagnosticsQX5::SetOnlineData(const Document& doc) {
   if (!answer) return;
   const std::string name = proc.value(std::string(), [&] { return std::string(answer.attribute("name")); });
   if (name == "deviceStatus") {
-    proc.step([&] { callStatus(CtrStatus1, "SetOnlineData", doc, &ITaviDataUser::SetOnlineData); });
-    proc.step([&] { ctrDateLabels(ctrDateLabels.size() - 1).Caption(modTools::presentDateAndTime(desktop())); });
+    statusAnswered(proc, doc, ctrDateLabels(ctrDateLabels.size() - 1));
   } else if (name == "loopTest") {
     loopTestAnswered(proc, doc, answer);
   } else {
@@ -157,50 +118,48 @@ void VwDiagnosticsQX5::SetOnlineData(const Document& doc) {
 }
 
 void VwDiagnosticsQX5::loopTestAnswered(Procedure& proc, const Document& doc, const Node& response) {
-  proc.step([&] {
-    const Node text = doc.select("//comm:floatVal");
-    if (!text) return;
-    const double value = modTools::ToLocalNumber(text.text(), desktop().locale());
-    const Node item = doc.select("//comm:item");
-    const std::string_view name = item.attribute("name");
-    const auto each = [&](auto answered) {
-      cteLoopTest.each([&](int, CtrTextEdit& channel) {
-        channel.Tag();
-        if (channel.parameterName() == name) proc.step([&] { answered(channel); });
-      });
-    };
-    if (value > kStopped) {
-      each([&](CtrTextEdit& channel) { channel.SetOnlineData(item); });
+  const Node text = proc.value(Node(), [&] { return doc.select("//comm:floatVal"); });
+  if (!text) return;
+  // What is no number says nothing about the channel.
+  double value = 0.0;
+  if (!proc.step([&] { value = modTools::ToLocalNumber(text.text(), desktop().locale()); })) return;
+  const Node item = proc.value(Node(), [&] { return doc.select("//comm:item"); });
+  const std::string name = proc.value(std::string(), [&] { return std::string(item.attribute("name")); });
+  const std::vector<CtrTextEdit*> channels = channelsOf(proc, name);
+  if (value > kStopped) {
+    for (CtrTextEdit* const channel : channels) {
+      proc.step([&] { channel->SetOnlineData(item); });
       mLoopChannelAnswered = true;
-      return;
     }
-    each([](CtrTextEdit& channel) {
-      channel.Text("");
-      channel.Correct(true);
-    });
-    if (response.attribute("isFinal") != "1") return;
-    bool anyLeft = false;
-    cteLoopTest.each([&](int, const CtrTextEdit& channel) { anyLeft = anyLeft || !channel.Text().empty(); });
-    if (anyLeft) return;
-    proc.step([&] { proc.messenger().ShowMessage("loopTest", "loopTestDone"); });
-    toIdle(proc);
-  });
+    return;
+  }
+  for (CtrTextEdit* const channel : channels) {
+    proc.step([&] { channel->Text(""); });
+    proc.step([&] { channel->Correct(true); });
+  }
+  if (!proc.value(false, [&] { return response.attribute("isFinal") == "1"; })) return;
+  bool anyLeft = false;
+  cteLoopTest.each([&](int, const CtrTextEdit& channel) { proc.step([&] { anyLeft = anyLeft || !channel.Text().empty(); }); });
+  if (anyLeft) return;
+  proc.step([&] { proc.messenger().ShowMessage("loopTest", "loopTestDone"); });
+  toIdle(proc);
 }
 
-void VwDiagnosticsQX5::toIdle(Procedure& proc) {
-  proc.step([&] { cmdStopLoopTest.Enabled(false); });
-  setCaption(proc, cmdLoopTest, "startTest");
+std::vector<CtrTextEdit*> VwDiagnosticsQX5::channelsOf(Procedure& proc, const std::string& item) const {
+  std::vector<CtrTextEdit*> channels;
+  cteLoopTest.each([&](int, CtrTextEdit& channel) {
+    proc.step([&] {
+      if (channel.Tag() == "ctr_" + item) channels.push_back(&channel);
+    });
+  });
+  return channels;
 }
 
 // --- loop test
 
 void VwDiagnosticsQX5::cmdLoopTest_Click() {
   Procedure proc(*this, "cmdLoopTest_Click");
-  bool mayStart = true;
-  proc.step([&] {
-    if (cmdLoopTest.Tag() == "startTest") mayStart = proc.value(kStop, [&] { return proc.messenger().AskUser("loopTest", "loopTestWarning"); }) != kStop;
-  });
-  if (!mayStart) return;
+  if (!confirmsTest(proc)) return;
   std::string items;
   cteLoopTest.each([&](int, CtrTextEdit& channel) {
     proc.step([&] {
@@ -211,25 +170,21 @@ void VwDiagnosticsQX5::cmdLoopTest_Click() {
   mLoopChannelAnswered = false;
   const std::string request = Requests::document("loopTest", "write", items);
   if (!proc.value(false, [&] { return proc.messenger().SendRequestWithStatus(request, "testing", 0, 0); })) return;
-  setCaption(proc, cmdLoopTest, "loopTestChangeValue");
-  proc.step([&] { cmdStopLoopTest.Enabled(true); });
-  proc.step([&] { cmdStopLoopTest.SetFocus(); });
+  toRunning(proc);
 }
 
 void VwDiagnosticsQX5::cmdStopLoopTest_Click() {
   Procedure proc(*this, "cmdStopLoopTest_Click");
   std::string items;
   cteLoopTest.each([&](int, CtrTextEdit& channel) {
-    proc.step([&] {
-      const std::string text = channel.Text();
-      const bool modified = channel.Modified();
-      if (text.empty() && !modified) return;
-      // The user's numbers stay in the edits.
-      channel.Text("0");
-      items += channel.GetXmlItem().xml();
-      channel.Text(text);
-      if (!text.empty() && modified) channel.Modified(true);
-    });
+    const std::string text = proc.value(std::string(), [&] { return channel.Text(); });
+    const bool modified = proc.value(false, [&] { return channel.Modified(); });
+    if (text.empty() && !modified) return;
+    // The user's numbers stay in the edits.
+    proc.step([&] { channel.Text("0"); });
+    proc.step([&] { items += channel.GetXmlItem().xml(); });
+    proc.step([&] { channel.Text(text); });
+    if (!text.empty() && modified) proc.step([&] { channel.Modified(true); });
   });
   const std::string request = Requests::document("loopTest", "write", items);
   proc.step([&] { proc.messenger().SendRequestWithStatus(request, "stopping", 3, 0); });

@@ -22,11 +22,6 @@ constexpr int rowTop(int row) { return 120 + row * Form::kRowHeight; }
 
 }  // namespace
 
-bool CtrModuleSelection::offerInterface(const Guid& id, void** out) noexcept {
-  return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
-         offer<ILocalizable>(id, this, out);
-}
-
 void CtrModuleSelection::declare(Form& form) {
   form.free(lblHeads.at(0), "functionModule", kLeft, rowTop(0), kModuleWidth, kHeight);
   form.free(lblHeads.at(1), "moduleChoice", kChoiceLeft, rowTop(0), kChoiceWidth, kHeight);
@@ -51,12 +46,11 @@ void CtrModuleSelection::initialize() {
 void CtrModuleSelection::terminate() {
   for (int row = 0; row < kModules; ++row) cceModule(row).detach();
   mMappings = {};
-  mMessenger = nullptr;
-  mTextTable = nullptr;
+  Panel::terminate();
 }
 
 void CtrModuleSelection::SetMessenger(const Ref<Messenger>& messenger) {
-  mMessenger = messenger;
+  Panel::SetMessenger(messenger);
   Procedure proc(*this, "ITaviComponent_SetMessenger");
   for (int row = 0; row < kModules; ++row) proc.step([&] { cceModule(row).SetMessenger(messenger); });
 }
@@ -66,8 +60,8 @@ void CtrModuleSelection::Localize(const Ref<ITextTable>& textTable) {
   mTextTable = textTable;
   if (!textTable) return;
   for (Control* const control : controls())
-    if (auto* const label = dynamic_cast<Label*>(control); label && !label->Tag().empty())
-      proc.step([&] { label->Caption(textTable->GetLabel(label->Tag())); });
+    if (auto* const caption = dynamic_cast<Label*>(control); caption && !caption->Tag().empty())
+      proc.step([&] { caption->Caption(label(caption->Tag())); });
   for (int row = 0; row < kModules; ++row) proc.step([&] { cceModule(row).Localize(textTable); });
 }
 
@@ -106,9 +100,8 @@ void CtrModuleSelection::SetOfflineData(const Document& doc) {
 
 void CtrModuleSelection::bind(int row, const Document& doc, const std::string& name) {
   mMappings[static_cast<std::size_t>(row)] = mappingByTail(doc, name);
-  Label& label = lblModule(row);
-  label.Tag(name);
-  label.Caption(mTextTable ? mTextTable->GetLabel(name) : name);
+  lblModule(row).Tag(name);
+  lblModule(row).Caption(label(name));
   CtrComboEdit& choice = cceModule(row);
   choice.Tag("ctr_" + name);
   choice.ContextTag(homeGroup(doc, name));

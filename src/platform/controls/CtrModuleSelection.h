@@ -3,14 +3,11 @@
 #include <array>
 #include <string>
 
-#include "platform/controls/Component.h"
 #include "platform/controls/ControlArray.h"
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/Label.h"
+#include "platform/controls/Panel.h"
 #include "platform/controls/TabStep.h"
-#include "platform/types/ILocalizable.h"
-#include "platform/types/ITaviComponent.h"
-#include "platform/types/ITaviDataUser.h"
 
 namespace ostrand {
 
@@ -21,22 +18,15 @@ namespace ostrand {
 //   <data:mappedParam name="consistencyModule"><data:mappedItem value="1" key="moduleInput" bytes="5"/>...
 //
 // The values travel as those of any edit, with the host's change collection.
-class CtrModuleSelection : public Component, public ITaviView, public ITaviDataUser, public ITaviComponent, public ILocalizable {
+class CtrModuleSelection : public Panel {
  public:
   static constexpr std::string_view kClassName = "CtrModuleSelection";
   static constexpr int kModules = 8;
 
-  const ControlCollection& GetControls() override { return controls(); }
-  Ref<Messenger> GetMessenger() override { return mMessenger; }
-  std::string GetSelectedView() override { return mSelectedView; }
-  void SetSelectedView(const std::string& key) override { mSelectedView = key == tag() ? key : std::string(); }
-  bool LeaveSelectedView() override { return true; }
   void RequestFocus() override;
-  void PrepareToRelease() override { terminate(); }
 
   // Marks the modules that the answer names, or all of them if it names none. Answers to other requests pass by.
   void SetErrorData(const Document& doc) override;
-  void SetImportData(const Document& doc) override { SetOfflineData(doc); }
   void SetOfflineData(const Document& doc) override;
   void SetOnlineData(const Document& doc) override;
 
@@ -52,7 +42,6 @@ class CtrModuleSelection : public Component, public ITaviView, public ITaviDataU
   void declare(Form& form) override;
   void initialize() override;
   void terminate() override;
-  bool offerInterface(const Guid& id, void** out) noexcept override;
 
  private:
   void bind(int row, const Document& doc, const std::string& name);
@@ -70,8 +59,6 @@ class CtrModuleSelection : public Component, public ITaviView, public ITaviDataU
 
   std::array<Node, kModules> mMappings;
   int mCount = 0;
-  Ref<ITextTable> mTextTable;
-  std::string mSelectedView;
 };
 
 }  // namespace ostrand

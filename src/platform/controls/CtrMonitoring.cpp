@@ -21,11 +21,6 @@ constexpr std::size_t kTrendShown = 16;
 
 CtrMonitoring::~CtrMonitoring() { stopListening(mMessenger, *this); }
 
-bool CtrMonitoring::offerInterface(const Guid& id, void** out) noexcept {
-  return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
-         offer<ILocalizable>(id, this, out);
-}
-
 void CtrMonitoring::declare(Form& form) {
   form.fill(lsvMonitoring, "monitoring");
   lsvMonitoring.AddColumn("variable", 3600);
@@ -41,9 +36,8 @@ void CtrMonitoring::resized() {
 
 void CtrMonitoring::terminate() {
   stopListening(mMessenger, *this);
-  mMessenger = nullptr;
-  mTextTable = nullptr;
   mDataSet = {};
+  Panel::terminate();
 }
 
 void CtrMonitoring::SetMessenger(const Ref<Messenger>& messenger) {
@@ -153,7 +147,7 @@ void CtrMonitoring::take(Variable& variable, int row, const std::string& value) 
 }
 
 void CtrMonitoring::showTexts(const Variable& variable, int row) {
-  lsvMonitoring.Cell(row, Name, mTextTable ? mTextTable->GetLabel(variable.info.name) : variable.info.name);
+  lsvMonitoring.Cell(row, Name, label(variable.info.name));
   const std::string& unit = variable.translator.displayUnit();
   std::string shown = unit == "noUnit" ? std::string() : unit;
   if (mTextTable && !shown.empty()) shown = mTextTable->GetSectionText(unit, "unit");
@@ -161,21 +155,18 @@ void CtrMonitoring::showTexts(const Variable& variable, int row) {
 }
 
 void CtrMonitoring::showRow(const Variable& variable, int row) {
-  std::string text;
+  std::string shown;
   if (variable.info.isNumeric()) {
     const bool converts = variable.translator.displayUnit() != variable.info.unit;
-    text = variable.translator.shown(variable.info, variable.stored, desktop().locale(), converts ? converter().get() : nullptr);
+    shown = variable.translator.shown(variable.info, variable.stored, desktop().locale(), converts ? converter().get() : nullptr);
   } else {
-    text = variable.stored;
+    shown = variable.stored;
   }
   // A coded value is shown by the name of its choice.
   if (const Node choices = mDataSet ? mapping(mDataSet, variable.info.name) : Node())
     for (Node choice = choices.firstChild(); choice; choice = choice.nextSibling())
-      if (choice.findAttribute("value").value_or("") == variable.stored) {
-        text = choice.findAttribute("key").value_or("");
-        if (mTextTable) text = mTextTable->GetText(text);
-      }
-  lsvMonitoring.Cell(row, Shown, text);
+      if (choice.findAttribute("value").value_or("") == variable.stored) shown = text(std::string(choice.findAttribute("key").value_or("")));
+  lsvMonitoring.Cell(row, Shown, shown);
   lsvMonitoring.CellColor(row, Shown, variable.read ? Color::text() : Color::disabledText());
   lsvMonitoring.Cell(row, Trend, trendText(variable));
 }

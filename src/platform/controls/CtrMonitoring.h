@@ -5,40 +5,25 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/controls/Component.h"
 #include "platform/controls/ListView.h"
+#include "platform/controls/Panel.h"
 #include "platform/controls/ParameterInfo.h"
 #include "platform/controls/ValueTranslator.h"
-#include "platform/types/ILocalizable.h"
-#include "platform/types/ITaviComponent.h"
-#include "platform/types/ITaviDataUser.h"
 #include "platform/types/MessengerEvents.h"
 
 namespace ostrand {
 
 // The live values: a table of name, value, unit and trend. It begins with the parameters of the request
 // group that bears its Tag, and takes in every item of an answer that has a parameter in the data set.
-class CtrMonitoring : public Component,
-                      public ITaviView,
-                      public ITaviDataUser,
-                      public ITaviComponent,
-                      public ILocalizable,
-                      public MessengerEvents {
+class CtrMonitoring : public Panel, public MessengerEvents {
  public:
   static constexpr std::string_view kClassName = "CtrMonitoring";
   ~CtrMonitoring() override;
 
-  const ControlCollection& GetControls() override { return controls(); }
-  Ref<Messenger> GetMessenger() override { return mMessenger; }
-  std::string GetSelectedView() override { return mSelectedView; }
-  void SetSelectedView(const std::string& key) override { mSelectedView = key == tag() ? key : std::string(); }
-  bool LeaveSelectedView() override { return true; }
   void RequestFocus() override;
-  void PrepareToRelease() override { terminate(); }
 
   // An error answer changes no value: the last good ones stay.
   void SetErrorData(const Document&) override {}
-  void SetImportData(const Document& doc) override { SetOfflineData(doc); }
   void SetOfflineData(const Document& doc) override;
   void SetOnlineData(const Document& doc) override;
 
@@ -56,7 +41,6 @@ class CtrMonitoring : public Component,
   void declare(Form& form) override;
   void resized() override;
   void terminate() override;
-  bool offerInterface(const Guid& id, void** out) noexcept override;
 
  private:
   struct Variable : Counted {
@@ -78,10 +62,8 @@ class CtrMonitoring : public Component,
 
   ListView lsvMonitoring{"lsvMonitoring"};
   Document mDataSet;
-  Ref<ITextTable> mTextTable;
   std::vector<Ref<Variable>> mVariables;
   std::unordered_map<std::string, int> mRows;  // by name, from 1
-  std::string mSelectedView;
 };
 
 }  // namespace ostrand

@@ -20,15 +20,6 @@ constexpr const char* kIndent = "    ";
 
 bool isZero(const std::string& value) { return parseNumber(value, '.').value_or(1.0) == 0.0; }
 
-// The category of a raised bit: that of the mapping's item with another value than 0.
-Ne107 categoryOf(const Node& mapping) {
-  for (Node item = mapping.firstChild(); item; item = item.nextSibling()) {
-    if (isZero(std::string(item.findAttribute("value").value_or("0")))) continue;
-    if (const auto category = ne107Of(item.findAttribute("category").value_or(""))) return *category;
-  }
-  return Ne107::Maintenance;
-}
-
 bool contains(const std::string& text, const std::string& part) {
   const auto same = [](char a, char b) { return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b)); };
   return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
@@ -38,11 +29,6 @@ bool contains(const std::string& text, const std::string& part) {
 
 CtrStatus::CtrStatus() {
   txtSearch.Change.connect([this](const std::string&) { rebuild(); });
-}
-
-bool CtrStatus::offerInterface(const Guid& id, void** out) noexcept {
-  return offer<ITaviView>(id, this, out) || offer<ITaviDataUser>(id, this, out) || offer<ITaviComponent>(id, this, out) ||
-         offer<ILocalizable>(id, this, out);
 }
 
 void CtrStatus::declare(Form& form) {
@@ -61,9 +47,8 @@ void CtrStatus::resized() {
 }
 
 void CtrStatus::terminate() {
-  mMessenger = nullptr;
-  mTextTable = nullptr;
   mDataSet = {};
+  Panel::terminate();
 }
 
 void CtrStatus::RequestFocus() {
@@ -80,8 +65,6 @@ void CtrStatus::Localize(const Ref<ITextTable>& textTable) {
     rebuild();
   });
 }
-
-std::string CtrStatus::text(const std::string& key) const { return mTextTable ? mTextTable->GetText(key) : key; }
 
 // --- documents
 
@@ -138,7 +121,7 @@ bool CtrStatus::addLeaf(const std::string& item) {
   auto branch = std::find_if(mBranches.begin(), mBranches.end(), [&](const Branch& at) { return at.key == key; });
   if (branch == mBranches.end()) branch = mBranches.insert(mBranches.end(), Branch{key, {}});
   mPlaces[item] = {static_cast<std::size_t>(branch - mBranches.begin()), branch->leaves.size()};
-  branch->leaves.push_back({item, categoryOf(mapping)});
+  branch->leaves.push_back({item, ne107OfRaised(mapping).value_or(Ne107::Maintenance)});
   return true;
 }
 

@@ -5,14 +5,11 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/controls/Component.h"
 #include "platform/controls/Label.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/Ne107.h"
+#include "platform/controls/Panel.h"
 #include "platform/controls/TextBox.h"
-#include "platform/types/ILocalizable.h"
-#include "platform/types/ITaviComponent.h"
-#include "platform/types/ITaviDataUser.h"
 
 namespace ostrand {
 
@@ -23,26 +20,18 @@ namespace ostrand {
 //
 // The worst category rises to the branch and to the root. Bits that are raised and were not at the last
 // read are marked as new. A search shows the leaves whose text holds it.
-class CtrStatus : public Component, public ITaviView, public ITaviDataUser, public ITaviComponent, public ILocalizable {
+class CtrStatus : public Panel {
  public:
   static constexpr std::string_view kClassName = "CtrStatus";
   CtrStatus();
 
-  const ControlCollection& GetControls() override { return controls(); }
-  Ref<Messenger> GetMessenger() override { return mMessenger; }
-  std::string GetSelectedView() override { return mSelectedView; }
-  void SetSelectedView(const std::string& key) override { mSelectedView = key == tag() ? key : std::string(); }
-  bool LeaveSelectedView() override { return true; }
   void RequestFocus() override;
-  void PrepareToRelease() override { terminate(); }
 
   // A failed read leaves the tree as it was and says so in its root.
   void SetErrorData(const Document& doc) override;
-  void SetImportData(const Document& doc) override { SetOfflineData(doc); }
   void SetOfflineData(const Document& doc) override;
   void SetOnlineData(const Document& doc) override;
 
-  void SetMessenger(const Ref<Messenger>& messenger) override { mMessenger = messenger; }
   void Localize(const Ref<ITextTable>& textTable) override;
 
   std::string_view objectName() const override { return kClassName; }
@@ -54,7 +43,6 @@ class CtrStatus : public Component, public ITaviView, public ITaviDataUser, publ
   void declare(Form& form) override;
   void resized() override;
   void terminate() override;
-  bool offerInterface(const Guid& id, void** out) noexcept override;
 
  private:
   struct Leaf {
@@ -71,20 +59,17 @@ class CtrStatus : public Component, public ITaviView, public ITaviDataUser, publ
   bool addLeaf(const std::string& item);
   Leaf* leafOf(const std::string& item);
   void rebuild();
-  std::string text(const std::string& key) const;
 
   Label lblSearch{"lblSearch"};
   TextBox txtSearch{"txtSearch"};
   ListView lsvStatus{"lsvStatus"};
 
   Document mDataSet;
-  Ref<ITextTable> mTextTable;
   std::vector<Branch> mBranches;
   std::unordered_map<std::string, std::pair<std::size_t, std::size_t>> mPlaces;  // of a leaf, by its item
   std::optional<LocalTime> mLastRead;
   bool mFailed = false;
   Ne107 mWorst = Ne107::Good;
-  std::string mSelectedView;
 };
 
 }  // namespace ostrand
