@@ -112,8 +112,12 @@ ActionStatus::ActionStatus(ParameterTable& table) : mTable(table) {
 
 std::vector<std::string> ActionStatus::names() { return {std::begin(kAll), std::end(kAll)}; }
 
-void ActionStatus::record(std::string_view command, const Judgement& judgement) {
+void ActionStatus::clear() {
   for (const std::string_view name : kAll) mTable.set(name, 0);
+}
+
+void ActionStatus::record(std::string_view command, const Judgement& judgement) {
+  clear();
   if (!judgement.isRefusal()) {
     mTable.set(kOK, 1);
     mTable.set(kNewValuesSameAsOld, judgement.isNothingNew);

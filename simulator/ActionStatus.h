@@ -18,6 +18,8 @@ class ActionStatus {
 
   static std::vector<std::string> names();
 
+  // As before the first action.
+  void clear();
   void record(std::string_view command, const Judgement& judgement);
 
  private:

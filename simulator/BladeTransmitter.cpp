@@ -4,8 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/base/NumberText.h"
-#include "platform/base/RuntimeError.h"
+#include "simulator/Damping.h"
 #include "simulator/LaboratoryCalibration.h"
 
 namespace ostrand {
@@ -14,43 +13,12 @@ namespace {
 
 constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
 
-// Percent of the range at which the output is held, and the current that belongs to it: 3.6 and 22 mA.
-constexpr double kLowestPercent = -2.5;
-constexpr double kHighestPercent = 112.5;
-constexpr double currentOf(double percent) { return 4.0 + 0.16 * percent; }
-// The output cannot be driven lower by a test.
-constexpr double kLowestTestCurrent = 3.5;
-
 constexpr double kLargestTemperatureCorrection = 10.0;  // degC
 constexpr double kLargeDeviation = 0.05;                // of the average
 // What titanium dioxide takes from the force, in parts of the consistency.
 constexpr double kTitaniumDioxide = 0.03;
 // The memory for one sample, an hour; what comes later is not averaged any more.
 constexpr std::int64_t kLongestSample = 7200;
-
-struct Failure {
-  std::string_view name, status, event;
-  bool stopsMeasurement;
-};
-
-constexpr Failure kFailures[] = {
-    {"sensor", "statusSensorFailure", "eventSensorFailure", true},
-    {"temperatureSensor", "statusTemperatureSensorFailure", "eventTemperatureSensorFailure", false},
-    {"electronics", "statusElectronicsFailure", "eventElectronicsFailure", true},
-    {"memory", "statusMemoryFailure", "eventMemoryFailure", true},
-    {"currentOutput", "statusCurrentOutputFailure", "eventCurrentOutputFailure", false},
-    {"supplyVoltage", "statusSupplyVoltageFailure", "eventSupplyVoltageLow", false},
-};
-
-struct Limit {
-  std::string_view measured, status, event;
-};
-
-constexpr Limit kLimits[] = {
-    {"shearForce", "statusShearForceOutOfLimits", "eventShearForceHigh"},
-    {"processTemperature", "statusProcessTemperatureOutOfLimits", "eventProcessTemperatureHigh"},
-    {"electronicsTemperature", "statusElectronicsTemperatureOutOfLimits", "eventElectronicsTemperatureHigh"},
-};
 
 // What is written to executeAction.
 enum Action {
@@ -70,7 +38,6 @@ constexpr const char* kOfSample[] = {"ConsistencyAverage", "Deviation", "ShearFo
 // Whatever stands in the memory, it is a number of a recipe, if only of one that does not exist.
 int recipeOf(double number) { return static_cast<int>(std::clamp(number, 0.0, 99.0)); }
 int actionOf(double number) { return static_cast<int>(std::clamp(number, 0.0, 999.0)); }
-std::int64_t ticksOf(double seconds) { return static_cast<std::int64_t>(std::clamp(seconds, 0.0, 1e6) / BladeProcess::kSecondsPerTick); }
 std::string recipeName(int recipe, const char* what) { return "recipe" + std::to_string(recipe) + what; }
 std::string sampleName(int sample, const char* what) { return "sample" + std::to_string(sample) + what; }
 
@@ -78,24 +45,14 @@ std::string pointName(const char* what, int point) {
   return std::string(what) + static_cast<char>('0' + point / 10) + static_cast<char>('0' + point % 10);
 }
 
-// Writes that are no configuration: they act, or have an event of their own.
-bool isAction(std::string_view name) {
-  return name == "activeRecipe" || name == "sampleStart" || name == "executeAction" || name == "loopTestValue" || name.starts_with("mACalibration") ||
-         name.starts_with("laboratory") || name == "calibrationType" || name == "sampleFiller" || name.starts_with("temperatureCalibration");
-}
-
 }  // namespace
 
 BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataSet, const Settings& settings, unsigned seed)
-    : mDesktop(desktop),
-      mTable(dataSet),
-      mLog(mTable),
+    : BasicTransmitter(desktop, dataSet, settings.line, seed, {{"sensor", "statusSensorFailure", "eventSensorFailure", true}}),
       mBuiltInBlade(settings.blade),
-      mProcess(settings.line, blade(), desktop.now(), seed),
-      mBus(settings.bus) {
-  // The samples are not kept without power.
-  for (const int sample : {1, 2})
-    for (const char* what : kOfSample) mTable.set(sampleName(sample, what), 0);
+      mProcess(mFlow, blade(), seed),
+      mBus(settings.bus),
+      mHeldOutput(mTable.number("outputValue", 0)) {
   if (mBus == Bus::Profibus) {
     mActionStatus.emplace(mTable);
     for (const int sample : {1, 2}) {
@@ -103,11 +60,24 @@ BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataS
       quality.name = sampleName(sample, "Quality");
       quality.type = Parameter::Type::Integer;
       quality.unit = "noUnit";
-      quality.value.number = 1;  // no sample is no good sample
       mTable.add(std::move(quality));
     }
   }
-  mLog.count(EventLog::Kind::Info, "eventPowerUp");
+  BladeTransmitter::powerUp();
+}
+
+void BladeTransmitter::powerUp() {
+  // The samples are not kept without power; and no sample is no good sample.
+  mRunningSample = 0;
+  for (const int sample : {1, 2}) {
+    mSamples[static_cast<std::size_t>(sample - 1)].reset();
+    for (const char* what : kOfSample) mTable.set(sampleName(sample, what), 0);
+    mTable.set(sampleName(sample, "Quality"), 1);
+  }
+  if (mActionStatus) mActionStatus->clear();
+  mLoopTest = mFixedCurrent = 0;
+  mFlushingFrom = now();
+  BasicTransmitter::powerUp();
 }
 
 // --- Measurement ---
@@ -146,41 +116,22 @@ double BladeTransmitter::reading(int recipe, double shearForce) const {
 }
 
 std::int64_t BladeTransmitter::undisturbed(std::int64_t tick) const {
-  if (mTable.key("flushingMode") != "flushingModeTimed" || tick < mFlushingFrom) return tick;
-  const std::int64_t between = ticksOf(60 * mTable.number("flushingInterval", 0));
-  const std::int64_t cycle = between + ticksOf(mTable.number("flushingTime", 0));
-  const std::int64_t within = cycle > 0 ? (tick - mFlushingFrom) % cycle : 0;
-  return within < between ? tick : tick - (within - between) - 1;
+  if (mTable.key("flushingMode") != "flushingModeTimed") return tick;
+  const std::int64_t interval = Interruption::ticks(60 * mTable.number("flushingInterval", 0));
+  const std::int64_t length = Interruption::ticks(mTable.number("flushingTime", 0));
+  return Interruption{mFlushingFrom, interval, length}.undisturbed(tick);
 }
 
 double BladeTransmitter::dampedForce(std::int64_t tick) const {
-  constexpr double kStep = BladeProcess::kSecondsPerTick;
-  const double damping = std::clamp(mTable.number("damping", 0), 0.0, 99.0);
-  // A first-order filter, summed up anew over as much of the past as still counts: so it does not matter when one looked.
-  const double newest = kStep / (damping + kStep);
-  const auto window = static_cast<std::int64_t>(8 * (damping / kStep + 1));
-  double sum = 0;
-  double weights = 0;
-  double weight = newest;
-  for (std::int64_t back = 0; back < window && weight > 0; ++back) {
-    sum += weight * mProcess.shearForce(tick - back);
-    weights += weight;
-    weight *= 1 - newest;
-  }
-  return sum / weights;
-}
-
-bool BladeTransmitter::isFailSafe() const {
-  if (mTable.key("failSafeType") == "failSafeTypeIgnore") return false;
-  return std::any_of(std::begin(kFailures), std::end(kFailures), [&](const Failure& f) { return f.stopsMeasurement && failed(f.name); });
+  return damped(mTable.number("damping", 0), [&](std::int64_t back) { return mProcess.shearForce(tick - back); });
 }
 
 void BladeTransmitter::look() {
   showMeasurement();
-  const Output now = output(mTable.number("consistency"));
-  mTable.set("outputPercent", now.percent);
-  mTable.set("outputCurrent", now.current);
-  showStatus(now);
+  const CurrentOutput current = output(mTable.number("consistency"));
+  mTable.set("outputPercent", current.percent);
+  mTable.set("outputCurrent", current.current);
+  showStatus(current);
   showFunctionBlock();
 }
 
@@ -196,98 +147,75 @@ void BladeTransmitter::showMeasurement() {
     if (type == "failSafeTypeDefaultValue") consistency = mTable.number("failSafeDefaultValue", 0);
     if (type == "failSafeTypeLastValidValue") consistency = mLastConsistency;
   }
-  if (mTable.key("simulation") == "on") consistency = mTable.number("simulationValue", 0);
+  if (isSimulated()) consistency = mTable.number("simulationValue", 0);
   mTable.set("consistency", consistency);
-  mTable.set("processTemperature", failed("temperatureSensor") ? kNothing : mProcess.processTemperature(tick) + mProcessCorrection);
-  mTable.set("electronicsTemperature", mProcess.electronicsTemperature(tick) + mElectronicsCorrection);
+  showTemperatures(tick, mProcessCorrection, mElectronicsCorrection);
 }
 
-BladeTransmitter::Output BladeTransmitter::output(double consistency) const {
-  const double lower = mTable.number("lowerRangeValue", 0);
-  const double upper = mTable.number("upperRangeValue", 100);
-  const double asked = upper == lower ? 0 : 100 * (consistency - lower) / (upper - lower);
-  const double percent = std::isnan(asked) ? kNothing : std::clamp(asked, kLowestPercent, kHighestPercent);
-  Output out{percent, currentOf(percent), false, percent != asked && !std::isnan(asked)};
+CurrentOutput BladeTransmitter::output(double consistency) const {
+  CurrentOutput out = CurrentOutput::of(consistency, mTable.number("lowerRangeValue", 0), mTable.number("upperRangeValue", 100));
+  const bool isUnknown = std::isnan(out.percent);
   const bool hasNoChoice = !mTable.find("failSafeType");
-  const bool alarm = isFailSafe() && (std::isnan(percent) || hasNoChoice || mTable.key("failSafeType") == "failSafeTypeAlarmCurrent");
-  if (alarm || std::isnan(percent)) {
-    const std::string_view type = mTable.key("failSafeAlarmCurrent");
-    out.current = type == "alarmCurrentLow" ? currentOf(kLowestPercent) : type == "alarmCurrentHold" ? mLastCurrent : currentOf(kHighestPercent);
-  }
+  const bool isAlarm = isFailSafe() && (hasNoChoice || mTable.key("failSafeType") == "failSafeTypeAlarmCurrent");
+  if (isAlarm || isUnknown) out.alarm(mTable.key("failSafeAlarmCurrent"), mLastCurrent);
   // On an address of its own in a multi-drop line the device draws the smallest current.
   const double fixed = mLoopTest != 0 ? mLoopTest : mFixedCurrent != 0 ? mFixedCurrent : mTable.number("hartAddress", 0) != 0 ? 4.0 : 0;
-  if (fixed != 0) {
-    out.current = fixed;
-    out.isFixed = true;
-    out.isSaturated = false;
-  }
+  if (fixed != 0) out.fix(fixed);
   return out;
+}
+
+int BladeTransmitter::sideOfSensorLimits(double consistency) const {
+  return consistency < mTable.number("lowerSensorLimit") ? -1 : consistency > mTable.number("upperSensorLimit") ? 1 : 0;
 }
 
 // What goes out on the bus in turn with other values, and what it is worth.
 void BladeTransmitter::showFunctionBlock() {
   if (!mTable.find("outputValue")) return;
-  const bool isOut = failed("electronics") || failed("memory");
-  mTable.setKey("actualMode", isOut ? "modeOutOfService" : mTable.key("targetMode"));
-  const std::string_view mode = mTable.key("actualMode");
+  const bool cannot = failed("electronics") || failed("memory");
+  mTable.setKey("actualMode", cannot ? "modeOutOfService" : mTable.key("targetMode"));
+  const bool isOutOfService = mTable.key("actualMode") == "modeOutOfService";
+  const bool isHeld = isOutOfService || mTable.key("actualMode") == "modeManual";
+  const bool isTested = mLoopTest != 0 && !isOutOfService;
   const double consistency = mTable.number("consistency");
-  const bool byHand = mode == "modeManual";
-  const double value = mode == "modeOutOfService" ? kNothing : mLoopTest != 0 ? mLoopTest : byHand ? mHeldOutput : consistency;
+  const double value = isTested ? mLoopTest : isHeld ? mHeldOutput : consistency;
   mTable.set("outputValue", value);
-  std::string_view quality = "qualityGood";
-  if (isFailSafe() || isOutOfLimits("consistency")) quality = "qualityUncertain";
-  if (mTable.key("simulation") == "on") quality = mTable.key("simulationQuality");
-  if (std::isnan(value)) quality = "qualityBad";
+
+  const int side = sideOfSensorLimits(consistency);
+  std::string_view quality = isFailSafe() || side != 0 || isOutOfLimits("consistency") ? "qualityUncertain" : "qualityGood";
+  if (isSimulated()) quality = mTable.key("simulationQuality");
+  if (isOutOfService || std::isnan(value)) quality = "qualityBad";
   mTable.setKey("outputQuality", quality);
+
+  std::string_view limit = side < 0 ? "limitedLow" : side > 0 ? "limitedHigh" : "limitedNone";
+  if (isSimulated()) limit = mTable.key("simulationLimit");
+  if (isHeld || isTested) limit = "limitedConstant";
+  mTable.setKey("outputLimit", limit);
 }
 
 // --- Status ---
 
-bool BladeTransmitter::isOutOfLimits(std::string_view name) const {
-  const Parameter* const p = mTable.find(name);
-  if (!p || std::isnan(p->value.number)) return false;
-  return (p->lowest && p->value.number < *p->lowest) || (p->highest && p->value.number > *p->highest);
-}
-
-void BladeTransmitter::raise(std::string_view name, bool condition) {
-  mTable.set(name, condition ? 1 : 0);
-  mIsMoreStatus = mIsMoreStatus || condition;
-}
-
-void BladeTransmitter::showStatus(const Output& out) {
-  // First the bits of the transmitter: those of the bus sum them up.
-  mIsMoreStatus = false;
-  for (const Failure& failure : kFailures) {
-    raise(failure.status, failed(failure.name));
-    mLog.follow(EventLog::Kind::Error, failure.event, failed(failure.name));
-  }
-  bool isOtherOut = false;
-  for (const Limit& limit : kLimits) {
-    const bool isOut = isOutOfLimits(limit.measured);
-    isOtherOut = isOtherOut || isOut;
-    raise(limit.status, isOut);
-    mLog.follow(EventLog::Kind::Warning, limit.event, isOut);
-  }
+void BladeTransmitter::showStatus(const CurrentOutput& out) {
+  const bool isOtherOut = watch({{"shearForce", "statusShearForceOutOfLimits", "eventShearForceHigh"}});
   raise("statusLoopTestActive", mLoopTest != 0);
   raise("statusSamplingActive", mRunningSample != 0);
-  raise("statusFailSafeActive", isFailSafe());
-  raise("statusWriteProtectionActive", mIsWriteProtected);
-  raise("statusSimulationActive", mTable.key("simulation") == "on");
+  raise("statusSimulationActive", isSimulated());
   raise("statusFlushingActive", undisturbed(now()) != now());
 
   const double consistency = mTable.number("consistency");
-  mLog.follow(EventLog::Kind::Warning, "eventConsistencyAboveRange", consistency > mTable.number("upperRangeValue"));
-  mLog.follow(EventLog::Kind::Warning, "eventConsistencyBelowRange", consistency < mTable.number("lowerRangeValue"));
+  // Without a current output there is no other range than that of the sensor.
+  const double highest = mTable.number("upperRangeValue", mTable.number("upperSensorLimit"));
+  const double lowest = mTable.number("lowerRangeValue", mTable.number("lowerSensorLimit"));
+  mLog.follow(EventLog::Kind::Warning, "eventConsistencyAboveRange", consistency > highest);
+  mLog.follow(EventLog::Kind::Warning, "eventConsistencyBelowRange", consistency < lowest);
   mLog.follow(EventLog::Kind::Warning, "eventOutputSaturated", out.isSaturated && mTable.find("outputCurrent"));
 
-  mTable.set("statusHARTPVOutOfLimits", consistency < mTable.number("lowerSensorLimit") || consistency > mTable.number("upperSensorLimit"));
-  mTable.set("statusHARTNonPVOutOfLimits", isOtherOut);
-  mTable.set("statusHARTLoopCurrentOutOfLimits", out.isSaturated);
-  mTable.set("statusHARTFixedCurrentActive", out.isFixed);
-  mTable.set("statusHARTMoreStatusAvailable", mIsMoreStatus);
-  mTable.set("statusHARTColdStart", mIsColdStart);
-  mTable.set("statusHARTConfigurationChanged", mIsConfigurationChanged);
-  mTable.set("statusHARTDeviceFailure", !mFailures.empty());
+  showBusStatus({sideOfSensorLimits(consistency) != 0, isOtherOut, out.isSaturated, out.isFixed});
+}
+
+void BladeTransmitter::hold() {
+  mLastConsistency = mTable.number("consistency", 0);
+  mLastCurrent = mTable.number("outputCurrent", 4);
+  mHeldOutput = mTable.number("outputValue", mHeldOutput);
 }
 
 void BladeTransmitter::beginRead(const std::vector<const Parameter*>& asked) {
@@ -307,38 +235,7 @@ void BladeTransmitter::beginRead(const std::vector<const Parameter*>& asked) {
 std::string BladeTransmitter::read(const Parameter& parameter) {
   // Of a sample that is running, the average so far.
   if (mRunningSample != 0 && parameter.name.starts_with(sampleName(mRunningSample, ""))) showSample(average());
-  // These two last until they have been seen.
-  if (parameter.name == "statusHARTColdStart") mIsColdStart = false;
-  if (parameter.name == "statusHARTConfigurationChanged") mIsConfigurationChanged = false;
-  return parameter.text(parameter.value);
-}
-
-bool BladeTransmitter::setFault(std::string_view name, std::string_view argument) {
-  if (name == "none") {
-    mFailures.clear();
-    mIsWriteProtected = false;
-    mProcess.setUnsteadiness(1);
-    return true;
-  }
-  if (name == "failure") {
-    const bool known = std::any_of(std::begin(kFailures), std::end(kFailures), [&](const Failure& f) { return f.name == argument; });
-    if (!known) throw RuntimeError(RuntimeError::BadArgument, "no such failure: \"" + std::string(argument) + "\"");
-    if (mFailures.empty()) {
-      look();
-      mLastConsistency = mTable.number("consistency", 0);
-      mLastCurrent = mTable.number("outputCurrent", 4);
-    }
-    mFailures.emplace(argument);
-    return true;
-  }
-  if (name == "unsteady") {
-    const std::optional<double> factor = parseNumber(argument, '.');
-    if (!factor || *factor < 0 || *factor > 1000) throw RuntimeError(RuntimeError::BadArgument, "not a factor: \"" + std::string(argument) + "\"");
-    mProcess.setUnsteadiness(*factor);
-    return true;
-  }
-  if (name == "writeProtected") return mIsWriteProtected = true;
-  return false;
+  return BasicTransmitter::read(parameter);
 }
 
 // --- Samples and calibration ---
@@ -363,7 +260,7 @@ BladeTransmitter::Average BladeTransmitter::average() const {
     const double measured = reading(activeRecipe(), force);
     count += 1;
     result.shearForce += force;
-    result.laboratory += mProcess.consistency(tick);
+    result.laboratory += mFlow.consistency(tick);
     const double difference = measured - result.consistency;
     result.consistency += difference / count;
     squares += difference * (measured - result.consistency);
@@ -476,7 +373,7 @@ Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Wr
     } else if (name == "temperatureCalibrationCorrection") {
       if (std::abs(number) > kLargestTemperatureCorrection) return {Verdict::TemperatureCorrectionTooLarge, {name}};
     } else if (writing.parameter->unit == "mA" && (name == "loopTestValue" || name == "mACalibrationFixedCurrent")) {
-      if (number != 0 && number < kLowestTestCurrent) return {Verdict::TooSmall, {name}};
+      if (number != 0 && number < CurrentOutput::kLowestTest) return {Verdict::TooSmall, {name}};
     } else if (name == "lowerRangeValue" || name == "upperRangeValue") {
       range.push_back(name);
     }
@@ -494,41 +391,11 @@ Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Wr
   return command == "laboratoryResults" ? calibrate() : Judgement{};
 }
 
-Judgement BladeTransmitter::write(std::string_view command, const std::vector<Writing>& writings) {
-  if (mIsWriteProtected) {
-    std::vector<std::string> all;
-    for (const Writing& writing : writings) all.push_back(writing.parameter->name);
-    return {Verdict::WriteProtected, std::move(all)};
-  }
-  // The verdicts look at the memory as it would be: so it is written first, and put back after a refusal.
-  const ParameterTable::Values before = mTable.values();
-  bool isNothingNew = command != "laboratoryResults";
-  bool isConfiguration = false;
-  for (const Writing& writing : writings) {
-    const std::string& name = writing.parameter->name;
-    Value& present = mTable.find(name)->value;
-    const bool isText = writing.parameter->type == Parameter::Type::Text;
-    const bool isSame = isText ? present.text == writing.value.text : present.number == writing.value.number;
-    isNothingNew = isNothingNew && isSame && name != "executeAction";
-    isConfiguration = isConfiguration || !isAction(name);
-    present = writing.value;
-  }
-  Judgement judgement = judge(command, writings);
-  if (judgement.isRefusal()) {
-    mTable.restore(before);
-    // Whoever stops a sample that is not running takes what he reads then for that sample.
-    if (judgement.verdict == Verdict::SampleNotRunning)
-      for (const Writing& writing : writings) mTable.set(sampleName(actionOf(writing.value.number) == kStopSample1 ? 1 : 2, "Quality"), 1);
-    if (command == "laboratoryResults") mLog.count(EventLog::Kind::Warning, "eventCalibrationSuspicious");
-    return judgement;
-  }
-  for (const Writing& writing : writings) takeEffect(writing);
-  judgement.isNothingNew = isNothingNew;
-  if (isConfiguration) {
-    mIsConfigurationChanged = true;
-    mLog.count(EventLog::Kind::Info, "eventConfigurationChanged");
-  }
-  return judgement;
+void BladeTransmitter::refused(std::string_view command, const std::vector<Writing>& writings, const Judgement& judgement) {
+  // Whoever stops a sample that is not running takes what he reads then for that sample.
+  if (judgement.verdict == Verdict::SampleNotRunning)
+    for (const Writing& writing : writings) mTable.set(sampleName(actionOf(writing.value.number) == kStopSample1 ? 1 : 2, "Quality"), 1);
+  if (command == "laboratoryResults") mLog.count(EventLog::Kind::Warning, "eventCalibrationSuspicious");
 }
 
 void BladeTransmitter::judged(std::string_view command, const Judgement& judgement) {
@@ -548,7 +415,7 @@ void BladeTransmitter::takeEffect(const Writing& writing) {
   } else if (name.starts_with("flushing")) {
     mFlushingFrom = now();
   } else if (name == "targetMode") {
-    mHeldOutput = mTable.number("outputValue");
+    mHeldOutput = mTable.number("outputValue", mHeldOutput);
   } else if (name == "loopTestValue") {
     if (mLoopTest == 0 && number != 0) record("eventLoopTestRun");
     mLoopTest = number;

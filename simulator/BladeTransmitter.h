@@ -1,21 +1,21 @@
 #pragma once
 
 #include <array>
-#include <set>
 
-#include "platform/desktop/Desktop.h"
 #include "simulator/ActionStatus.h"
+#include "simulator/BasicTransmitter.h"
 #include "simulator/BladeProcess.h"
-#include "simulator/EventLog.h"
-#include "simulator/Transmitter.h"
+#include "simulator/CurrentOutput.h"
+#include "simulator/Interruption.h"
 
 namespace ostrand {
 
 // A blade transmitter: the shear force on its blade becomes a consistency by the curve of the active recipe,
 //   consistency = slope * (force by blade and pulp type, corrected for filler and special grade) + offset,
 // is damped, and drives the output. Samples average it, and a laboratory calibration turns their averages into a recipe's
-// slope and offset. What a device has of all this is what its data set has parameters for.
-class BladeTransmitter : public Transmitter {
+// slope and offset. On PROFIBUS a function block stands between the measurement and the master: it simulates, holds, or is
+// out of service.
+class BladeTransmitter : public BasicTransmitter {
  public:
   // On HART a write is refused at once, and a read of a sample's own values ends it. On PROFIBUS samples are started and
   // stopped by actions, and every write leaves an action status.
@@ -29,13 +29,10 @@ class BladeTransmitter : public Transmitter {
 
   BladeTransmitter(const Desktop& desktop, const Document& dataSet, const Settings& settings, unsigned seed);
 
-  const ParameterTable& parameters() const override { return mTable; }
   void look() override;
   void beginRead(const std::vector<const Parameter*>& asked) override;
   std::string read(const Parameter& parameter) override;
-  Judgement write(std::string_view command, const std::vector<Writing>& writings) override;
   void judged(std::string_view command, const Judgement& judgement) override;
-  bool setFault(std::string_view name, std::string_view argument) override;
   std::optional<double> laboratoryValue(int sample) const override;
 
  private:
@@ -50,16 +47,18 @@ class BladeTransmitter : public Transmitter {
     double deviation;    // %Cs
     bool isEmpty;
   };
-  struct Output {
-    double percent;
-    double current;  // mA
-    bool isFixed, isSaturated;
-  };
 
-  std::int64_t now() const { return mProcess.tickAt(mDesktop.now()); }
+  Judgement judge(std::string_view command, const std::vector<Writing>& writings) override;
+  void refused(std::string_view command, const std::vector<Writing>& writings, const Judgement& judgement) override;
+  void takeEffect(const Writing& writing) override;
+  void hold() override;
+  void powerUp() override;
+  void setDrift(double part) override { mProcess.setWear(part); }
+
   const Blade& blade() const { return Blade::of(mTable.find("bladeType") ? mTable.key("bladeType") : mBuiltInBlade); }
   // The tick itself, or while the blade is being flushed the last one before.
   std::int64_t undisturbed(std::int64_t tick) const;
+  bool isSimulated() const { return mTable.key("simulation") == "on"; }
   // %Cs of a force. `linearInput` is what slope and offset of the recipe are applied to.
   double linearInput(int recipe, double shearForce) const;
   double reading(int recipe, double shearForce) const;
@@ -73,26 +72,19 @@ class BladeTransmitter : public Transmitter {
   Average average() const;
   void showSample(const Average& average);
 
-  Judgement judge(std::string_view command, const std::vector<Writing>& writings);
   Verdict verdictOnRecipe(int recipe) const;
   Verdict verdictOnSpecialGrade() const;
   Verdict verdictOnAction(int action) const;
   Judgement calibrate();
-  void takeEffect(const Writing& writing);
   void execute(int action);
 
-  bool failed(std::string_view what) const { return mFailures.contains(what); }
-  bool isFailSafe() const;
   void showMeasurement();
-  Output output(double consistency) const;
+  CurrentOutput output(double consistency) const;
+  // -1 below, 1 above, else 0.
+  int sideOfSensorLimits(double consistency) const;
   void showFunctionBlock();
-  void showStatus(const Output& output);
-  void raise(std::string_view name, bool condition);
-  bool isOutOfLimits(std::string_view name) const;
+  void showStatus(const CurrentOutput& output);
 
-  const Desktop& mDesktop;
-  ParameterTable mTable;
-  EventLog mLog;
   std::string_view mBuiltInBlade;
   BladeProcess mProcess;
   Bus mBus;
@@ -110,12 +102,7 @@ class BladeTransmitter : public Transmitter {
   double mElectronicsCorrection = 0;  // degC
   double mLastConsistency = 0;        // before the first failure
   double mLastCurrent = 0;
-  double mHeldOutput = 0;  // %Cs, by hand
-  std::set<std::string, std::less<>> mFailures;
-  bool mIsWriteProtected = false;
-  bool mIsColdStart = true;
-  bool mIsConfigurationChanged = false;
-  bool mIsMoreStatus = false;
+  double mHeldOutput = 0;  // %Cs, by hand or out of service
 };
 
 }  // namespace ostrand

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <unordered_set>
+#include <utility>
 
 #include "platform/base/Locale.h"
 #include "platform/base/NumberText.h"
@@ -75,6 +76,8 @@ BusSlave::Request BusSlave::understood(const Document& document) const {
     else
       request.items.push_back({parameter, std::move(texts[i])});
   }
+  const auto isSingle = [&](const Item& item) { return isCommandOfItsOwn(*item.parameter); };
+  request.isSingly = !isRead && !request.items.empty() && std::all_of(request.items.begin(), request.items.end(), isSingle);
   return request;
 }
 
@@ -160,7 +163,7 @@ BusSlave::Reply BusSlave::writeStep(Request& request) {
     return reply;
   };
   if (!request.unknown.empty()) return refuse({Verdict::CommandNotImplemented, request.unknown}, "missingItems");
-  const std::size_t end = std::min(request.done + mTiming.itemsPerTransaction, request.items.size());
+  const std::size_t end = std::min(request.done + (request.isSingly ? 1 : mTiming.itemsPerTransaction), request.items.size());
   for (; request.done < end; ++request.done) {
     const Item& item = request.items[request.done];
     Writing writing{item.parameter, {}};
@@ -169,11 +172,11 @@ BusSlave::Reply BusSlave::writeStep(Request& request) {
     reply.values.emplace_back(item.parameter, item.parameter->text(writing.value));
     request.writings.push_back(std::move(writing));
   }
-  if (request.done < request.items.size()) return reply;
-  const Judgement judgement = mTransmitter->write(request.name, request.writings);
+  reply.isFinal = request.done == request.items.size();
+  if (!reply.isFinal && !request.isSingly) return reply;
+  const Judgement judgement = mTransmitter->write(request.name, std::exchange(request.writings, {}));
   if (judgement.isRefusal()) return refuse(judgement);
   mTransmitter->judged(request.name, judgement);
-  reply.isFinal = true;
   return reply;
 }
 

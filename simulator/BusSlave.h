@@ -38,6 +38,8 @@ class BusSlave : public Device {
   virtual Verdict check(const Parameter& parameter, std::string_view text, Value& value) const;
   // What a read of these items is answered with.
   virtual std::vector<std::string> answeredWith(std::vector<std::string> names) const { return names; }
+  // Whether a write of the parameter is a command that carries nothing else: it is taken over, or refused, by itself.
+  virtual bool isCommandOfItsOwn(const Parameter&) const { return false; }
   // Whether the bus acknowledges a write of this name that the device refuses: then the device tells its verdict when it is
   // asked for it, and the acknowledgement has no items.
   virtual bool acknowledgesRefusal(std::string_view) const { return false; }
@@ -52,7 +54,8 @@ class BusSlave : public Device {
     std::string name, access;
     std::vector<Item> items;           // that the device has, each once
     std::vector<std::string> unknown;  // that it does not have, each once
-    std::vector<Writing> writings;     // received so far
+    std::vector<Writing> writings;     // received and not yet taken over
+    bool isSingly = false;             // each item is a command of its own
     std::size_t done = 0;              // items
     int unanswered = 0;                // transactions
     Answer answer;

@@ -3,6 +3,7 @@
 #include "platform/base/RuntimeError.h"
 #include "simulator/BladeTransmitter.h"
 #include "simulator/HartSlave.h"
+#include "simulator/OpticalTransmitter.h"
 #include "simulator/ProfibusSlave.h"
 
 namespace ostrand {
@@ -12,6 +13,7 @@ const std::vector<DeviceKind>& deviceKinds() {
       {"hartBlade", "devices/hartBlade.xml", "a blade transmitter on HART, in a line with about 3.4 % of bleached softwood"},
       {"profibusBlade", "devices/profibusBlade.xml", "a blade transmitter on PROFIBUS, in a line with about 4 % of softwood"},
       {"hartFjell", "devices/hartFjell.xml", "a low-consistency blade transmitter on HART, with flushing, in a line with about 1.4 %"},
+      {"hartQX5", "devices/hartQX5.xml", "an optical transmitter of six channels on HART, at a headbox with about 0.9 % and a fourth of it filler"},
   };
   return kinds;
 }
@@ -28,8 +30,11 @@ const std::vector<FaultKind>& Device::faults() {
       {"foreign", "REQUEST", "answers bear this name instead of their request's"},
       {"unfinished", "", "no answer says that it is the last one"},
       {"garbage", "", "answers are damaged"},
-      {"failure", "PART", "a part fails: sensor, temperatureSensor, electronics, memory, currentOutput or supplyVoltage"},
+      {"failure", "PART", "a part fails: sensor, temperatureSensor, electronics, memory, currentOutput or supplyVoltage; in an optical one also led or laser"},
       {"unsteady", "FACTOR", "the pulp is so many times as uneven"},
+      {"heat", "DEGREES", "the process is so many degrees hotter"},
+      {"drift", "PERCENT", "the sensor delivers so much less than it should: a worn blade, dirty windows"},
+      {"powerCycle", "", "the device is switched off and on again, once"},
       {"writeProtected", "", "the device takes no writes"},
   };
   return faults;
@@ -48,6 +53,10 @@ std::unique_ptr<Device> makeDevice(std::string_view name, Desktop& desktop, cons
   if (name == "hartFjell") {
     constexpr PulpLine kLine{.consistency = 1.4, .swing = 0.15, .flocs = 0.012, .temperature = 46.0};
     return std::make_unique<HartSlave>(desktop, transmitter({.bus = Bus::Hart, .line = kLine, .blade = "bladeTypeLowConsistency"}));
+  }
+  if (name == "hartQX5") {
+    constexpr PulpLine kLine{.consistency = 0.9, .swing = 0.06, .flocs = 0.008, .temperature = 47.0};
+    return std::make_unique<HartSlave>(desktop, std::make_unique<OpticalTransmitter>(desktop, dataSet, kLine, seed));
   }
   throw RuntimeError(RuntimeError::BadArgument, "no such device: \"" + std::string(name) + "\"");
 }

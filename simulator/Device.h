@@ -28,6 +28,8 @@
 //   leaves the device as it was. A refusal is a final answer with `errorCode`, a key of the text table, and the items
 //   that it is about, without values. On PROFIBUS a write that makes the device act is refused without an error: its final
 //   answer has no items, and a read of `actionStatus` tells why.
+// - On HART each channel of a loop test is a command of its own: it is taken over, and answered, by itself, one item to an
+//   answer. A refusal ends the request; the channels before it are in the test by then.
 // - On HART a sample that is running ends when its own average and deviation are read, and nothing else with them.
 // - An item that the device does not have is named in a final answer "missingItems": in a read after the values of the
 //   others, in a write instead of it. An item that comes twice counts once, with its first text.

@@ -19,6 +19,8 @@ class EventLog {
   void count(Kind kind, std::string_view event);
   // An empty list. What is present now is not counted again before it comes back.
   void clear(Kind kind);
+  // Whatever is present begins anew, as after power has come back.
+  void forget() { mPresent.clear(); }
   // Counts the event when the condition begins.
   void follow(Kind kind, std::string_view event, bool condition);
 

@@ -215,6 +215,8 @@ TEST_F(DeviceTest, RefusesFaultsThatItDoesNotKnow) {
   EXPECT_TRUE(fails("slow", "0"));
   EXPECT_TRUE(fails("slow", "fast"));
   EXPECT_TRUE(fails("unsteady", "-1"));
+  EXPECT_TRUE(fails("heat", "a lot"));
+  EXPECT_TRUE(fails("drift", "101"));
   EXPECT_TRUE(fails("failure", "coffeeMachine"));
 }
 
@@ -290,7 +292,7 @@ class AnyDeviceTest : public DeviceBench, public testing::WithParamInterface<con
   AnyDeviceTest() : DeviceBench(GetParam()) {}
 };
 
-INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell"),
+INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell", "hartQX5"),
                          [](const auto& device) { return std::string(device.param); });
 
 TEST_P(AnyDeviceTest, AnythingGoes) {

@@ -46,6 +46,13 @@ TEST_F(EventLogTest, FollowsAConditionByItsBeginnings) {
   EXPECT_EQ(count("1"), 2);
 }
 
+TEST_F(EventLogTest, WhatIsForgottenBeginsAnew) {
+  log.follow(EventLog::Kind::Info, "a", true);
+  log.forget();
+  log.follow(EventLog::Kind::Info, "a", true);
+  EXPECT_EQ(count("1"), 2);
+}
+
 TEST_F(EventLogTest, AClearedListCountsAnew) {
   log.follow(EventLog::Kind::Info, "a", true);
   log.count(EventLog::Kind::Info, "b");

@@ -472,6 +472,56 @@ TEST_F(HartBladeTest, WriteProtectionRefusesWrites) {
   EXPECT_EQ(write("x", item("damping", "3")), "");
 }
 
+TEST_F(HartBladeTest, EventsComeFromWhatHappens) {
+  const auto count = [&](const std::string& list, const std::string& event) {
+    for (const char row : std::string("12345678"))
+      if (value(("eventLog" + list + "Event0" + row).c_str()) == event) return number(("eventLog" + list + "Count0" + row).c_str());
+    return 0.0;
+  };
+  const double failures = count("Error", "eventSensorFailure");
+  device->setFault("failure", "sensor");
+  device->setFault("none", "");  // nobody has looked meanwhile
+  EXPECT_EQ(count("Error", "eventSensorFailure"), failures + 1);
+
+  const double heats = count("Warning", "eventProcessTemperatureHigh");
+  device->setFault("heat", "110");
+  EXPECT_EQ(value("statusProcessTemperatureOutOfLimits"), "1");
+  EXPECT_EQ(value("statusElectronicsTemperatureOutOfLimits"), "0");
+  EXPECT_EQ(count("Warning", "eventProcessTemperatureHigh"), heats + 1);
+
+  const double runs = count("Info", "eventLoopTestRun");
+  for (const char* current : {"12", "14", "0"}) ASSERT_EQ(write("loopTest", item("loopTestValue", current)), "");
+  EXPECT_EQ(count("Info", "eventLoopTestRun"), runs + 1);
+
+  const double starts = count("Info", "eventPowerUp");
+  device->setFault("powerCycle", "");
+  EXPECT_EQ(count("Info", "eventPowerUp"), starts + 1);
+  EXPECT_EQ(count("Warning", "eventProcessTemperatureHigh"), heats + 2) << "what is there when the power comes back is seen anew";
+}
+
+TEST_F(HartBladeTest, WithoutPowerSamplesAreLost) {
+  takeSample(1, 10);
+  ASSERT_EQ(write("sampling", item("sampleStart", "1")), "");
+  ASSERT_EQ(write("loopTest", item("loopTestValue", "12")), "");
+  ASSERT_EQ(write("outputSignal", item("damping", "7")), "");
+  device->setFault("powerCycle", "");
+  EXPECT_FALSE(device->laboratoryValue(1));
+  EXPECT_EQ(value("sample1ConsistencyAverage"), "0");
+  EXPECT_EQ(value("statusSamplingActive"), "0");
+  EXPECT_EQ(value("statusLoopTestActive"), "0");
+  EXPECT_NE(value("outputCurrent"), "12");
+  EXPECT_EQ(value("statusHARTColdStart"), "1");
+  EXPECT_EQ(value("damping"), "7");
+}
+
+TEST_F(HartBladeTest, AWornBladeReadsTooLittle) {
+  const double before = number("consistency");
+  device->setFault("drift", "20");
+  EXPECT_NEAR(number("consistency"), 0.8 * before, 0.15);
+  device->setFault("none", "");
+  EXPECT_NEAR(number("consistency"), before, 0.1);
+}
+
 TEST_F(HartBladeTest, EachKindOfEventHasARowOfItsOwn) {
   // Six parts that can fail, two of them known already.
   for (const char* part : {"sensor", "temperatureSensor", "electronics", "memory", "currentOutput", "supplyVoltage"})

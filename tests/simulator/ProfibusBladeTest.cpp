@@ -401,10 +401,12 @@ TEST_F(ProfibusBladeTest, ALoopTestDrivesTheOutput) {
 }
 
 TEST_F(ProfibusBladeTest, ASimulationTakesThePlaceOfTheMeasurement) {
-  ASSERT_EQ(write("simulation", item("simulation", "1") + item("simulationValue", "2.5") + item("simulationQuality", "1")), "");
+  EXPECT_EQ(value("outputLimit"), "0");
+  ASSERT_EQ(write("simulation", item("simulation", "1") + item("simulationValue", "2.5") + item("simulationQuality", "1") + item("simulationLimit", "2")), "");
   EXPECT_EQ(value("consistency"), "2.5");
   EXPECT_EQ(value("outputValue"), "2.5");
   EXPECT_EQ(value("outputQuality"), "1");
+  EXPECT_EQ(value("outputLimit"), "2");
   EXPECT_EQ(value("statusSimulationActive"), "1");
   EXPECT_GT(number("consistencyUnfiltered"), 3);
   ASSERT_EQ(write("simulation", item("simulation", "0")), "");
@@ -420,15 +422,43 @@ TEST_F(ProfibusBladeTest, TheModeDeterminesTheOutput) {
   desktop->advance(300);
   EXPECT_EQ(number("outputValue"), now);
   EXPECT_NEAR(now, parseNumber(held, '.').value_or(0), 0.2);
-  ASSERT_EQ(write("simulation", item("targetMode", "2")), "");
-  EXPECT_EQ(value("outputValue"), "NaN");
+  EXPECT_EQ(value("outputQuality"), "0");
+  EXPECT_EQ(value("outputLimit"), "3");
+  // Out of service the value stands too, and is not to be used; neither a simulation nor a test gets through.
+  ASSERT_EQ(write("simulation", item("targetMode", "2") + item("simulation", "1") + item("simulationValue", "1")), "");
+  ASSERT_EQ(write("loopTest", item("loopTestValue", "0.5")), "");
+  EXPECT_EQ(value("actualMode"), "2");
+  EXPECT_EQ(number("outputValue"), now);
   EXPECT_EQ(value("outputQuality"), "2");
-  ASSERT_EQ(write("simulation", item("targetMode", "0")), "");
+  EXPECT_EQ(value("outputLimit"), "3");
+  ASSERT_EQ(write("loopTest", item("loopTestValue", "0")), "");
+  ASSERT_EQ(write("simulation", item("targetMode", "0") + item("simulation", "0")), "");
+  const double last = number("outputValue");
   device->setFault("failure", "memory");
   EXPECT_EQ(value("actualMode"), "2");
   EXPECT_EQ(value("targetMode"), "0");
+  EXPECT_NEAR(number("outputValue"), last, 0.1);
+  EXPECT_EQ(value("outputQuality"), "2");
   device->setFault("none", "");
   EXPECT_EQ(value("actualMode"), "0");
+}
+
+TEST_F(ProfibusBladeTest, TheModulesAreWhatASlotCanHold) {
+  ASSERT_EQ(write("moduleSelection", item("consistencyModule", "2") + item("activeRecipeModule", "3")), "");
+  EXPECT_EQ(value("consistencyModule"), "2");
+  EXPECT_EQ(write("moduleSelection", item("processTemperatureModule", "2")), "profibusErrInvalidParameter");
+  EXPECT_EQ(value("processTemperatureModule"), "1");
+}
+
+TEST_F(ProfibusBladeTest, WithoutPowerNoSimulationGoesOn) {
+  ASSERT_EQ(write("simulation", item("simulation", "1") + item("simulationValue", "2.5")), "");
+  ASSERT_EQ(execute(3), "");
+  ASSERT_EQ(write("loopTest", item("loopTestValue", "0.5")), "");
+  device->setFault("powerCycle", "");
+  EXPECT_GT(number("outputValue"), 3);
+  EXPECT_THAT(raised(), IsEmpty());
+  for (const char* bit : {"statusSimulationActive", "statusSamplingActive", "statusLoopTestActive"}) EXPECT_EQ(value(bit), "0");
+  EXPECT_EQ(quality(1), "1");
 }
 
 TEST_F(ProfibusBladeTest, AFailedSensorShows) {
@@ -447,6 +477,17 @@ TEST_F(ProfibusBladeTest, OutOfLimitsIsTheOnlyBitOfTheOtherBus) {
   EXPECT_EQ(value("statusHARTPVOutOfLimits"), "1");
   EXPECT_EQ(value("outputQuality"), "1");
   EXPECT_EQ(errorOf(ask(readOf({"statusHARTColdStart"}))), "missingItems");
+}
+
+TEST_F(ProfibusBladeTest, TheSensorLimitsAreTheRange) {
+  EXPECT_EQ(value("outputLimit"), "0");
+  const double before = number("eventLogWarningCount02");
+  ASSERT_EQ(value("eventLogWarningEvent02"), "eventConsistencyAboveRange");
+  ASSERT_EQ(write("recipes", item("recipe1LinearizationSlopeP1", "9")), "");
+  EXPECT_EQ(value("statusHARTPVOutOfLimits"), "1");
+  EXPECT_EQ(value("outputLimit"), "2");
+  EXPECT_EQ(value("outputQuality"), "1");
+  EXPECT_EQ(number("eventLogWarningCount02"), before + 1);
 }
 
 TEST_F(ProfibusBladeTest, EventLogsAreResetOneByOne) {
