@@ -40,9 +40,9 @@ bool BusHart::AdvancedSetOnlineData(const Document& data, const Ref<Messenger>& 
 bool BusHart::CalibrationSetOnlineData(const Document& data, const Ref<Messenger>& messenger) {
   Procedure proc(messenger, mLastError, "BusHart IBusDependent_CalibrationSetOnlineData: ");
   return proc.all([&] {
-    const Locale& locale = mDesktop.locale();
-    warnOfLargeDeviation(data, "sample1", locale, proc.messenger());
-    warnOfLargeDeviation(data, "sample2", locale, proc.messenger());
+    const auto read = [&](const Node& item) { return floatOf(item, mDesktop.locale()); };
+    warnOfLargeDeviation(data, "sample1", read, proc.messenger());
+    warnOfLargeDeviation(data, "sample2", read, proc.messenger());
     showWhenFinal(data, "laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView", proc.messenger());
   });
 }

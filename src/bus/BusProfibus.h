@@ -29,6 +29,10 @@ class BusProfibus : public IBusDependent {
   bool MeasurementSetOnlineData(const Document& data, const Ref<Messenger>& messenger) override;
   bool ResetEventLog(const Ref<Messenger>& messenger, const std::string& eventLogTag) override;
 
+ protected:
+  // Whether nothing but actionStatusOK is raised: the general form of the tests below. No flow asks it.
+  bool CheckAllActionStatus(const Document& doc);
+
  private:
   bool apply(const char* prefix, int action, const char* requestName, const Ref<Messenger>& messenger);
   bool startSampling(const char* prefix, int action, const Ref<Messenger>& messenger);
@@ -44,8 +48,6 @@ class BusProfibus : public IBusDependent {
   // True means that the condition is not raised.
   bool CheckActionStatus(const Document& doc, const std::string& statusName);
   bool CheckSampleDataStatus(const Document& doc, const std::string& qualityName);
-  // The general form of the test; no flow asks it.
-  bool CheckAllActionStatus(const Document& doc);
 
   void show(const std::string& title, const std::string& message);
   void judgeSample(const Document& doc, const std::string& sample);

@@ -61,9 +61,10 @@ std::vector<CalibrationView::RecipeRow> VwCalibrationFjell::recipeRows() const {
 void VwCalibrationFjell::SetOnlineData(const Document& doc) {
   Procedure proc(*this, "ITaviDataUser_setOnlineData");
   proc.step([&] { modView::setOnlineData(*this, doc); });
-  const Locale& locale = desktop().locale();
-  proc.step([&] { warnOfLargeDeviation(doc, "sample1", locale, proc.messenger()); });
-  proc.step([&] { warnOfLargeDeviation(doc, "sample2", locale, proc.messenger()); });
+  // What cannot be read is reported, and the check goes on without it.
+  const auto read = [&](const Node& item) { return proc.value(0.0, [&] { return floatOf(item, desktop().locale()); }); };
+  proc.step([&] { warnOfLargeDeviation(doc, "sample1", read, proc.messenger()); });
+  proc.step([&] { warnOfLargeDeviation(doc, "sample2", read, proc.messenger()); });
   proc.step([&] { showWhenFinal(doc, "laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView", proc.messenger()); });
 }
 

@@ -175,6 +175,107 @@ TEST_F(BusProfibusTest, OfTheLaboratoryResultsTheFirstRaisedStatusIsTold) {
               ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")));
 }
 
+// Every action against every item that a status document may raise, in each of the three operations.
+TEST_F(BusProfibusTest, EveryActionLooksAtItsOwnItemsOnly) {
+  constexpr Judge kCalibration = &IBusDependent::CalibrationSetOnlineData;
+  constexpr Judge kMeasurement = &IBusDependent::MeasurementSetOnlineData;
+  constexpr Judge kAdvanced = &IBusDependent::AdvancedSetOnlineData;
+  constexpr Judge kNowhere = nullptr;
+  const char* const kItems[] = {"actionStatusOK", "actionStatusInvalidSampleNumber", "actionStatusTempCorrectionTooLarge", "actionStatusInvalidPulpType",
+                                "actionStatusInvalidRecipeNumber", "actionStatusRecipeNotCalibrated", "actionStatusCalibrationSampleNotTaken",
+                                "actionStatusCalibrationSuspicious", "actionStatusCalibrationError", "sample1Quality", "sample2Quality",
+                                "actionStatusUpperCalPointInvalidValue", "actionStatusLowerCalPointInvalidValue", "actionStatusCalPointsSpanTooSmall",
+                                "actionStatusDeviceWriteFailed", "actionStatusNewValuesSameAsOld", "actionStatusSamplingError",
+                                "actionStatusSpecialGradePointInvalid", "actionStatusInvalidCalibrationData", "actionStatusDampingValueInvalid"};
+  struct Action {
+    const char* name;
+    std::function<void()> start;
+    Judge judgedIn;
+    std::vector<std::pair<std::string, std::string>> errors;  // item, message
+    std::string success;
+  };
+  const auto of = [&](Operation operation) { return [this, operation] { run(operation); }; };
+  const auto reset = [&](const char* tag) { return [this, tag] { bus->ResetEventLog(host, tag); }; };
+  const std::string kSampled = shown("sampling", "actionStatusOK");
+  const Action kActions[] = {
+      {"nothing yet", [] {}, kNowhere, {}, ""},
+      {"start 1", of(&IBusDependent::StartSampling1), kCalibration, {{"actionStatusInvalidSampleNumber", "actionStatusInvalidSampleNumber"}}, ""},
+      {"start 2", of(&IBusDependent::StartSampling2), kCalibration, {{"actionStatusInvalidSampleNumber", "actionStatusInvalidSampleNumber"}}, ""},
+      {"stop 1", of(&IBusDependent::StopSampling1), kCalibration, {{"sample1Quality", "sample1DeviationLarge"}}, kSampled},
+      {"stop 2", of(&IBusDependent::StopSampling2), kCalibration, {{"sample2Quality", "sample2DeviationLarge"}}, kSampled},
+      {"temperature", of(&IBusDependent::TemperatureApply), kAdvanced, {{"actionStatusTempCorrectionTooLarge", "actionStatusTempCorrectionTooLarge"}},
+       shown("temperatureCalibration", "calibrationDoneReturnControlLoopToAutomaticControl")},
+      {"recipes", of(&IBusDependent::RecipesApply), kCalibration, {{"actionStatusInvalidPulpType", "actionStatusInvalidPulpType"}}, shown("recipes", "actionStatusOK")},
+      {"active recipe", of(&IBusDependent::SetActiveRecipe), kMeasurement,
+       {{"actionStatusInvalidRecipeNumber", "actionStatusInvalidRecipeNumber"}, {"actionStatusRecipeNotCalibrated", "actionStatusRecipeNotCalibrated"}},
+       shown("activeRecipe", "actionStatusOK")},
+      {"laboratory", of(&IBusDependent::LaboratoryResultsApply), kCalibration,
+       {{"actionStatusCalibrationSampleNotTaken", "actionStatusCalibrationSampleNotTaken"}, {"actionStatusCalibrationSuspicious", "actionStatusCalibrationSuspicious"},
+        {"actionStatusCalibrationError", "actionStatusCalibrationError"}},
+       shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")},
+      {"reset errors", reset("resetErrorEventLog"), kNowhere, {}, ""},
+      {"reset warnings", reset("resetWarningEventLog"), kNowhere, {}, ""},
+      {"reset information", reset("resetInfoEventLog"), kNowhere, {}, ""},
+      {"reset what nobody knows", reset("reset"), kNowhere, {}, ""},
+  };
+  for (const Action& action : kActions) {
+    for (Judge operation : {kCalibration, kMeasurement, kAdvanced}) {
+      std::string all;
+      for (const char* item : kItems) {
+        all += itemXml(item, "1", "integerVal");
+        bus = Ref<BusProfibus>(new BusProfibus(desktop, lastError));
+        action.start();
+        calls.take();
+        std::vector<std::string> lines = judge(operation, answer("name=\"any\"", itemXml("actionStatusOther", "0", "integerVal") + itemXml(item, "1", "integerVal")));
+        std::vector<std::string> expected;
+        if (operation == action.judgedIn) {
+          if (!action.success.empty()) expected = {action.success};
+          for (const auto& [raised, message] : action.errors)
+            if (raised == item) expected = {shown("error", message)};
+        }
+        if (expected == std::vector<std::string>{shown("error", "actionStatusInvalidPulpType")}) lines.resize(1);  // then the recipes are read back
+        EXPECT_EQ(lines, expected) << action.name << ", " << item;
+      }
+      // Of all that are raised together the first one counts.
+      bus = Ref<BusProfibus>(new BusProfibus(desktop, lastError));
+      action.start();
+      calls.take();
+      std::vector<std::string> lines = judge(operation, answer("name=\"any\"", all));
+      if (operation == action.judgedIn) {
+        ASSERT_FALSE(lines.empty()) << action.name;
+        EXPECT_EQ(lines.front(), shown("error", action.errors.front().second)) << action.name;
+      } else {
+        EXPECT_THAT(lines, IsEmpty()) << action.name;
+      }
+    }
+  }
+}
+
+TEST_F(BusProfibusTest, OnlyASampleIsForgottenAfterItsVerdict) {
+  for (const auto& [operation, times] : {std::pair<Operation, std::size_t>{&IBusDependent::StopSampling1, 1}, {&IBusDependent::StopSampling2, 1},
+                                         {&IBusDependent::RecipesApply, 3}, {&IBusDependent::LaboratoryResultsApply, 3}}) {
+    await(operation);
+    std::size_t told = 0;
+    for (int i = 0; i < 3; ++i) told += calibrate(status({"actionStatusOK"})).size();
+    EXPECT_EQ(told, times);
+  }
+}
+
+TEST_F(BusProfibusTest, TheGeneralFormOfTheTestWantsNothingButOK) {
+  struct Open : BusProfibus {
+    using BusProfibus::BusProfibus;
+    using BusProfibus::CheckAllActionStatus;
+  };
+  const Ref<Open> open(new Open(desktop, lastError));
+  EXPECT_TRUE(open->CheckAllActionStatus(status({})));
+  EXPECT_TRUE(open->CheckAllActionStatus(status({"actionStatusOK", "!actionStatusSamplingError", "sample1Quality"})));
+  EXPECT_FALSE(open->CheckAllActionStatus(status({"actionStatusOK", "actionStatusSamplingError"})));
+  EXPECT_FALSE(open->CheckAllActionStatus(status({"actionStatusSamplingError"})));
+  open->MeasurementSetOnlineData(status({"actionStatusOK"}), host);
+  host->announce("BusProfibus CheckAllActionStatus: ", 91);
+  EXPECT_FALSE(open->CheckAllActionStatus(Document()));
+}
+
 TEST_F(BusProfibusTest, OnlyTheIntegerOneRaisesAStatus) {
   await(&IBusDependent::LaboratoryResultsApply);
   for (const char* item : {"<comm:item name='actionStatusCalibrationError'><comm:stringVal>1</comm:stringVal></comm:item>",
@@ -288,6 +389,26 @@ TEST_F(BusProfibusTest, WithoutAMessengerReportsAreDropped) {
 }
 
 // --- what comes in during a wait
+
+TEST_F(BusProfibusTest, AWaitOverMidnightIsNoLonger) {
+  desktop.advance(16 * 3600 - 0.5);
+  const LocalTime before = desktop.now();
+  EXPECT_TRUE(run(&IBusDependent::StopSampling1));
+  EXPECT_EQ(desktop.now() - before, std::chrono::seconds(2));
+}
+
+TEST_F(BusProfibusTest, AnOperationUnderAVerdictIsForgottenWithIt) {
+  await(&IBusDependent::StopSampling1);
+  calls.during("ShowMessage", [&] { run(&IBusDependent::LaboratoryResultsApply); });
+  EXPECT_THAT(calibrate(status({"!sample1Quality"})), ElementsAre(shown("sampling", "actionStatusOK"), "wait 10/10", askStatus("laboratoryResults")));
+  EXPECT_THAT(calibrate(status({"actionStatusCalibrationError"})), IsEmpty());
+}
+
+TEST_F(BusProfibusTest, AnAnswerToTheReadBackIsAnOrdinaryDocument) {
+  await(&IBusDependent::RecipesApply);
+  calibrate(status({"actionStatusInvalidPulpType"}));
+  EXPECT_THAT(calibrate(answer("name=\"recipes\"", itemXml("recipe1PulpType", "3", "integerVal"))), IsEmpty());
+}
 
 TEST_F(BusProfibusTest, ASecondOperationTakesOverTheAwaitedAction) {
   desktop.onWait = nullptr;

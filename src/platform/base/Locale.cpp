@@ -2,8 +2,7 @@
 
 #include <array>
 #include <charconv>
-#include <cstdio>
-#include <vector>
+#include <initializer_list>
 
 namespace ostrand {
 
@@ -28,11 +27,22 @@ Fields fieldsOf(LocalTime time) {
           static_cast<int>(clock.subseconds().count())};
 }
 
-template <class... Args>
-std::string print(const char* format, Args... args) {
-  char buffer[64];
-  const int length = std::snprintf(buffer, sizeof buffer, format, args...);
-  return {buffer, static_cast<std::size_t>(length)};
+struct Part {
+  int number;
+  std::ptrdiff_t width = 1;  // filled up with zeros
+};
+
+// Every page has its stamps: the C library's formats would take longer than all else in one.
+std::string joined(char between, std::initializer_list<Part> parts) {
+  std::string text;
+  for (const Part& part : parts) {
+    if (!text.empty()) text += between;
+    char digits[12];
+    char* const end = std::to_chars(digits, digits + sizeof digits, part.number).ptr;
+    if (const std::ptrdiff_t missing = part.width - (end - digits); missing > 0) text.append(static_cast<std::size_t>(missing), '0');
+    text.append(digits, static_cast<std::size_t>(end - digits));
+  }
+  return text;
 }
 
 bool compose(int year, int month, int day, LocalTime& time) {
@@ -50,20 +60,29 @@ bool compose(int hour, int minute, int second, milliseconds& clock) {
   return true;
 }
 
-// The numbers in a text between single separators out of `separators`; empty if anything else stands there.
-std::vector<int> numbersIn(std::string_view text, std::string_view separators) {
-  std::vector<int> numbers;
+// The numbers in a text between single separators out of `separators`; none if anything else stands there, or more than fit.
+struct Numbers {
+  std::array<int, 4> at{};
+  std::size_t count = 0;
+
+  std::size_t size() const { return count; }
+  int& operator[](std::size_t i) { return at[i]; }
+  int operator[](std::size_t i) const { return at[i]; }
+};
+
+Numbers numbersIn(std::string_view text, std::string_view separators) {
+  Numbers numbers;
   const char* at = text.data();
   const char* const end = at + text.size();
-  while (true) {
-    int number = 0;
+  while (numbers.count < numbers.at.size()) {
+    int& number = numbers.at[numbers.count++];
     const auto [next, error] = std::from_chars(at, end, number);
     if (error != std::errc() || number < 0) return {};
-    numbers.push_back(number);
     if (next == end) return numbers;
     if (separators.find(*next) == separators.npos) return {};
     at = next + 1;
   }
+  return {};
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -96,23 +115,23 @@ const Locale& Locale::english() { return locales()[0]; }
 std::string Locale::date(LocalTime time) const {
   const Fields f = fieldsOf(time);
   switch (dateForm) {
-    case DateForm::German: return print("%02d.%02d.%04d", f.day, f.month, f.year);
-    case DateForm::Finnish: return print("%d.%d.%04d", f.day, f.month, f.year);
-    case DateForm::Swedish: return print("%04d-%02d-%02d", f.year, f.month, f.day);
+    case DateForm::German: return joined('.', {{f.day, 2}, {f.month, 2}, {f.year, 4}});
+    case DateForm::Finnish: return joined('.', {{f.day}, {f.month}, {f.year, 4}});
+    case DateForm::Swedish: return joined('-', {{f.year, 4}, {f.month, 2}, {f.day, 2}});
     case DateForm::English: break;
   }
-  return print("%d/%d/%04d", f.month, f.day, f.year);
+  return joined('/', {{f.month}, {f.day}, {f.year, 4}});
 }
 
 std::string Locale::time(LocalTime time) const {
   const Fields f = fieldsOf(time);
   switch (dateForm) {
     case DateForm::German:
-    case DateForm::Swedish: return print("%02d:%02d:%02d", f.hour, f.minute, f.second);
-    case DateForm::Finnish: return print("%d.%02d.%02d", f.hour, f.minute, f.second);
+    case DateForm::Swedish: return joined(':', {{f.hour, 2}, {f.minute, 2}, {f.second, 2}});
+    case DateForm::Finnish: return joined('.', {{f.hour}, {f.minute, 2}, {f.second, 2}});
     case DateForm::English: break;
   }
-  return print("%d:%02d:%02d %s", f.hour % 12 == 0 ? 12 : f.hour % 12, f.minute, f.second, f.hour < 12 ? "AM" : "PM");
+  return joined(':', {{f.hour % 12 == 0 ? 12 : f.hour % 12}, {f.minute, 2}, {f.second, 2}}) + (f.hour < 12 ? " AM" : " PM");
 }
 
 std::string Locale::dateAndTime(LocalTime at) const { return date(at) + " " + time(at); }
@@ -145,7 +164,7 @@ bool readTime(std::string_view text, const Locale&, LocalTime& time) {
   for (const auto& [mark, value] : {std::pair{" AM", 0}, {" PM", 1}, {" am", 0}, {" pm", 1}})
     if (text.ends_with(mark)) half = value, text.remove_suffix(3);
   auto parts = numbersIn(text, ":.");
-  if (parts.size() == 2) parts.push_back(0);
+  if (parts.size() == 2) parts.count = 3;
   if (parts.size() != 3) return false;
   if (half >= 0) {
     if (parts[0] < 1 || parts[0] > 12) return false;
@@ -158,18 +177,17 @@ bool readTime(std::string_view text, const Locale&, LocalTime& time) {
 }
 
 std::string standardDateAndTime(LocalTime time) {
-  const Fields f = fieldsOf(time);
-  return print("%04d-%02d-%02d %02d:%02d:%02d.%03d", f.year, f.month, f.day, f.hour, f.minute, f.second, f.millisecond);
+  return standardDate(time) + " " + standardTime(time) + "." + joined('.', {{fieldsOf(time).millisecond, 3}});
 }
 
 std::string standardDate(LocalTime time) {
   const Fields f = fieldsOf(time);
-  return print("%04d-%02d-%02d", f.year, f.month, f.day);
+  return joined('-', {{f.year, 4}, {f.month, 2}, {f.day, 2}});
 }
 
 std::string standardTime(LocalTime time) {
   const Fields f = fieldsOf(time);
-  return print("%02d:%02d:%02d", f.hour, f.minute, f.second);
+  return joined(':', {{f.hour, 2}, {f.minute, 2}, {f.second, 2}});
 }
 
 }  // namespace ostrand
