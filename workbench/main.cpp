@@ -18,8 +18,10 @@ struct Options {
   std::string dataSet;
   std::string language;
   std::string theme = "light";
+  int scale = 100;
   bool tour = false;
-  std::string pictures;
+  bool takesPictures = false;
+  std::string pictures = "out/pictures";
 };
 
 bool isSet(const char* variable) {
@@ -45,10 +47,10 @@ int run(QApplication& application, const Options& options, bool hasDisplay) {
   Workbench workbench(dataFolder());
   MainWindow window(workbench);
   if (!options.language.empty()) workbench.setLanguage(options.language);
-  if (options.theme == "dark") workbench.setTheme(Theme::Kind::Dark, 1.0);
+  workbench.setTheme(options.theme == "dark" ? Theme::Kind::Dark : Theme::Kind::Light, options.scale / 100.0);
   if (!options.dataSet.empty()) workbench.openDataSet(options.dataSet);
   window.QWidget::show();
-  if (!options.pictures.empty()) {
+  if (options.takesPictures) {
     std::printf("%d pictures are in %s\n", Pictures(window, options.pictures).takeAll(), options.pictures.c_str());
     return 0;
   }
@@ -68,12 +70,16 @@ int main(int argc, char** argv) {
   app.add_option("DATASET", options.dataSet, "the data set to open");
   app.add_option("--language", options.language, "en, fi, sv, de, or keys");
   app.add_option("--theme", options.theme, "light or dark")->check(CLI::IsMember({"light", "dark"}));
+  app.add_option("--scale", options.scale, "size of texts and distances in per cent, 100 to 200")->check(CLI::Range(100, 200));
   app.add_flag("--tour", options.tour, "play the guided tour; pictures go to out/");
-  app.add_option("--pictures", options.pictures, "take pictures of all pages in all languages, into this folder");
+  CLI::Option* const pictures =
+      app.add_option("--pictures", options.pictures, "take pictures of all pages in all languages, into this folder (out/pictures)")->expected(0, 1)->type_name("FOLDER");
   CLI11_PARSE(app, argc, argv);
+  options.takesPictures = pictures->count() > 0;
+  if (options.pictures.empty()) options.pictures = "out/pictures";
 
   const bool hasDisplay = isSet("DISPLAY") || isSet("WAYLAND_DISPLAY");
-  const bool unattended = !options.pictures.empty() || !hasDisplay;
+  const bool unattended = options.takesPictures || options.tour || !hasDisplay;
   if (unattended && !isSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   qInstallMessageHandler(onQtMessage);
   QApplication application(argc, argv);

@@ -22,7 +22,7 @@ class FakeCalls {
   // The lines since the last take.
   std::vector<std::string> take() { return std::exchange(lines, {}); }
 
-  // The n-th next call of this name fails.
+  // The n-th next call of this name fails; "*" stands for every call but ReportError.
   void fail(const std::string& call, int n = 1, int number = RuntimeError::Unexpected, const std::string& description = "told to fail") {
     mFaults.emplace(call, Fault{n, number, description});
   }
@@ -31,8 +31,13 @@ class FakeCalls {
   // Runs inside the next call of this name, before it returns, once.
   void during(const std::string& call, std::function<void()> work) { mWork[call] = std::move(work); }
 
+  int arrived = 0;         // calls so far, whatever their names, but ReportError
+  std::string lastFailed;  // the name of the call that failed last because it was told to
+
   // A call arrives. An empty line is not recorded.
   void arrive(const std::string& call, const std::string& line = {}) {
+    const bool isAny = call != "ReportError";
+    if (isAny) ++arrived;
     if (!line.empty()) lines.push_back(line);
     if (const auto work = mWork.find(call); work != mWork.end()) {
       const std::function<void()> body = std::move(work->second);
@@ -40,16 +45,23 @@ class FakeCalls {
       body();
     }
     std::optional<RuntimeError> failure;
-    for (auto [fault, end] = mFaults.equal_range(call); fault != end;) {
-      if (--fault->second.left == 0) {
-        failure.emplace(fault->second.number, fault->second.description);
-        fault = mFaults.erase(fault);
-      } else {
-        ++fault;
+    const auto countDown = [&](const std::string& name) {
+      for (auto [fault, end] = mFaults.equal_range(name); fault != end;) {
+        if (--fault->second.left == 0) {
+          failure.emplace(fault->second.number, fault->second.description);
+          fault = mFaults.erase(fault);
+        } else {
+          ++fault;
+        }
       }
+    };
+    countDown(call);
+    if (isAny) countDown("*");
+    if (failure) {
+      lastFailed = call;
+      throw *failure;
     }
-    if (failure) throw *failure;
-    if (mAlways.count(call) || (mAlways.count("*") && call != "ReportError")) throw RuntimeError(RuntimeError::Unexpected, call + " fails always");
+    if (mAlways.count(call) || (mAlways.count("*") && isAny)) throw RuntimeError(RuntimeError::Unexpected, call + " fails always");
   }
 
  private:

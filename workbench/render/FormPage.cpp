@@ -110,6 +110,7 @@ bool FormPage::measure(Item& item) {
   Extent now = item.renderer->extent();
   now.field = std::max(now.field, item.extent.field);
   now.companion = std::max(now.companion, item.extent.companion);
+  now.state = std::max(now.state, item.extent.state);
   now.tail = std::max(now.tail, item.extent.tail);
   const QRect declared = declaredPlace(item.renderer->control());
   const bool visible = item.renderer->control().Visible();
@@ -198,7 +199,7 @@ void FormPage::place() {
     mHeading->show();
     top = margin + height;
   }
-  mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.viewport()->width());
+  mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.visibleWidth());
   std::size_t next = 0;
   for (Item& item : mItems) {
     const bool shown = item.visible && !item.renderer->widgets().empty();

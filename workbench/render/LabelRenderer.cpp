@@ -14,11 +14,10 @@ LabelRenderer::LabelRenderer(FormPage& page, CaptionedControl& label) : ControlR
 
 std::vector<QWidget*> LabelRenderer::widgets() const { return {mLabel}; }
 
-// The heading is the first of a frame and stands above its rows; most often it bears the frame's own key.
+// The heading is the first of a frame and stands above its rows.
 bool LabelRenderer::isHeading() const {
-  const Control* const frame = page().front();
-  if (!frame) return false;
-  return frame->Tag() == mModel.Tag() || (page().isFirst(mModel) && mModel.Top() < Form::kRowHeight);
+  if (!page().front()) return false;
+  return page().isFirst(mModel) && mModel.Top() < Form::kRowHeight;
 }
 
 void LabelRenderer::restyle() { mLabel->setFont(theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body)); }

@@ -13,7 +13,7 @@ namespace ostrand {
 namespace {
 
 constexpr int kLeastCharacters = 12;
-constexpr int kLeastDigits = 8;
+constexpr int kLeastDigits = 7;
 constexpr int kMostCharacters = 48;  // what is longer can be scrolled in its field
 
 }  // namespace

@@ -145,14 +145,16 @@ void StateSymbol::restyle(const Theme& theme) {
   update();
 }
 
-QSize StateSymbol::sizeHint() const { return {mTheme.px(2 * kSize + kGap), mTheme.px(kSize)}; }
+QSize StateSymbol::sizeHint() const { return {mTheme.px(mStates.access == ValueState::ReadOnly ? 2 * kSize + kGap : kSize), mTheme.px(kSize)}; }
 
 void StateSymbol::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const double size = mTheme.px(kSize);
   const double top = (height() - size) / 2;
-  paintState(painter, QRectF(0, top, size, size), mStates.value, mTheme);
-  if (mStates.access) paintState(painter, QRectF(size + mTheme.px(kGap), top, size, size), *mStates.access, mTheme);
+  // What is held back is an edit, so that one symbol tells both.
+  const bool heldBack = mStates.access == ValueState::HeldBack && mStates.value == ValueState::Edited;
+  paintState(painter, QRectF(0, top, size, size), heldBack ? ValueState::HeldBack : mStates.value, mTheme);
+  if (mStates.access == ValueState::ReadOnly) paintState(painter, QRectF(size + mTheme.px(kGap), top, size, size), ValueState::ReadOnly, mTheme);
 }
 
 }  // namespace ostrand

@@ -37,6 +37,7 @@ class StateSymbol : public QWidget {
   void show(const ValueStates& states);
   const ValueStates& states() const { return mStates; }
   void restyle(const Theme& theme);
+  // Room for the padlock is kept only where a value cannot be written.
   QSize sizeHint() const override;
 
  protected:

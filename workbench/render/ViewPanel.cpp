@@ -177,7 +177,13 @@ QString ViewPanel::explanation(const Control& control) const {
 
 QPixmap ViewPanel::picture() {
   refresh();
-  return widget() ? widget()->grab() : grab();
+  if (!widget()) return grab();
+  mWhole = true;
+  page()->place();
+  const QPixmap taken = widget()->grab();
+  mWhole = false;
+  page()->place();
+  return taken;
 }
 
 QString ViewPanel::text(const std::string& key) const {
@@ -304,6 +310,8 @@ bool ViewPanel::focusNextPrevChild(bool next) {
   if (focused && isAncestorOf(focused)) return false;
   return QScrollArea::focusNextPrevChild(next);
 }
+
+int ViewPanel::visibleWidth() const { return mWhole && widget() ? widget()->width() : viewport()->width(); }
 
 void ViewPanel::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);

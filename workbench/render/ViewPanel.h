@@ -87,6 +87,8 @@ class ViewPanel : public QScrollArea {
   QString label(const std::string& key) const;
   // A unit as the user reads it; empty for "noUnit".
   QString unitText(const std::string& unit) const;
+  // Of the page, as much as the user sees of it.
+  int visibleWidth() const;
   // Something has changed: paints in the next turn of the event loop.
   void schedule();
 
@@ -114,6 +116,7 @@ class ViewPanel : public QScrollArea {
   std::vector<std::unique_ptr<Shown>> mRetired;
   int mActing = 0;
   bool mScheduled = false;
+  bool mWhole = false;  // all of the page is seen: in a picture
 };
 
 }  // namespace ostrand

@@ -30,12 +30,12 @@ QTableWidgetItem* cell(const QString& text) {
 }  // namespace
 
 CompareDialog::CompareDialog(Host& host, const Texts& texts, QWidget* parent)
-    : QDialog(parent), mHost(host), mTexts(texts), mNote(new QLabel), mProgress(new QProgressBar), mTable(new QTableWidget), mOnlyDifferences(new QCheckBox(QStringLiteral("Only differences"))) {
+    : QDialog(parent), mHost(host), mTexts(texts), mNote(new QLabel), mProgress(new QProgressBar), mTable(new QTableWidget), mOnlyDifferences(new QCheckBox(mTexts.say("Only differences"))) {
   setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(QStringLiteral("Data set and device"));
+  setWindowTitle(mTexts.say("Data set and device"));
   mProgress->setTextVisible(false);
   mTable->setColumnCount(kColumns);
-  mTable->setHorizontalHeaderLabels({QStringLiteral("Value"), QStringLiteral("Data set"), QStringLiteral("Device"), QStringLiteral("Difference")});
+  mTable->setHorizontalHeaderLabels({mTexts.say("Value"), mTexts.say("Data set"), mTexts.say("Device"), mTexts.say("Difference")});
   mTable->verticalHeader()->hide();
   mTable->setShowGrid(false);
   mTable->setAlternatingRowColors(false);
@@ -47,10 +47,10 @@ CompareDialog::CompareDialog(Host& host, const Texts& texts, QWidget* parent)
   connect(mOnlyDifferences, &QCheckBox::toggled, this, [this] { filter(); });
 
   auto* const buttons = new QDialogButtonBox;
-  mAgain = buttons->addButton(QStringLiteral("Compare again"), QDialogButtonBox::ActionRole);
-  mRead = buttons->addButton(QStringLiteral("Read ticked into data set"), QDialogButtonBox::ActionRole);
-  mWrite = buttons->addButton(QStringLiteral("Write ticked to device"), QDialogButtonBox::ActionRole);
-  QPushButton* const close = buttons->addButton(QDialogButtonBox::Close);
+  mAgain = buttons->addButton(mTexts.say("Compare again"), QDialogButtonBox::ActionRole);
+  mRead = buttons->addButton(mTexts.say("Read ticked into data set"), QDialogButtonBox::ActionRole);
+  mWrite = buttons->addButton(mTexts.say("Write ticked to device"), QDialogButtonBox::ActionRole);
+  QPushButton* const close = buttons->addButton(mTexts.say("Close"), QDialogButtonBox::RejectRole);
   for (QPushButton* const each : {mAgain, mRead, mWrite}) each->setAutoDefault(false);
   connect(mAgain, &QPushButton::clicked, this, [this] { begin(); });
   connect(mRead, &QPushButton::clicked, this, [this] { readTicked(); });
@@ -94,7 +94,7 @@ void CompareDialog::refreshProgress() {
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.done());
   for (QPushButton* const each : {mAgain, mRead, mWrite}) each->setEnabled(!mRunning);
-  if (mRunning) mNote->setText(QStringLiteral("Asking the device: %1 of %2 requests").arg(transfer.done()).arg(transfer.total()));
+  if (mRunning) mNote->setText(mTexts.say("Asking the device: %1 of %2 requests").arg(transfer.done()).arg(transfer.total()));
 }
 
 QString CompareDialog::shown(const Comparison::Row& row, const std::string& value) const {
@@ -121,7 +121,7 @@ QString CompareDialog::difference(const Comparison::Row& row) const {
     return number ? parseNumber(fixedText(*number, decimals, '.'), '.') : number;
   };
   const auto ours = asShown(row.dataSet), theirs = asShown(row.device);
-  if (!info.isFloat() || !ours || !theirs) return QStringLiteral("differs");
+  if (!info.isFloat() || !ours || !theirs) return mTexts.say("differs");
   return qt((*theirs > *ours ? "+" : "") + fixedText(*theirs - *ours, decimals, mHost.desktop().locale().decimalSeparator));
 }
 
@@ -144,8 +144,8 @@ void CompareDialog::fill() {
     failures += !row.errorCode.empty();
     differences += row.errorCode.empty() && !row.same;
   }
-  QString note = differences == 0 ? QStringLiteral("%1 values compared, none differs").arg(rows.size()) : QStringLiteral("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
-  if (failures > 0) note += QStringLiteral(", %1 could not be read").arg(failures);
+  QString note = differences == 0 ? mTexts.say("%1 values compared, none differs").arg(rows.size()) : mTexts.say("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
+  if (failures > 0) note += QStringLiteral(", ") + mTexts.say("%1 could not be read").arg(failures);
   mNote->setText(note);
   filter();
 }

@@ -142,7 +142,7 @@ QVariant ConversationLog::data(const QModelIndex& index, int role) const {
         const std::string time = standardDateAndTime(line.time);
         return qt(time.substr(time.find(' ') + 1));
       }
-      return index.column() == What ? QString::fromLatin1(word(line.kind)) : qt(line.text);
+      return index.column() == What ? shownWord(line.kind) : qt(line.text);
     case Qt::ToolTipRole:
       return line.view.empty() ? QString() : qt(line.view);
     case KindRole:
@@ -159,7 +159,13 @@ QVariant ConversationLog::data(const QModelIndex& index, int role) const {
 QVariant ConversationLog::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
   static constexpr const char* kHeads[kColumns] = {"Time", "Kind", "Conversation"};
-  return QString::fromLatin1(kHeads[section]);
+  return mTexts.say(kHeads[section]);
+}
+
+void ConversationLog::setTexts(const Texts& texts) {
+  mTexts = texts;
+  headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
+  if (!mLines.empty()) dataChanged(index(0, What), index(static_cast<int>(mLines.size()) - 1, What));
 }
 
 }  // namespace ostrand

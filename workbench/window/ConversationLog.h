@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/base/Locale.h"
+#include "workbench/window/Texts.h"
 
 namespace ostrand {
 
@@ -18,6 +19,8 @@ class ConversationLog : public QAbstractItemModel {
   enum class Kind { User, Host, Data, Request, Message, Status, Change, Log, Error, Bus };
   static constexpr int kKinds = 10;
   static const char* word(Kind kind);
+  void setTexts(const Texts& texts);
+  QString shownWord(Kind kind) const { return mTexts.say(word(kind)); }
 
   struct Line {
     LocalTime time{};
@@ -58,6 +61,7 @@ class ConversationLog : public QAbstractItemModel {
   // Lines are named by numbers that never change, since rows move up when old lines go.
   std::optional<std::size_t> rowOf(Number number) const;
 
+  Texts mTexts;
   mutable std::deque<Line> mLines;
   Number mFirst = 1;
 };

@@ -16,15 +16,16 @@
 #include <algorithm>
 
 #include "workbench/window/ConversationFilter.h"
+#include "workbench/window/Spoken.h"
 
 namespace ostrand {
 
 namespace {
 
-QToolButton* button(const QString& text, const QString& hint) {
+QToolButton* button(const char* text, const char* hint) {
   auto* const made = new QToolButton;
-  made->setText(text);
-  made->setToolTip(hint);
+  speak(*made, "text", text);
+  speak(*made, "toolTip", hint);
   made->setFocusPolicy(Qt::TabFocus);
   return made;
 }
@@ -36,19 +37,21 @@ ConversationPanel::ConversationPanel(ConversationLog& log, QWidget* parent)
   setObjectName(QStringLiteral("conversation"));
   mFilter->setSourceModel(&mLog);
 
-  auto* const title = new QLabel(QStringLiteral("Conversation"));
+  auto* const title = new QLabel;
+  speak(*title, "text", "Conversation");
   title->setProperty("role", QStringLiteral("heading"));
-  mSearch->setPlaceholderText(QStringLiteral("Search"));
+  speak(*mSearch, "placeholderText", "Search");
   mSearch->setClearButtonEnabled(true);
   mSearch->setMaximumWidth(260);
   QObject::connect(mSearch, &QLineEdit::textChanged, this, [this](const QString& text) { mFilter->setSearch(text); });
 
-  mKinds = button(QStringLiteral("Kinds"), QStringLiteral("Which lines are shown"));
+  mKinds = button("Kinds", "Which lines are shown");
   mKinds->setPopupMode(QToolButton::InstantPopup);
   auto* const menu = new QMenu(mKinds);
   for (int i = 0; i < ConversationLog::kKinds; ++i) {
     const auto kind = static_cast<ConversationLog::Kind>(i);
-    QAction* const action = menu->addAction(QString::fromLatin1(ConversationLog::word(kind)));
+    QAction* const action = menu->addAction(QString());
+    speak(*action, "text", ConversationLog::word(kind));
     action->setCheckable(true);
     action->setChecked(true);
     QObject::connect(action, &QAction::toggled, this, [this, kind](bool on) { mFilter->setKind(kind, on); });
@@ -56,15 +59,15 @@ ConversationPanel::ConversationPanel(ConversationLog& log, QWidget* parent)
   }
   mKinds->setMenu(menu);
 
-  QToolButton* const copyButton = button(QStringLiteral("Copy"), QStringLiteral("Copy the chosen lines with their documents, or all"));
+  QToolButton* const copyButton = button("Copy", "Copy the chosen lines with their documents, or all");
   QObject::connect(copyButton, &QToolButton::clicked, this, [this] { copy(); });
-  QToolButton* const clear = button(QStringLiteral("Clear"), QStringLiteral("Empty the list; a recording goes on"));
+  QToolButton* const clear = button("Clear", "Empty the list; a recording goes on");
   QObject::connect(clear, &QToolButton::clicked, this, [this] { mLog.clear(); });
-  QToolButton* const save = button(QStringLiteral("Save as transcript…"), QStringLiteral("Save the conversation of this view so that it can be replayed"));
+  QToolButton* const save = button("Save as transcript…", "Save the conversation of this view so that it can be replayed");
   QObject::connect(save, &QToolButton::clicked, this, [this] {
     if (onSave) onSave();
   });
-  mRecord = button(QStringLiteral("Record…"), QStringLiteral("Write what follows into a transcript"));
+  mRecord = button("Record…", "Write what follows into a transcript");
   mRecord->setCheckable(true);
   QObject::connect(mRecord, &QToolButton::clicked, this, [this](bool on) {
     if (onRecord) onRecord(on);
@@ -117,15 +120,24 @@ void ConversationPanel::setTheme(const Theme& theme) {
   restyle();
 }
 
+void ConversationPanel::setTexts(const Texts& texts) {
+  mTexts = texts;
+  mLog.setTexts(texts);
+  restyle();
+}
+
 void ConversationPanel::restyle() {
   const QFontMetrics metrics(mList->font());
   mList->header()->resizeSection(ConversationLog::Time, metrics.horizontalAdvance(QStringLiteral("00:00:00.000")) + 56);
-  mList->header()->resizeSection(ConversationLog::What, metrics.horizontalAdvance(QStringLiteral("Messages")) + 24);
+  int widest = 0;
+  for (int i = 0; i < ConversationLog::kKinds; ++i) widest = std::max(widest, metrics.horizontalAdvance(mLog.shownWord(static_cast<ConversationLog::Kind>(i))));
+  mList->header()->resizeSection(ConversationLog::What, widest + 24);
 }
 
 void ConversationPanel::setRecording(bool on) {
   mRecord->setChecked(on);
-  mRecord->setText(on ? QStringLiteral("● Stop recording") : QStringLiteral("Record…"));
+  speak(*mRecord, "text", on ? "● Stop recording" : "Record…");
+  mRecord->setText(mTexts.say(on ? "● Stop recording" : "Record…"));
 }
 
 void ConversationPanel::setKindShown(ConversationLog::Kind kind, bool shown) { mKindActions[static_cast<std::size_t>(kind)]->setChecked(shown); }

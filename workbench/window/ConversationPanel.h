@@ -25,6 +25,7 @@ class ConversationPanel : public QWidget {
   explicit ConversationPanel(ConversationLog& log, QWidget* parent = nullptr);
 
   void setTheme(const Theme& theme);
+  void setTexts(const Texts& texts);
   void setRecording(bool on);
   void setKindShown(ConversationLog::Kind kind, bool shown);
   bool isKindShown(ConversationLog::Kind kind) const;
@@ -43,6 +44,7 @@ class ConversationPanel : public QWidget {
   void restyle();
 
   ConversationLog& mLog;
+  Texts mTexts;
   ConversationFilter* mFilter;
   QTreeView* mList;
   QLineEdit* mSearch;

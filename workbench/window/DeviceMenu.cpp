@@ -12,6 +12,7 @@
 #include "workbench/window/FaultsDialog.h"
 #include "workbench/window/MainWindow.h"
 #include "workbench/window/PendingEdits.h"
+#include "workbench/window/Spoken.h"
 #include "workbench/window/TransferDialog.h"
 
 namespace ostrand {
@@ -26,34 +27,38 @@ constexpr std::pair<CommunicationMode, const char*> kModes[] = {{CommunicationMo
 }  // namespace
 
 DeviceMenu::DeviceMenu(MainWindow& window, QToolBar& tools) : mWindow(window) {
-  QMenu* const menu = window.menuBar()->addMenu(QStringLiteral("&Device"));
-  const auto add = [&](QMenu* to, const QString& text, const QKeySequence& keys, void (DeviceMenu::*command)()) {
-    QAction* const action = to->addAction(text, &window, [this, command] { (this->*command)(); });
+  QMenu* const menu = window.menuBar()->addMenu(QString());
+  speak(*menu, "title", "&Device");
+  const auto add = [&](const char* text, const QKeySequence& keys, void (DeviceMenu::*command)()) {
+    QAction* const action = menu->addAction(QString(), &window, [this, command] { (this->*command)(); });
+    speak(*action, "text", text);
     action->setShortcut(keys);
     return action;
   };
-  mReadPage = add(menu, QStringLiteral("&Read this page"), QKeySequence(Qt::Key_F5), &DeviceMenu::readPage);
-  QAction* const readAllAction = add(menu, QStringLiteral("Read &all"), QKeySequence(Qt::SHIFT | Qt::Key_F5), &DeviceMenu::readAll);
-  QAction* const compareAction = add(menu, QStringLiteral("&Compare data set with device…"), QKeySequence(Qt::Key_F7), &DeviceMenu::compare);
+  mReadPage = add("&Read this page", QKeySequence(Qt::Key_F5), &DeviceMenu::readPage);
+  QAction* const readAllAction = add("Read &all", QKeySequence(Qt::SHIFT | Qt::Key_F5), &DeviceMenu::readAll);
+  QAction* const compareAction = add("&Compare data set with device…", QKeySequence(Qt::Key_F7), &DeviceMenu::compare);
   menu->addSeparator();
-  mUndo = add(menu, QStringLiteral("&Undo this edit"), {}, &DeviceMenu::undoEdit);
-  mDiscard = add(menu, QStringLiteral("&Discard all edits"), {}, &DeviceMenu::discardEdits);
-  mApply = add(menu, QStringLiteral("A&pply all edits"), QKeySequence(Qt::CTRL | Qt::Key_Return), &DeviceMenu::applyEdits);
+  mUndo = add("&Undo this edit", {}, &DeviceMenu::undoEdit);
+  mDiscard = add("&Discard all edits", {}, &DeviceMenu::discardEdits);
+  mApply = add("A&pply all edits", QKeySequence(Qt::CTRL | Qt::Key_Return), &DeviceMenu::applyEdits);
   menu->addSeparator();
-  mModes = menu->addMenu(QStringLiteral("C&onnection"));
+  mModes = menu->addMenu(QString());
+  speak(*mModes, "title", "C&onnection");
   for (const auto& [mode, text] : kModes) {
-    QAction* const action = mModes->addAction(QString::fromLatin1(text), &window, [this, mode = static_cast<int>(mode)] { setMode(mode); });
+    QAction* const action = mModes->addAction(QString(), &window, [this, mode = static_cast<int>(mode)] { setMode(mode); });
+    speak(*action, "text", text);
     action->setCheckable(true);
     action->setData(static_cast<int>(mode));
   }
-  add(menu, QStringLiteral("&Simulator: faults and speed…"), {}, &DeviceMenu::simulator);
+  add("&Simulator: faults and speed…", {}, &DeviceMenu::simulator);
 
-  mReadPage->setIconText(QStringLiteral("Read page"));
-  readAllAction->setIconText(QStringLiteral("Read all"));
-  compareAction->setIconText(QStringLiteral("Compare"));
-  mUndo->setIconText(QStringLiteral("Undo edit"));
-  mDiscard->setIconText(QStringLiteral("Discard edits"));
-  mApply->setIconText(QStringLiteral("Apply edits"));
+  speak(*mReadPage, "iconText", "Read page");
+  speak(*readAllAction, "iconText", "Read all");
+  speak(*compareAction, "iconText", "Compare");
+  speak(*mUndo, "iconText", "Undo edit");
+  speak(*mDiscard, "iconText", "Discard edits");
+  speak(*mApply, "iconText", "Apply edits");
   for (QAction* const action : {mReadPage, readAllAction, compareAction}) tools.addAction(action);
   tools.addSeparator();
   for (QAction* const action : {mApply, mUndo, mDiscard}) tools.addAction(action);
@@ -85,7 +90,7 @@ void DeviceMenu::refresh() {
 bool DeviceMenu::mayTransfer() {
   mWindow.panel().commit();
   if (!mWindow.host().transfer().running()) return true;
-  mWindow.status().say(QStringLiteral("A transfer is running; wait for its end"));
+  mWindow.status().say(say("A transfer is running; wait for its end"));
   return false;
 }
 
@@ -96,7 +101,7 @@ void DeviceMenu::showTransfer() {
 
 void DeviceMenu::readPage() {
   if (!mayTransfer()) return;
-  mWindow.attempt(QStringLiteral("The page could not be read"), [&] {
+  mWindow.attempt(say("The page could not be read"), [&] {
     mWindow.host().readGroup(mWindow.workbench().current().frame(), [this, alive = QPointer(&mWindow)] {
       // One page needs no list of its own, unless something failed.
       if (alive && !mWindow.host().transfer().failures().empty()) showTransfer();
@@ -106,13 +111,13 @@ void DeviceMenu::readPage() {
 
 void DeviceMenu::readAll() {
   if (!mayTransfer()) return;
-  if (mWindow.attempt(QStringLiteral("The device could not be read"), [&] { mWindow.host().readAll(); })) showTransfer();
+  if (mWindow.attempt(say("The device could not be read"), [&] { mWindow.host().readAll(); })) showTransfer();
 }
 
 void DeviceMenu::compare() {
   mWindow.panel().commit();
   if (!mCompare) mCompare = new CompareDialog(mWindow.host(), mWindow.workbench().texts(), &mWindow);
-  mWindow.attempt(QStringLiteral("Data set and device could not be compared"), [&] { mCompare->begin(); });
+  mWindow.attempt(say("Data set and device could not be compared"), [&] { mCompare->begin(); });
 }
 
 // --- edits
@@ -121,7 +126,7 @@ void DeviceMenu::undoEdit() {
   mWindow.panel().commit();
   ViewSite* const front = mWindow.host().front();
   const std::vector<EditControl*> edits = front ? pendingEdits(front->view()) : std::vector<EditControl*>();
-  if (edits.empty()) return mWindow.status().say(QStringLiteral("There is no edit on this page"));
+  if (edits.empty()) return mWindow.status().say(say("There is no edit on this page"));
   EditControl* edit = edits.back();
   for (EditControl* const each : edits)
     if (each->owner() && each->owner()->focused() == each) edit = each;
@@ -131,24 +136,24 @@ void DeviceMenu::undoEdit() {
 
 void DeviceMenu::discardEdits() {
   mWindow.panel().commit();
-  if (mWindow.workbench().prompt().ask("Discard all edits?", "All values go back to what the data set last knew of the device.") != UserPrompt::kGoOn) return;
+  if (mWindow.workbench().prompt().ask(say("Discard all edits?").toStdString(), say("All values go back to what the data set last knew of the device.").toStdString()) != UserPrompt::kGoOn) return;
   mWindow.host().discardEdits();
   refresh();
 }
 
 void DeviceMenu::applyEdits() {
   if (!mayTransfer()) return;
-  mWindow.attempt(QStringLiteral("The edits could not be applied"), [&] {
+  mWindow.attempt(say("The edits could not be applied"), [&] {
     std::vector<Change> changes = mWindow.host().collectChanges();
     addOfflineEdits(changes);
-    if (changes.empty()) return mWindow.status().say(QStringLiteral("There are no edits to apply; values with a button of their own are applied by it"));
+    if (changes.empty()) return mWindow.status().say(say("There are no edits to apply; values with a button of their own are applied by it"));
     const std::vector<Change> left = mWindow.host().applyChanges(changes, [this, alive = QPointer(&mWindow)] {
       if (alive) refresh();
     });
     if (left.size() < changes.size()) showTransfer();
     QStringList names;
     for (const Change& change : left) names << qt(change.caption.empty() ? change.name : change.caption);
-    if (!names.isEmpty()) mWindow.tell(QStringLiteral("Not all edits could go"), QStringLiteral("The data set has no parameter for: %1").arg(names.join(QStringLiteral(", "))));
+    if (!names.isEmpty()) mWindow.tell(say("Not all edits could go"), say("The data set has no parameter for: %1").arg(names.join(QStringLiteral(", "))));
   });
 }
 
@@ -171,9 +176,11 @@ void DeviceMenu::setMode(int mode) {
 }
 
 void DeviceMenu::simulator() {
-  if (!mFaults) mFaults = new FaultsDialog(mWindow.host(), mWindow.theme(), &mWindow);
+  if (!mFaults) mFaults = new FaultsDialog(mWindow.host(), mWindow.theme(), mWindow.workbench().texts(), &mWindow);
   mFaults->show();
   mFaults->raise();
 }
+
+QString DeviceMenu::say(const char* english) const { return mWindow.workbench().texts().say(english); }
 
 }  // namespace ostrand

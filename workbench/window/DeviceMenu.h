@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QPointer>
 #include <vector>
 
@@ -40,6 +41,7 @@ class DeviceMenu {
   void showTransfer();
   bool mayTransfer();
   void addOfflineEdits(std::vector<Change>& changes) const;
+  QString say(const char* english) const;
 
   MainWindow& mWindow;
   QAction* mReadPage;

@@ -1,18 +1,25 @@
 #include "workbench/window/DevicePicture.h"
 
 #include <QPainter>
+#include <QSvgRenderer>
 #include <cmath>
 
 namespace ostrand {
 
 namespace {
 
-// Where the reader of vector drawings is not installed, the picture counts as absent.
+// Painted at the size that is shown, so that it stays sharp. One that cannot be read counts as absent.
 QPixmap fromSvg(const Picture& picture, int height, double pixelRatio) {
-  if (picture.svg.empty()) return {};
-  QPixmap pixmap;
-  if (!pixmap.loadFromData(reinterpret_cast<const uchar*>(picture.svg.data()), static_cast<uint>(picture.svg.size()), "SVG")) return {};
-  pixmap = pixmap.scaledToHeight(static_cast<int>(std::lround(height * pixelRatio)), Qt::SmoothTransformation);
+  QSvgRenderer drawing(QByteArray::fromRawData(picture.svg.data(), static_cast<qsizetype>(picture.svg.size())));
+  const QSizeF size = drawing.isValid() ? drawing.viewBoxF().size() : QSizeF();
+  if (size.isEmpty()) return {};
+  const double scale = height * pixelRatio / size.height();
+  QPixmap pixmap((size * scale).toSize());
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  drawing.render(&painter, QRectF(pixmap.rect()));
+  painter.end();
   pixmap.setDevicePixelRatio(pixelRatio);
   return pixmap;
 }

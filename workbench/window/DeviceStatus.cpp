@@ -22,11 +22,11 @@ DeviceStatus::~DeviceStatus() {
   if (mTimer) mHost.desktop().cancel(*mTimer);
 }
 
-Ne107 DeviceStatus::state(const std::vector<Ne107>& priorities) const {
-  if (!mAnswers || !mKnown) return Ne107::Unknown;
+std::optional<Ne107> DeviceStatus::state(const std::vector<Ne107>& order) const {
+  if (!mAnswers || !mKnown) return std::nullopt;
   std::vector<Ne107> signalled;
   for (const auto& [name, state] : mInForce) signalled.push_back(state);
-  return ne107::mostImportant(signalled, priorities);
+  return foremost(signalled, order);
 }
 
 void DeviceStatus::refresh() {
@@ -41,10 +41,16 @@ void DeviceStatus::tick() {
   mTimer = mHost.desktop().schedule(free ? kPeriod : kSoon, [this] { tick(); });
 }
 
+// The same that the page with the device's status shows.
+std::optional<Ne107> DeviceStatus::categoryOf(const std::string& parameter) const {
+  if (!parameter.starts_with("status") || !mHost.dataSet()) return std::nullopt;
+  return ne107OfRaised(mappingByTail(mHost.dataSet()->document(), parameter));
+}
+
 void DeviceStatus::ask() {
   std::vector<MessageItem> items;
   for (const std::string& name : mHost.dataSet()->parametersOf(kGroup))
-    if (ne107::signalOf(name) != Ne107::Good) items.push_back(mHost.dataSet()->item(name, false));
+    if (categoryOf(name)) items.push_back(mHost.dataSet()->item(name, false));
   if (items.empty()) return;
   Request request;
   request.name = kGroup;
@@ -62,15 +68,15 @@ void DeviceStatus::requestAnswered(const Request&, const Document& answer) {
   if (!response) return;
   for (Node item = response.firstChild(); item; item = item.nextSibling()) {
     const std::string name(item.findAttribute("name").value_or(""));
-    const Ne107 signal = ne107::signalOf(name);
-    if (signal == Ne107::Good) continue;
+    const std::optional<Ne107> category = categoryOf(name);
+    if (!category) continue;
     const Node value = item.firstChild();
     if (!value) continue;
     mKnown = moved = true;
     if (value.text() == "0")
       mInForce.erase(name);
     else
-      mInForce[name] = signal;
+      mInForce[name] = *category;
   }
   if (moved) changed();
 }

@@ -2,23 +2,26 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/Host.h"
 #include "platform/base/Signal.h"
-#include "workbench/window/Ne107.h"
+#include "platform/controls/Ne107.h"
 
 namespace ostrand {
 
 // What one device says of itself: asks it for its status bits from time to time while nothing else is on the bus, and
-// listens to what it answers to others. Bits that last until they have been seen are left to the views.
+// listens to what it answers to others. A bit counts if its mapping in the data set names a category; the others last until
+// they have been seen, and are left to the views.
 class DeviceStatus : private HostObserver {
  public:
   explicit DeviceStatus(Host& host);
   ~DeviceStatus();
 
-  Ne107 state(const std::vector<Ne107>& priorities) const;
+  // What comes first in the order of the signals in force; nothing while nobody knows.
+  std::optional<Ne107> state(const std::vector<Ne107>& order) const;
   // The bits that are set and say something, by name.
   const std::map<std::string, Ne107>& inForce() const { return mInForce; }
   bool answers() const { return mAnswers; }
@@ -36,6 +39,8 @@ class DeviceStatus : private HostObserver {
 
   Host& mHost;
   std::optional<Desktop::TimerId> mTimer;
+  std::optional<Ne107> categoryOf(const std::string& parameter) const;
+
   bool mAsking = false;
   bool mKnown = false;
   bool mAnswers = true;

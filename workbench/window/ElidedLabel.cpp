@@ -5,7 +5,7 @@
 
 namespace ostrand {
 
-QSize ElidedLabel::minimumSizeHint() const { return {std::min(sizeHint().width(), 4 * fontMetrics().averageCharWidth()), sizeHint().height()}; }
+QSize ElidedLabel::minimumSizeHint() const { return {std::min(sizeHint().width(), 12 * fontMetrics().averageCharWidth()), sizeHint().height()}; }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);

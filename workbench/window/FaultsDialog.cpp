@@ -23,32 +23,32 @@ constexpr std::pair<const char*, const char*> kSpeeds[] = {{"As on the bus", "1"
 
 }  // namespace
 
-FaultsDialog::FaultsDialog(Host& host, const Theme& theme, QWidget* parent)
-    : QDialog(parent), mHost(host), mFault(new ChoiceBox(theme, this)), mArgument(new QLineEdit), mDescription(new QLabel), mInForce(new QLabel(QStringLiteral("none"))) {
+FaultsDialog::FaultsDialog(Host& host, const Theme& theme, const Texts& texts, QWidget* parent)
+    : QDialog(parent), mHost(host), mTexts(texts), mFault(new ChoiceBox(theme, this)), mArgument(new QLineEdit), mDescription(new QLabel), mInForce(new QLabel(mTexts.say("none"))) {
   setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(QStringLiteral("Simulated device"));
+  setWindowTitle(mTexts.say("Simulated device"));
   for (const FaultKind& fault : Device::faults())
     if (fault.name != "slow") mFault->addItem(view(fault.name));
   mDescription->setProperty("role", QStringLiteral("note"));
   mDescription->setWordWrap(true);
   mInForce->setWordWrap(true);
   auto* const speed = new ChoiceBox(theme, this);
-  for (const auto& [text, factor] : kSpeeds) speed->addItem(QString::fromLatin1(text), QString::fromLatin1(factor));
+  for (const auto& [text, factor] : kSpeeds) speed->addItem(mTexts.say(text), QString::fromLatin1(factor));
   connect(mFault, &QComboBox::currentIndexChanged, this, [this] { describe(); });
   connect(speed, &QComboBox::activated, this, [this, speed] { set("slow", speed->currentData().toString().toStdString()); });
 
   auto* const form = new QFormLayout;
   form->setHorizontalSpacing(16);
   form->setVerticalSpacing(10);
-  form->addRow(QStringLiteral("Speed"), speed);
-  form->addRow(QStringLiteral("Fault"), mFault);
+  form->addRow(mTexts.say("Speed"), speed);
+  form->addRow(mTexts.say("Fault"), mFault);
   form->addRow(QString(), mDescription);
-  form->addRow(QStringLiteral("Argument"), mArgument);
-  form->addRow(QStringLiteral("In force"), mInForce);
+  form->addRow(mTexts.say("Argument"), mArgument);
+  form->addRow(mTexts.say("In force"), mInForce);
   auto* const buttons = new QDialogButtonBox;
-  QPushButton* const setButton = buttons->addButton(QStringLiteral("Set"), QDialogButtonBox::ActionRole);
-  QPushButton* const end = buttons->addButton(QStringLiteral("End all faults"), QDialogButtonBox::ActionRole);
-  QPushButton* const close = buttons->addButton(QDialogButtonBox::Close);
+  QPushButton* const setButton = buttons->addButton(mTexts.say("Set"), QDialogButtonBox::ActionRole);
+  QPushButton* const end = buttons->addButton(mTexts.say("End all faults"), QDialogButtonBox::ActionRole);
+  QPushButton* const close = buttons->addButton(mTexts.say("Close"), QDialogButtonBox::RejectRole);
   connect(setButton, &QPushButton::clicked, this, [this] { setChosen(); });
   connect(end, &QPushButton::clicked, this, [this, speed] {
     set("none", {});
@@ -81,14 +81,14 @@ void FaultsDialog::set(const std::string& fault, const std::string& argument) {
   device->setFault(fault, argument);
   if (fault == "none") mSet.clear();
   else mSet << qt(argument.empty() ? fault : fault + " " + argument);
-  mInForce->setText(mSet.isEmpty() ? QStringLiteral("none") : mSet.join(QStringLiteral(", ")));
+  mInForce->setText(mSet.isEmpty() ? mTexts.say("none") : mSet.join(QStringLiteral(", ")));
 }
 
 void FaultsDialog::setChosen() {
   try {
     set(mFault->currentText().toStdString(), mArgument->text().toStdString());
   } catch (const RuntimeError& error) {
-    mInForce->setText(QStringLiteral("Not set: %1").arg(qt(error.description())));
+    mInForce->setText(mTexts.say("Not set: %1").arg(qt(error.description())));
   }
 }
 

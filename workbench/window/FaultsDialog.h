@@ -9,12 +9,14 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 
+#include "workbench/window/Texts.h"
+
 namespace ostrand {
 
 // What is wrong with the simulated device, and how fast it is.
 class FaultsDialog : public QDialog {
  public:
-  FaultsDialog(Host& host, const Theme& theme, QWidget* parent);
+  FaultsDialog(Host& host, const Theme& theme, const Texts& texts, QWidget* parent);
 
   // RuntimeError 5 for an argument that cannot be used.
   void set(const std::string& fault, const std::string& argument);
@@ -24,6 +26,7 @@ class FaultsDialog : public QDialog {
   void setChosen();
 
   Host& mHost;
+  Texts mTexts;
   QComboBox* mFault;
   QLineEdit* mArgument;
   QLabel* mDescription;

@@ -9,6 +9,7 @@
 #include "platform/base/File.h"
 #include "platform/base/RuntimeError.h"
 #include "workbench/window/MainWindow.h"
+#include "workbench/window/Spoken.h"
 #include "workbench/window/TextDialog.h"
 #include "workbench/window/ViewPicture.h"
 
@@ -24,28 +25,31 @@ QString shown(const std::filesystem::path& file) { return QString::fromStdU16Str
 }  // namespace
 
 FileMenu::FileMenu(MainWindow& window, QToolBar& tools) : mWindow(window) {
-  QMenu* const menu = window.menuBar()->addMenu(QStringLiteral("&File"));
-  const auto add = [&](const QString& text, const QKeySequence& keys, void (FileMenu::*command)()) {
-    QAction* const action = menu->addAction(text, &window, [this, command] { (this->*command)(); });
+  QMenu* const menu = window.menuBar()->addMenu(QString());
+  speak(*menu, "title", "&File");
+  const auto add = [&](const char* text, const QKeySequence& keys, void (FileMenu::*command)()) {
+    QAction* const action = menu->addAction(QString(), &window, [this, command] { (this->*command)(); });
+    speak(*action, "text", text);
     action->setShortcut(keys);
     return action;
   };
-  QAction* const openAction = add(QStringLiteral("&Open data set…"), QKeySequence::Open, &FileMenu::open);
-  mSave = add(QStringLiteral("&Save data set"), QKeySequence::Save, &FileMenu::save);
-  add(QStringLiteral("Save data set &as…"), QKeySequence(QStringLiteral("Ctrl+Shift+S")), &FileMenu::saveAs);
+  QAction* const openAction = add("&Open data set…", QKeySequence::Open, &FileMenu::open);
+  mSave = add("&Save data set", QKeySequence::Save, &FileMenu::save);
+  add("Save data set &as…", QKeySequence(QStringLiteral("Ctrl+Shift+S")), &FileMenu::saveAs);
   menu->addSeparator();
-  add(QStringLiteral("Save conversation as &transcript…"), {}, &FileMenu::saveTranscript);
-  mRecord = menu->addAction(QStringLiteral("&Record a transcript…"), &window, [this](bool on) { record(on); });
+  add("Save conversation as &transcript…", {}, &FileMenu::saveTranscript);
+  mRecord = menu->addAction(QString(), &window, [this](bool on) { record(on); });
+  speak(*mRecord, "text", "&Record a transcript…");
   mRecord->setCheckable(true);
-  add(QStringLiteral("Re&play a transcript…"), {}, &FileMenu::replay);
+  add("Re&play a transcript…", {}, &FileMenu::replay);
   menu->addSeparator();
-  add(QStringLiteral("Save view as p&icture…"), {}, &FileMenu::savePicture);
-  add(QStringLiteral("&Print view…"), QKeySequence::Print, &FileMenu::print);
+  add("Save view as p&icture…", {}, &FileMenu::savePicture);
+  add("&Print view…", QKeySequence::Print, &FileMenu::print);
   menu->addSeparator();
-  menu->addAction(QStringLiteral("&Quit"), QKeySequence(QStringLiteral("Ctrl+Q")), &window, [&window] { window.close(); });
+  speak(*menu->addAction(QString(), QKeySequence(QStringLiteral("Ctrl+Q")), &window, [&window] { window.close(); }), "text", "&Quit");
 
-  openAction->setIconText(QStringLiteral("Open"));
-  mSave->setIconText(QStringLiteral("Save"));
+  speak(*openAction, "iconText", "Open");
+  speak(*mSave, "iconText", "Save");
   tools.addAction(openAction);
   tools.addAction(mSave);
   tools.addSeparator();
@@ -62,30 +66,31 @@ void FileMenu::open() {
   mWindow.panel().commit();
   Workbench& workbench = mWindow.workbench();
   if (workbench.current().hasUnsavedEdits() &&
-      workbench.prompt().ask("There are edits that nobody has saved", "They are lost when another data set is opened. Open it all the same?") != UserPrompt::kGoOn)
+      workbench.prompt().ask(say("There are edits that nobody has saved").toStdString(), say("They are lost when another data set is opened. Open it all the same?").toStdString()) != UserPrompt::kGoOn)
     return;
-  const auto file = workbench.desktop().openDialog({"Open data set", kDataSets, "xml", workbench.dataFolder() / "devices"});
+  const auto file = workbench.desktop().openDialog({say("Open data set").toStdString(), kDataSets, "xml", workbench.dataFolder() / "devices"});
   if (!file) return;
-  if (mWindow.attempt(QStringLiteral("%1 could not be opened").arg(shown(*file)), [&] { workbench.openDataSet(*file); }))
-    mWindow.status().say(QStringLiteral("%1 is open").arg(shown(*file)));
+  if (mWindow.attempt(say("%1 could not be opened").arg(shown(*file)), [&] { workbench.openDataSet(*file); }))
+    mWindow.status().say(say("%1 is open").arg(shown(*file)));
+  mWindow.warnOfForcedOutput(workbench.current());
 }
 
 void FileMenu::save() {
   mWindow.panel().commit();
   DataSet* const dataSet = mWindow.host().dataSet();
   if (!dataSet || dataSet->file().empty()) return saveAs();
-  if (mWindow.attempt(QStringLiteral("%1 could not be saved; the file is as it was").arg(shown(dataSet->file())), [&] { dataSet->save(); }))
-    mWindow.status().say(QStringLiteral("%1 is saved").arg(shown(dataSet->file())));
+  if (mWindow.attempt(say("%1 could not be saved; the file is as it was").arg(shown(dataSet->file())), [&] { dataSet->save(); }))
+    mWindow.status().say(say("%1 is saved").arg(shown(dataSet->file())));
 }
 
 void FileMenu::saveAs() {
   mWindow.panel().commit();
   DataSet* const dataSet = mWindow.host().dataSet();
   if (!dataSet) return;
-  const auto file = mWindow.workbench().desktop().saveDialog({"Save data set", kDataSets, "xml", dataSet->file().filename().string()});
+  const auto file = mWindow.workbench().desktop().saveDialog({say("Save data set").toStdString(), kDataSets, "xml", dataSet->file().filename().string()});
   if (!file) return;
-  if (mWindow.attempt(QStringLiteral("%1 could not be saved; a file that was there is as it was").arg(shown(*file)), [&] { dataSet->saveAs(*file); }))
-    mWindow.status().say(QStringLiteral("%1 is saved").arg(shown(*file)));
+  if (mWindow.attempt(say("%1 could not be saved; a file that was there is as it was").arg(shown(*file)), [&] { dataSet->saveAs(*file); }))
+    mWindow.status().say(say("%1 is saved").arg(shown(*file)));
 }
 
 // --- transcripts
@@ -93,18 +98,18 @@ void FileMenu::saveAs() {
 std::optional<std::filesystem::path> FileMenu::askForTranscript() {
   ViewSite* const front = mWindow.host().front();
   const std::string name = (front ? front->className() : std::string("view")) + ".transcript";
-  return mWindow.workbench().desktop().saveDialog({"Save transcript", kTranscripts, "transcript", name});
+  return mWindow.workbench().desktop().saveDialog({say("Save transcript").toStdString(), kTranscripts, "transcript", name});
 }
 
 void FileMenu::saveTranscript() {
   mWindow.panel().commit();
   // What is said while the dialog is open does not belong to it.
   const std::string text = mWindow.workbench().current().transcript();
-  if (text.empty()) return mWindow.status().say(QStringLiteral("No view is open whose conversation could be saved"));
+  if (text.empty()) return mWindow.status().say(say("No view is open whose conversation could be saved"));
   const auto file = askForTranscript();
   if (!file) return;
-  if (mWindow.attempt(QStringLiteral("%1 could not be written").arg(shown(*file)), [&] { writeWholeFile(*file, text); }))
-    mWindow.status().say(QStringLiteral("%1 is written; it can be replayed").arg(shown(*file)));
+  if (mWindow.attempt(say("%1 could not be written").arg(shown(*file)), [&] { writeWholeFile(*file, text); }))
+    mWindow.status().say(say("%1 is written; it can be replayed").arg(shown(*file)));
 }
 
 void FileMenu::record(bool on) {
@@ -116,35 +121,35 @@ void FileMenu::record(bool on) {
     if (file) {
       mRecording = file;
       mWindow.panel().setView(nullptr);
-      mWindow.attempt(QStringLiteral("The view could not be opened anew"), [&] { device.reopen(); });
+      mWindow.attempt(say("The view could not be opened anew"), [&] { device.reopen(); });
       mWindow.showFront();
       mRecorder = device.host().front() ? device.recordings().of(*device.host().front()) : nullptr;
     }
   } else {
     const std::filesystem::path file = *std::exchange(mRecording, std::nullopt);
     mWindow.panel().commit();
-    if (mWindow.attempt(QStringLiteral("%1 could not be written").arg(shown(file)), [&] { writeWholeFile(file, mRecorder ? mRecorder->text() : std::string()); }))
-      mWindow.status().say(QStringLiteral("%1 is written; it can be replayed").arg(shown(file)));
+    if (mWindow.attempt(say("%1 could not be written").arg(shown(file)), [&] { writeWholeFile(file, mRecorder ? mRecorder->text() : std::string()); }))
+      mWindow.status().say(say("%1 is written; it can be replayed").arg(shown(file)));
   }
   refresh();
 }
 
 void FileMenu::replay() {
   Workbench& workbench = mWindow.workbench();
-  const auto file = workbench.desktop().openDialog({"Replay a transcript", kTranscripts, "transcript", {}});
+  const auto file = workbench.desktop().openDialog({say("Replay a transcript").toStdString(), kTranscripts, "transcript", {}});
   if (!file) return;
   Replay::Result result;
-  if (!mWindow.attempt(QStringLiteral("%1 could not be replayed").arg(shown(*file)), [&] { result = Replay(workbench.components(), workbench.dataFolder()).compare(*file); }))
+  if (!mWindow.attempt(say("%1 could not be replayed").arg(shown(*file)), [&] { result = Replay(workbench.components(), workbench.dataFolder()).compare(*file); }))
     return;
   switch (result.outcome) {
     case Replay::Outcome::Matches:
-      mWindow.tell(QStringLiteral("The replay matches"), QStringLiteral("%1: the view said what the transcript tells.").arg(shown(*file)));
+      mWindow.tell(say("The replay matches"), say("%1: the view said what the transcript tells.").arg(shown(*file)));
       break;
     case Replay::Outcome::Differs:
-      TextDialog::show(mWindow, QStringLiteral("%1 differs").arg(shown(*file)), QStringLiteral("Lines with − were expected and lines with + were said."), qt(result.text));
+      TextDialog::show(mWindow, say("%1 differs").arg(shown(*file)), say("Lines with − were expected and lines with + were said."), qt(result.text));
       break;
     case Replay::Outcome::Malformed:
-      mWindow.tell(QStringLiteral("%1 is no transcript of this version").arg(shown(*file)), QStringLiteral("%1\nOpen a file that this program has recorded.").arg(qt(result.text).trimmed()));
+      mWindow.tell(say("%1 is no transcript of this version").arg(shown(*file)), qt(result.text).trimmed() + QLatin1Char('\n') + say("Open a file that this program has recorded."));
       break;
   }
 }
@@ -152,12 +157,14 @@ void FileMenu::replay() {
 // --- pictures
 
 void FileMenu::savePicture() {
-  const auto file = mWindow.workbench().desktop().saveDialog({"Save view as picture", "Pictures|*.png|Documents|*.pdf", "png", mWindow.place().frame + ".png"});
+  const auto file = mWindow.workbench().desktop().saveDialog({say("Save view as picture").toStdString(), "Pictures|*.png|Documents|*.pdf", "png", mWindow.place().frame + ".png"});
   if (!file) return;
-  if (mWindow.attempt(QStringLiteral("%1 could not be written").arg(shown(*file)), [&] { writePicture(mWindow.panel().picture(), *file); }))
-    mWindow.status().say(QStringLiteral("%1 is written").arg(shown(*file)));
+  if (mWindow.attempt(say("%1 could not be written").arg(shown(*file)), [&] { writePicture(mWindow.panel().picture(), *file); }))
+    mWindow.status().say(say("%1 is written").arg(shown(*file)));
 }
 
 void FileMenu::print() { printPicture(mWindow.panel().picture(), mWindow); }
+
+QString FileMenu::say(const char* english) const { return mWindow.workbench().texts().say(english); }
 
 }  // namespace ostrand

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <filesystem>
 #include <optional>
 
@@ -32,6 +33,7 @@ class FileMenu {
 
  private:
   std::optional<std::filesystem::path> askForTranscript();
+  QString say(const char* english) const;
 
   MainWindow& mWindow;
   QAction* mSave;

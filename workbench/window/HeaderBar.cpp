@@ -8,6 +8,8 @@
 #include "platform/xml/Vocabulary.h"
 #include "workbench/window/DevicePicture.h"
 #include "workbench/window/ElidedLabel.h"
+#include "workbench/window/SignalSymbol.h"
+#include "workbench/window/Spoken.h"
 
 namespace ostrand {
 
@@ -22,8 +24,9 @@ QLabel* with(QLabel* label, const char* role) {
   return label;
 }
 
-// In a narrow window the texts are cut, and the tree keeps its place.
-QLabel* text(const char* role) { return with(new ElidedLabel, role); }
+// Texts of any length may be cut.
+QLabel* cuttable(const char* role) { return with(new ElidedLabel, role); }
+QLabel* whole(const char* role) { return with(new QLabel, role); }
 
 // A coded value as its choice is called.
 QString valueText(DataSet& dataSet, const Texts& texts, const char* parameter) {
@@ -37,15 +40,22 @@ QString valueText(DataSet& dataSet, const Texts& texts, const char* parameter) {
 }  // namespace
 
 HeaderBar::HeaderBar(QWidget* parent)
-    : QWidget(parent), mPicture(new QLabel), mLogoLabel(new QLabel), mTag(with(new QLabel, "title")), mDescription(text("note")), mSymbol(new QLabel), mLetter(with(new QLabel, "letter")), mWord(with(new QLabel, "strong")) {
+    : QWidget(parent),
+      mPicture(new QLabel),
+      mLogoLabel(new QLabel),
+      mTag(whole("title")),
+      mDescription(cuttable("note")),
+      mFacts(new QGridLayout),
+      mSymbol(new QLabel),
+      mLetter(whole("letter")),
+      mWord(whole("strong")) {
   setObjectName(QStringLiteral("header"));
-  auto* const grid = new QGridLayout;
-  grid->setHorizontalSpacing(28);
-  grid->setVerticalSpacing(2);
-  mType = addFact(*grid, 0);
-  mSerial = addFact(*grid, 1);
-  mBus = addFact(*grid, 2);
-  mConnection = addFact(*grid, 3);
+  mFacts->setHorizontalSpacing(28);
+  mFacts->setVerticalSpacing(2);
+  mType = addFact(0, cuttable("strong"));
+  mSerial = addFact(1, whole("strong"));
+  mBus = addFact(2, whole("strong"));
+  mConnection = addFact(3, whole("strong"));
 
   auto* const name = new QVBoxLayout;
   name->setSpacing(2);
@@ -58,19 +68,19 @@ HeaderBar::HeaderBar(QWidget* parent)
   layout->addWidget(mPicture);
   layout->addLayout(name);
   layout->addSpacing(16);
-  layout->addLayout(grid);
+  layout->addLayout(mFacts);
   layout->addStretch(1);
   layout->addWidget(mLogoLabel);
   layout->addWidget(mSymbol);
   layout->addWidget(mLetter);
   layout->addWidget(mWord);
-  mSymbol->setAccessibleName(QStringLiteral("Device state"));
+  speak(*mSymbol, "accessibleName", "Device state");
 }
 
-HeaderBar::Fact HeaderBar::addFact(QGridLayout& grid, int column) {
-  const Fact fact{text("note"), text("strong")};
-  grid.addWidget(fact.name, 0, column);
-  grid.addWidget(fact.value, 1, column);
+HeaderBar::Fact HeaderBar::addFact(int column, QLabel* value) {
+  const Fact fact{whole("note"), value};
+  mFacts->addWidget(fact.name, 0, column);
+  mFacts->addWidget(fact.value, 1, column);
   return fact;
 }
 
@@ -81,6 +91,7 @@ void HeaderBar::setTheme(const Theme& theme) {
   for (QLabel* const strong : {mType.value, mSerial.value, mBus.value, mConnection.value, mWord}) strong->setFont(theme.font(Theme::Text::Strong));
   for (QLabel* const small : {mType.name, mSerial.name, mBus.name, mConnection.name}) small->setFont(theme.font(Theme::Text::Small));
   showPictures();
+  fit();
 }
 
 void HeaderBar::setTexts(const Texts& texts) {
@@ -121,7 +132,30 @@ void HeaderBar::showPictures() {
   const QPixmap logo = logoPixmap(mLogo, mTheme.px(kLogoHeight), devicePixelRatioF());
   mLogoLabel->setPixmap(logo);
   mLogoLabel->setVisible(!logo.isNull());
-  mSymbol->setPixmap(ne107::symbol(mShown, mTheme.px(kSymbolSize), devicePixelRatioF()));
+  mSymbol->setPixmap(signalSymbol(mShown, mTheme.px(kSymbolSize), devicePixelRatioF()));
+}
+
+QSize HeaderBar::minimumSizeHint() const { return {mTheme.px(320), layout()->minimumSize().height()}; }
+
+void HeaderBar::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  fit();
+}
+
+// What there is no room for goes whole: first what stands on the pages as well. The state stays.
+void HeaderBar::fit() {
+  const std::vector<QLabel*> dispensable[] = {{mSerial.name, mSerial.value}, {mType.name, mType.value}, {mBus.name, mBus.value}, {mConnection.name, mConnection.value}, {mDescription}};
+  for (const std::vector<QLabel*>& labels : dispensable)
+    for (QLabel* const label : labels) label->show();
+  for (const std::vector<QLabel*>& labels : dispensable) {
+    // The layout learns from its parts, one inside the other, what has been hidden.
+    mFacts->invalidate();
+    layout()->invalidate();
+    // The serial number is not worth a cut text.
+    const bool isFirst = labels.front() == mSerial.name;
+    if ((isFirst ? layout()->sizeHint() : layout()->minimumSize()).width() <= width()) return;
+    for (QLabel* const label : labels) label->hide();
+  }
 }
 
 void HeaderBar::show(QLabel& label, const QString& text) {
@@ -130,10 +164,10 @@ void HeaderBar::show(QLabel& label, const QString& text) {
 
 QString HeaderBar::connection() const {
   Communication& communication = mDevice->host().communication();
-  if (!communication.device()) return QStringLiteral("Not connected");
-  if (communication.isBusy()) return QStringLiteral("Busy");
-  if (communication.isLocal()) return QStringLiteral("Offline, local values");
-  return mDevice->status().answers() ? QStringLiteral("Online") : QStringLiteral("No answer");
+  if (!communication.device()) return mTexts.say("Not connected");
+  if (communication.isBusy()) return mTexts.say("Busy");
+  if (communication.isLocal()) return mTexts.say("Offline, local values");
+  return mDevice->status().answers() ? mTexts.say("Online") : mTexts.say("No answer");
 }
 
 void HeaderBar::refresh() {
@@ -146,25 +180,27 @@ void HeaderBar::refresh() {
   show(*mType.value, valueText(dataSet, mTexts, "deviceType"));
   show(*mSerial.name, mTexts("sensorSerialNumber"));
   show(*mSerial.value, qt(dataSet.current("sensorSerialNumber")));
-  show(*mBus.name, QStringLiteral("Bus"));
+  show(*mBus.name, mTexts.say("Bus"));
   const std::string bus = dataSet.busCategory();
   show(*mBus.value, bus == "DPV1" ? QStringLiteral("PROFIBUS PA") : qt(bus));
-  show(*mConnection.name, QStringLiteral("Connection"));
+  show(*mConnection.name, mTexts.say("Connection"));
   show(*mConnection.value, connection());
 
-  const Ne107 state = mDevice->status().state(mPriorities);
-  show(*mLetter, QString::fromLatin1(ne107::letter(state)));
-  mLetter->setVisible(*ne107::letter(state) != '\0');
-  show(*mWord, QString::fromLatin1(ne107::word(state)));
+  const DeviceSignal state = mDevice->status().state(mPriorities);
+  const QString word = signalWord(state, mTexts);
+  show(*mLetter, signalLetter(state));
+  mLetter->setVisible(!mLetter->text().isEmpty());
+  show(*mWord, word);
   if (state != mShown) {
     mShown = state;
-    mSymbol->setPixmap(ne107::symbol(state, mTheme.px(kSymbolSize), devicePixelRatioF()));
+    mSymbol->setPixmap(signalSymbol(state, mTheme.px(kSymbolSize), devicePixelRatioF()));
   }
   QStringList causes;
-  for (const auto& [name, signal] : mDevice->status().inForce()) causes << QStringLiteral("%1  %2").arg(QString::fromLatin1(ne107::letter(signal)), mTexts(name));
-  const QString hint = causes.isEmpty() ? QString::fromLatin1(ne107::word(state)) : causes.join(QLatin1Char('\n'));
+  for (const auto& [name, signal] : mDevice->status().inForce()) causes << QStringLiteral("%1  %2").arg(signalLetter(signal), mTexts(name));
+  const QString hint = causes.isEmpty() ? word : causes.join(QLatin1Char('\n'));
   mSymbol->setToolTip(hint);
   mWord->setToolTip(hint);
+  fit();
 }
 
 }  // namespace ostrand

@@ -24,29 +24,35 @@ class HeaderBar : public QWidget {
   void setDevice(PlantDevice* device, ComponentCatalog& components, Desktop& desktop);
   // Values and states anew; what has not changed is not painted.
   void refresh();
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   struct Fact {
     QLabel* name;
     QLabel* value;
   };
-  Fact addFact(QGridLayout& grid, int column);
+  Fact addFact(int column, QLabel* value);
+  void fit();
   void showPictures();
   QString connection() const;
   static void show(QLabel& label, const QString& text);
 
   Theme mTheme = Theme::make(Theme::Kind::Light);
   Texts mTexts;
-  std::vector<Ne107> mPriorities = ne107::usualPriorities();
+  std::vector<Ne107> mPriorities = ne107Order();
   PlantDevice* mDevice = nullptr;
   Picture mImage;
   Picture mLogo;
-  Ne107 mShown = Ne107::Unknown;
+  std::optional<Ne107> mShown;
 
   QLabel* mPicture;
   QLabel* mLogoLabel;
   QLabel* mTag;
   QLabel* mDescription;
+  QGridLayout* mFacts;
   Fact mType;
   Fact mSerial;
   Fact mBus;

@@ -10,6 +10,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "host/transcript/ControlPath.h"
@@ -19,6 +20,7 @@
 #include "workbench/window/DeviceMenu.h"
 #include "workbench/window/FileMenu.h"
 #include "workbench/window/SettingsMenu.h"
+#include "workbench/window/Spoken.h"
 #include "workbench/window/WindowStyle.h"
 
 namespace ostrand {
@@ -67,7 +69,7 @@ MainWindow::MainWindow(Workbench& workbench)
   };
   deviceChanged();
   applySettings();
-  resize(1320, 900);
+  resize(1370, 920);
 }
 
 MainWindow::~MainWindow() {
@@ -91,7 +93,7 @@ void MainWindow::layOut() {
   pageLayout->setSpacing(0);
   pageLayout->addWidget(mHeader);
   for (const auto& device : mWorkbench.devices()) {
-    mBanners.push_back(new LoopTestBanner(device->host()));
+    mBanners.push_back(new LoopTestBanner(*device));
     pageLayout->addWidget(mBanners.back());
     mFocusWatches.push_back(std::make_unique<FocusWatch>(*this, device->host()));
   }
@@ -103,7 +105,7 @@ void MainWindow::layOut() {
   right->addWidget(page);
   right->addWidget(mConversation);
   right->setStretchFactor(0, 1);
-  right->setSizes({600, 220});
+  right->setSizes({700, 180});
 
   auto* const whole = mColumns = new QSplitter(Qt::Horizontal);
   whole->setChildrenCollapsible(false);
@@ -111,7 +113,7 @@ void MainWindow::layOut() {
   whole->addWidget(mTree);
   whole->addWidget(right);
   whole->setStretchFactor(1, 1);
-  whole->setSizes({290, 1030});
+  whole->setSizes({300, 1070});
 
   auto* const centre = new QWidget;
   auto* const layout = new QVBoxLayout(centre);
@@ -136,7 +138,7 @@ void MainWindow::connectPanel() {
   mPanel->onUnhandled = [this](const RuntimeError& error) {
     mWorkbench.current().tap().note(ConversationLog::Kind::Error, "Unhandled " + std::to_string(error.number()) + " " + error.description());
     if (TranscriptRecorder* const recorder = this->recorder()) recorder->unhandled({error.number(), error.description()});
-    mStatus->say(QStringLiteral("The view reported an error: %1").arg(qt(error.description())));
+    mStatus->say(mWorkbench.texts().say("The view reported an error: %1").arg(qt(error.description())));
   };
   mPanel->onTabOut = [this](bool forward) {
     if (forward)
@@ -186,6 +188,8 @@ void MainWindow::applySettings() {
     setStyleSheet(windowStyle(theme));
     menuBar()->setFont(theme.font());
     mTools->setFont(theme.font());
+    mTree->setFont(theme.font());
+    for (QToolButton* const button : mTools->findChildren<QToolButton*>()) button->setFont(theme.font());
     mHeader->setTheme(theme);
     mPanel->setTheme(theme);
     mConversation->setTheme(theme);
@@ -198,7 +202,9 @@ void MainWindow::applySettings() {
     mTree->doItemsLayout();
   }
   mPanel->setTexts(host().textTable(), settings.language);
+  speakAnew(*this, mWorkbench.texts());
   mTree->setTexts(mWorkbench.texts());
+  mConversation->setTexts(mWorkbench.texts());
   mTree->setPriorities(settings.priorities);
   mHeader->setTexts(mWorkbench.texts());
   mHeader->setPriorities(settings.priorities);
@@ -235,6 +241,7 @@ void MainWindow::refreshLater() {
     mTree->refreshDevices();
     mHeader->refresh();
     mStatus->refresh();
+    for (LoopTestBanner* const banner : mBanners) banner->refresh();
     mDeviceMenu->refresh();
     DataSet* const dataSet = host().dataSet();
     const std::string file = dataSet ? dataSet->file().filename().string() : std::string();
@@ -252,13 +259,15 @@ bool MainWindow::show(const PlantTree::Place& place) {
   // A view that asks before it is left lets events through: one choice at a time.
   if (mChoosing || !place.device) return false;
   mChoosing = true;
+  PlantDevice& before = mWorkbench.current();
   bool shown = false;
-  attempt(QStringLiteral("The page could not be opened"), [&] {
+  attempt(mWorkbench.texts().say("The page could not be opened"), [&] {
     mPanel->commit();
     shown = mWorkbench.show(*place.device, place.branch, place.frame);
   });
   mChoosing = false;
   showFront();
+  if (&before != &mWorkbench.current()) warnOfForcedOutput(before);
   return shown;
 }
 
@@ -272,13 +281,13 @@ void MainWindow::showFront() {
 }
 
 QString MainWindow::whyDisabled(const Control& control) const {
-  if (const auto* const edit = dynamic_cast<const EditControl*>(&control); edit && edit->info().readOnly) return QStringLiteral("The device does not let this value be written");
+  if (const auto* const edit = dynamic_cast<const EditControl*>(&control); edit && edit->info().readOnly) return mWorkbench.texts().say("The device does not let this value be written");
   Communication& communication = host().communication();
   if (dynamic_cast<const CommandButton*>(&control)) {
-    if (communication.isBusy()) return QStringLiteral("The communication is busy");
-    if (host().session().level < 3) return QStringLiteral("Needs user level 3 or more");
+    if (communication.isBusy()) return mWorkbench.texts().say("The communication is busy");
+    if (host().session().level < 3) return mWorkbench.texts().say("Needs user level 3 or more");
   }
-  if (const std::string busy = mWorkbench.current().busyWith(); !busy.empty()) return QStringLiteral("Not while this is running: %1").arg(mWorkbench.texts()(busy));
+  if (const std::string busy = mWorkbench.current().busyWith(); !busy.empty()) return mWorkbench.texts().say("Not while this is running: %1").arg(mWorkbench.texts()(busy));
   return {};
 }
 
@@ -308,19 +317,33 @@ void MainWindow::nextArea(bool forward) {
   if (areas[next] != mPanel || !mPanel->enter(true)) areas[next]->setFocus(Qt::ShortcutFocusReason);
 }
 
+bool MainWindow::asks(const char* title, const char* message, const QString& what) {
+  const Texts& texts = mWorkbench.texts();
+  const QString asked = texts.say(message);
+  return mWorkbench.prompt().ask(texts.say(title).toStdString(), (what.isEmpty() ? asked : asked.arg(what)).toStdString()) == UserPrompt::kGoOn;
+}
+
+void MainWindow::warnOfForcedOutput(PlantDevice& device) {
+  if (!device.loopTest().mayBeDriving()) return;
+  const Texts& texts = mWorkbench.texts();
+  tell(texts.say("The output may still be forced"),
+       texts.say("%1 has not answered that its loop test is over. Read the device, or stop the test there, before the loop goes back to automatic control.").arg(qt(device.title())));
+}
+
 bool MainWindow::mayClose() {
   mPanel->commit();
+  QStringList driven;
   bool running = false, edits = false;
   for (const auto& device : mWorkbench.devices()) {
-    running = running || !device->busyWith().empty();
+    if (device->loopTest().mayBeDriving()) driven << qt(device->title());
+    running = running || (!device->busyWith().empty() && !device->loopTest().mayBeDriving());
     edits = edits || device->hasUnsavedEdits();
   }
-  for (const LoopTestBanner* const banner : mBanners) running = running || banner->mayBeDriving();
-  QtPrompt& prompt = mWorkbench.prompt();
-  if (running && prompt.ask("A test or a sampling is running", "The device goes on with it when the window is closed. Close all the same?") != UserPrompt::kGoOn) return false;
-  if (edits && prompt.ask("There are edits that nobody has saved", "They are lost when the window is closed. Close all the same?") != UserPrompt::kGoOn) return false;
+  if (!driven.isEmpty() && !asks("The output may still be forced", "%1: the device has not answered that the loop test is over. Close all the same, and leave the output as it is?", driven.join(QStringLiteral(", ")))) return false;
+  if (running && !asks("A test or a sampling is running", "The device goes on with it when the window is closed. Close all the same?")) return false;
+  if (edits && !asks("There are edits that nobody has saved", "They are lost when the window is closed. Close all the same?")) return false;
   ViewSite* const front = host().front();
-  return !front || running || front->leave();
+  return !front || running || !driven.isEmpty() || front->leave();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

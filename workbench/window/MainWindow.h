@@ -53,6 +53,8 @@ class MainWindow : public QMainWindow {
   void tell(const QString& title, const QString& text);
   // F6: from the tree to the view to the conversation, and round.
   void nextArea(bool forward);
+  // Tells the user if a loop test may go on where nobody looks at it any more.
+  void warnOfForcedOutput(PlantDevice& device);
   // Asks because of edits that would be lost and of tests that run; true if the window may close.
   bool mayClose();
 
@@ -63,6 +65,7 @@ class MainWindow : public QMainWindow {
   class FocusWatch;
 
   void layOut();
+  bool asks(const char* title, const char* message, const QString& what = {});
   void connectPanel();
   void connectWorkbench();
   void applySettings();

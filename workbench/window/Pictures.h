@@ -8,8 +8,8 @@
 
 namespace ostrand {
 
-// Takes a picture of every frame of every view that exists, in every language, light and dark, and lays them out on one contact
-// sheet for each language and theme.
+// Takes a picture of every frame of every view that exists, as read from its device, in every language, light and dark, with a
+// tooltip of each frame that has one, and lays the frames out on one contact sheet for each language and theme.
 class Pictures {
  public:
   Pictures(MainWindow& window, std::filesystem::path folder);
@@ -17,7 +17,7 @@ class Pictures {
   // Gives the number of pictures. RuntimeError 70 if one cannot be written.
   int takeAll();
 
-  // Makes the folder if need be.
+  // Makes the folder if need be. In 256 colours, which is enough for a window and keeps the files small.
   static void save(const QPixmap& picture, const std::filesystem::path& file);
 
  private:
@@ -26,6 +26,8 @@ class Pictures {
     QPixmap picture;
   };
   std::vector<Shot> takeFrames(const std::filesystem::path& folder);
+  void readAll();
+  void takeTooltip(const std::filesystem::path& file);
   static QPixmap contactSheet(const std::vector<Shot>& shots, const QString& title, const Theme& theme);
 
   MainWindow& mWindow;

@@ -19,7 +19,8 @@ PlantDevice::PlantDevice(const Plant& plant, const DeviceKind& kind)
       mTap(plant.log, plant.desktop),
       mRecordings(plant.components, plant.desktop),
       mHost(plant.desktop, mRecordings.components(), plant.prompt, plant.dataFolder, mTap.taps(mRecordings.taps())),
-      mStatus(mHost) {
+      mStatus(mHost),
+      mLoopTest(mHost) {
   mTap.attach(mHost);
   mRecordings.setLanguage(mHost.session().language);
   mRecordings.setLocale(plant.desktop.locale().name);

@@ -8,6 +8,7 @@
 #include "workbench/window/ComponentCatalog.h"
 #include "workbench/window/ConversationTap.h"
 #include "workbench/window/DeviceStatus.h"
+#include "workbench/window/LoopTestWatch.h"
 #include "workbench/window/Recordings.h"
 #include "workbench/window/ViewClasses.h"
 
@@ -32,6 +33,7 @@ class PlantDevice {
   const DeviceKind& kind() const { return mKind; }
   Host& host() { return mHost; }
   DeviceStatus& status() { return mStatus; }
+  LoopTestWatch& loopTest() { return mLoopTest; }
   ConversationTap& tap() { return mTap; }
   Recordings& recordings() { return mRecordings; }
   ViewClasses classes();
@@ -68,6 +70,7 @@ class PlantDevice {
   Recordings mRecordings;
   Host mHost;
   DeviceStatus mStatus;
+  LoopTestWatch mLoopTest;
 };
 
 }  // namespace ostrand

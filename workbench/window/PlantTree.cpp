@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "workbench/window/SignalSymbol.h"
+
 namespace ostrand {
 
 PlantTree::PlantTree(QWidget* parent) : QTreeWidget(parent) {
@@ -12,7 +14,7 @@ PlantTree::PlantTree(QWidget* parent) : QTreeWidget(parent) {
   setFrameShape(QFrame::NoFrame);
   setUniformRowHeights(true);
   setMinimumWidth(220);
-  setIndentation(16);
+  setIndentation(14);
   setExpandsOnDoubleClick(false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setTextElideMode(Qt::ElideRight);
@@ -57,13 +59,13 @@ void PlantTree::setTexts(const Texts& texts) {
 
 void PlantTree::retranslate() {
   if (!mMill) return;
-  mMill->setText(0, mTexts("mill", "Mill"));
+  mMill->setText(0, mTexts.say("Mill"));
   for (const Row& row : mRows) {
     if (row.key.empty()) continue;
     row.item->setText(0, mTexts(row.key));
     row.item->setFlags(row.exists ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
     // A long name may not have its whole place.
-    row.item->setToolTip(0, row.exists ? row.item->text(0) : QStringLiteral("There is no view for this yet"));
+    row.item->setToolTip(0, row.exists ? row.item->text(0) : mTexts.say("There is no view for this yet"));
   }
 }
 
@@ -75,10 +77,10 @@ void PlantTree::setPriorities(const std::vector<Ne107>& priorities) {
 void PlantTree::refreshDevices() {
   for (const Row& row : mRows) {
     if (!row.key.empty()) continue;
-    const Ne107 state = row.place.device->status().state(mPriorities);
+    const DeviceSignal state = row.place.device->status().state(mPriorities);
     row.item->setText(0, qt(row.place.device->title()));
-    row.item->setIcon(0, QIcon(ne107::symbol(state, 16, devicePixelRatioF())));
-    row.item->setToolTip(0, QStringLiteral("%1\n%2").arg(qt(std::string(row.place.device->kind().description)), QString::fromLatin1(ne107::word(state))));
+    row.item->setIcon(0, QIcon(signalSymbol(state, 16, devicePixelRatioF())));
+    row.item->setToolTip(0, QStringLiteral("%1\n%2").arg(qt(std::string(row.place.device->kind().description)), signalWord(state, mTexts)));
   }
 }
 

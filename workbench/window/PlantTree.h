@@ -57,7 +57,7 @@ class PlantTree : public QTreeWidget {
   void retranslate();
 
   Texts mTexts;
-  std::vector<Ne107> mPriorities = ne107::usualPriorities();
+  std::vector<Ne107> mPriorities = ne107Order();
   QTreeWidgetItem* mMill = nullptr;
   std::vector<Row> mRows;
   Place mShown;

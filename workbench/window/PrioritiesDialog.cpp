@@ -8,16 +8,18 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "workbench/window/SignalSymbol.h"
+
 namespace ostrand {
 
-std::optional<std::vector<Ne107>> PrioritiesDialog::choose(QWidget& window, const std::vector<Ne107>& priorities) {
+std::optional<std::vector<Ne107>> PrioritiesDialog::choose(QWidget& window, const Texts& texts, const std::vector<Ne107>& priorities) {
   QDialog dialog(&window);
-  dialog.setWindowTitle(QStringLiteral("Order of device signals"));
-  auto* const note = new QLabel(QStringLiteral("When several signals are in force, the uppermost is shown."));
+  dialog.setWindowTitle(texts.say("Order of device signals"));
+  auto* const note = new QLabel(texts.say("When several signals are in force, the uppermost is shown."));
   note->setWordWrap(true);
   auto* const list = new QListWidget;
   for (const Ne107 each : priorities) {
-    auto* const item = new QListWidgetItem(QIcon(ne107::symbol(each, 20, window.devicePixelRatioF())), QStringLiteral("%1   %2").arg(QString::fromLatin1(ne107::letter(each)), QString::fromLatin1(ne107::word(each))), list);
+    auto* const item = new QListWidgetItem(QIcon(signalSymbol(each, 20, window.devicePixelRatioF())), QStringLiteral("%1   %2").arg(signalLetter(each), signalWord(each, texts)), list);
     item->setData(Qt::UserRole, static_cast<int>(each));
   }
   list->setCurrentRow(0);
@@ -27,8 +29,8 @@ std::optional<std::vector<Ne107>> PrioritiesDialog::choose(QWidget& window, cons
     list->insertItem(to, list->takeItem(row));
     list->setCurrentRow(to);
   };
-  auto* const up = new QPushButton(QStringLiteral("Move up"));
-  auto* const down = new QPushButton(QStringLiteral("Move down"));
+  auto* const up = new QPushButton(texts.say("Move up"));
+  auto* const down = new QPushButton(texts.say("Move down"));
   for (QPushButton* const each : {up, down}) each->setAutoDefault(false);
   QObject::connect(up, &QPushButton::clicked, list, [move] { move(-1); });
   QObject::connect(down, &QPushButton::clicked, list, [move] { move(1); });

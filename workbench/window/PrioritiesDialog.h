@@ -3,7 +3,9 @@
 #include <optional>
 #include <vector>
 
-#include "workbench/window/Ne107.h"
+#include "platform/controls/Ne107.h"
+
+#include "workbench/window/Texts.h"
 
 class QWidget;
 
@@ -12,7 +14,7 @@ namespace ostrand {
 // Which of the device signals is shown when several are in force: the user puts them in order.
 struct PrioritiesDialog {
   // Nothing if the user left it as it was.
-  static std::optional<std::vector<Ne107>> choose(QWidget& window, const std::vector<Ne107>& priorities);
+  static std::optional<std::vector<Ne107>> choose(QWidget& window, const Texts& texts, const std::vector<Ne107>& priorities);
 };
 
 }  // namespace ostrand

@@ -41,7 +41,20 @@ QtDesktop::QtDesktop() : mLocale(&userLocale()), mStart(wallClock()), mSteadySta
 
 QtDesktop::~QtDesktop() = default;
 
-LocalTime QtDesktop::now() const { return mStart + duration_cast<milliseconds>(steady_clock::now() - mSteadyStart); }
+LocalTime QtDesktop::now() const { return mStart + duration_cast<milliseconds>((steady_clock::now() - mSteadyStart) * mPace); }
+
+void QtDesktop::setPace(double pace) {
+  mStart = now();
+  mSteadyStart = steady_clock::now();
+  mPace = pace;
+  arm();
+}
+
+// In the user's milliseconds.
+int QtDesktop::untilThen(LocalTime then) const {
+  constexpr double kLongest = 1000.0 * 60 * 60;
+  return static_cast<int>(std::ceil(std::clamp(static_cast<double>((then - now()).count()) / mPace, 0.0, kLongest)));
+}
 
 void QtDesktop::wait(double seconds) {
   const LocalTime target = now() + millisecondsOf(seconds);
@@ -49,7 +62,7 @@ void QtDesktop::wait(double seconds) {
   // The loop may be ended from outside, when the program ends: then there is nothing left to wait for.
   for (bool ended = false; !ended && now() < target;) {
     QEventLoop loop;
-    QTimer::singleShot(static_cast<int>((target - now()).count()), Qt::PreciseTimer, &loop, [&] { loop.exit(1); });
+    QTimer::singleShot(untilThen(target), Qt::PreciseTimer, &loop, [&] { loop.exit(1); });
     ended = loop.exec() != 1;
   }
   if (--mWaits == 0 && onLastWaitEnded) onLastWaitEnded();
@@ -65,7 +78,7 @@ void QtDesktop::arm() {
   if (mTimers.empty())
     mTimer.stop();
   else
-    mTimer.start(static_cast<int>(std::clamp<long long>((mTimers.nextDue() - now()).count(), 0, 1000 * 60 * 60)));
+    mTimer.start(untilThen(mTimers.nextDue()));
 }
 
 void QtDesktop::fire() {

@@ -33,6 +33,8 @@ class QtDesktop : public QObject, public Desktop {
   bool setLocale(std::string_view name);
   // How many waits are going on.
   int waits() const { return mWaits; }
+  // How many seconds pass on the clock in one of the user's, 1 at first: for programs that run without a user.
+  void setPace(double pace);
   // What file dialogs belong to; may be nullptr.
   void setWindow(QWidget* window) { mWindow = window; }
 
@@ -46,6 +48,7 @@ class QtDesktop : public QObject, public Desktop {
 
  private:
   void arm();
+  int untilThen(LocalTime then) const;
   void fire();
   QString filterOf(const FileDialog& dialog) const;
 
@@ -54,6 +57,7 @@ class QtDesktop : public QObject, public Desktop {
   const Locale* mLocale;
   LocalTime mStart;
   std::chrono::steady_clock::time_point mSteadyStart;
+  double mPace = 1.0;
   QWidget* mWindow = nullptr;
   bool mTabDown = false;
   bool mShiftDown = false;

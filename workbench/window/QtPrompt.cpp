@@ -2,8 +2,7 @@
 
 #include <QMessageBox>
 #include <QPushButton>
-
-#include "workbench/window/Texts.h"
+#include <QTimer>
 
 namespace ostrand {
 
@@ -12,8 +11,8 @@ int QtPrompt::ask(const std::string& title, const std::string& message) {
   QMessageBox box(QMessageBox::NoIcon, qt(title), qt(title), QMessageBox::NoButton, mWindow);
   box.setTextFormat(Qt::PlainText);
   box.setInformativeText(qt(message).trimmed());
-  const QPushButton* const yes = box.addButton(QStringLiteral("Yes, go on"), QMessageBox::YesRole);
-  QPushButton* const no = box.addButton(QStringLiteral("No, stop"), QMessageBox::NoRole);
+  const QPushButton* const yes = box.addButton(mTexts.say("Yes, go on"), QMessageBox::YesRole);
+  QPushButton* const no = box.addButton(mTexts.say("No, stop"), QMessageBox::NoRole);
   // The harmless answer is the one that Enter and Escape give.
   box.setDefaultButton(no);
   box.setEscapeButton(no);
@@ -22,6 +21,16 @@ int QtPrompt::ask(const std::string& title, const std::string& message) {
 }
 
 void QtPrompt::show(const std::string& title, const std::string& message) {
+  // Several views tell the same of one answer: the user reads it once.
+  const std::string said = title + '\n' + message;
+  if (said == mSaid) return;
+  mSaid = said;
+  showBox(title, message);
+  mSaid = said;
+  QTimer::singleShot(0, &mTurn, [this] { mSaid.clear(); });
+}
+
+void QtPrompt::showBox(const std::string& title, const std::string& message) {
   if (standIn) {
     standIn(title, message);
     return;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QObject>
 #include <functional>
+#include <string>
 
 #include "host/UserPrompt.h"
+#include "workbench/window/Texts.h"
 
 class QWidget;
 
@@ -12,6 +15,7 @@ namespace ostrand {
 class QtPrompt : public UserPrompt {
  public:
   void setWindow(QWidget* window) { mWindow = window; }
+  void setTexts(const Texts& texts) { mTexts = texts; }
 
   int ask(const std::string& title, const std::string& message) override;
   void show(const std::string& title, const std::string& message) override;
@@ -20,7 +24,12 @@ class QtPrompt : public UserPrompt {
   std::function<int(const std::string& title, const std::string& message)> standIn;
 
  private:
+  void showBox(const std::string& title, const std::string& message);
+
   QWidget* mWindow = nullptr;
+  Texts mTexts;
+  QObject mTurn;
+  std::string mSaid;  // in this turn of the event loop
 };
 
 }  // namespace ostrand

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "workbench/render/Theme.h"
-#include "workbench/window/Ne107.h"
+#include "platform/controls/Ne107.h"
 
 namespace ostrand {
 
@@ -17,7 +17,7 @@ struct Settings {
   double scale = 1.0;
   int level = 3;
   std::map<std::string, std::string> units;  // by quantity
-  std::vector<Ne107> priorities = ne107::usualPriorities();
+  std::vector<Ne107> priorities = ne107Order();
 };
 
 }  // namespace ostrand

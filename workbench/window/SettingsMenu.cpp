@@ -7,6 +7,7 @@
 
 #include "workbench/window/MainWindow.h"
 #include "workbench/window/PrioritiesDialog.h"
+#include "workbench/window/Spoken.h"
 
 namespace ostrand {
 
@@ -28,14 +29,20 @@ constexpr std::pair<int, const char*> kLevels[] = {{1, "1 – Observer"}, {2, "2
 }  // namespace
 
 SettingsMenu::SettingsMenu(MainWindow& window) : mWindow(window) {
-  QMenu* const menu = window.menuBar()->addMenu(QStringLiteral("&Settings"));
-  mLevels = menu->addMenu(QStringLiteral("User &level"));
-  mLanguages = menu->addMenu(QStringLiteral("&Language"));
-  mUnits = menu->addMenu(QStringLiteral("&Units"));
-  mLocales = menu->addMenu(QStringLiteral("&Decimals and dates"));
+  QMenu* const menu = window.menuBar()->addMenu(QString());
+  speak(*menu, "title", "&Settings");
+  mLevels = menu->addMenu(QString());
+  speak(*mLevels, "title", "User &level");
+  mLanguages = menu->addMenu(QString());
+  speak(*mLanguages, "title", "&Language");
+  mUnits = menu->addMenu(QString());
+  speak(*mUnits, "title", "&Units");
+  mLocales = menu->addMenu(QString());
+  speak(*mLocales, "title", "&Decimals and dates");
   menu->addSeparator();
-  mLooks = menu->addMenu(QStringLiteral("&Theme and size"));
-  menu->addAction(QStringLiteral("&Order of device signals…"), &window, [this] { choosePriorities(); });
+  mLooks = menu->addMenu(QString());
+  speak(*mLooks, "title", "&Theme and size");
+  speak(*menu->addAction(QString(), &window, [this] { choosePriorities(); }), "text", "&Order of device signals…");
   // Languages may be added while the program runs, so each menu is filled when it opens.
   QObject::connect(mLanguages, &QMenu::aboutToShow, &window, [this] { fillLanguages(); });
   QObject::connect(mUnits, &QMenu::aboutToShow, &window, [this] { fillUnits(); });
@@ -57,7 +64,7 @@ void SettingsMenu::fillLanguages() {
   for (const TextTables::Language& language : mWindow.host().textTables().languages())
     addChoice(*mLanguages, qt(language.name), language.code == mWindow.workbench().settings().language, [this, code = language.code] { setLanguage(code); });
   mLanguages->addSeparator();
-  addChoice(*mLanguages, QStringLiteral("Keys of the text table"), mWindow.workbench().settings().language == "keys", [this] { setLanguage("keys"); });
+  addChoice(*mLanguages, say("Keys of the text table"), mWindow.workbench().settings().language == "keys", [this] { setLanguage("keys"); });
 }
 
 void SettingsMenu::fillUnits() {
@@ -67,7 +74,7 @@ void SettingsMenu::fillUnits() {
     if (quantity.units.size() < 2) continue;
     // Two spellings of one unit are no choice.
     if (texts.unit(quantity.units[0]) == texts.unit(quantity.units[1])) continue;
-    QMenu* const menu = mUnits->addMenu(texts(quantity.name, (std::string(1, static_cast<char>(quantity.name[0] & ~0x20)) + quantity.name.substr(1)).c_str()));
+    QMenu* const menu = mUnits->addMenu(texts.quantity(quantity.name));
     const std::string& chosen = quantity.chosen.empty() ? quantity.base : quantity.chosen;
     for (const std::string& unit : quantity.units)
       addChoice(*menu, texts.unit(unit), unit == chosen, [this, name = quantity.name, unit] { setUnit(name, unit); });
@@ -77,20 +84,20 @@ void SettingsMenu::fillUnits() {
 void SettingsMenu::fillLocales() {
   mLocales->clear();
   for (const auto& [name, text] : kLocales)
-    addChoice(*mLocales, QString::fromUtf8(text), mWindow.workbench().settings().locale == name, [this, name = std::string(name)] { setLocale(name); });
+    addChoice(*mLocales, say(text), mWindow.workbench().settings().locale == name, [this, name = std::string(name)] { setLocale(name); });
 }
 
 void SettingsMenu::fillLevels() {
   mLevels->clear();
   for (const auto& [level, text] : kLevels)
-    addChoice(*mLevels, QString::fromUtf8(text), mWindow.workbench().settings().level == level, [this, level = level] { setLevel(level); });
+    addChoice(*mLevels, say(text), mWindow.workbench().settings().level == level, [this, level = level] { setLevel(level); });
 }
 
 void SettingsMenu::fillLooks() {
   mLooks->clear();
   const Settings& settings = mWindow.workbench().settings();
   for (const auto& [kind, text] : {std::pair(Theme::Kind::Light, "Light"), std::pair(Theme::Kind::Dark, "Dark")})
-    addChoice(*mLooks, QString::fromLatin1(text), settings.theme == kind, [this, kind = kind] { mWindow.workbench().setTheme(kind, mWindow.workbench().settings().scale); });
+    addChoice(*mLooks, say(text), settings.theme == kind, [this, kind = kind] { mWindow.workbench().setTheme(kind, mWindow.workbench().settings().scale); });
   mLooks->addSeparator();
   for (const int percent : {100, 125, 150, 200})
     addChoice(*mLooks, QStringLiteral("%1 %").arg(percent), static_cast<int>(settings.scale * 100.0 + 0.5) == percent,
@@ -101,13 +108,13 @@ void SettingsMenu::fillLooks() {
 
 void SettingsMenu::setLanguage(const std::string& code) {
   mWindow.panel().commit();
-  mWindow.attempt(QStringLiteral("The language \"%1\" cannot be used; nothing has changed").arg(qt(code)), [&] { mWindow.workbench().setLanguage(code); });
+  mWindow.attempt(say("The language \"%1\" cannot be used; nothing has changed").arg(qt(code)), [&] { mWindow.workbench().setLanguage(code); });
   refresh();
 }
 
 void SettingsMenu::setLocale(const std::string& name) {
   mWindow.panel().commit();
-  mWindow.attempt(QStringLiteral("Numbers cannot be written so"), [&] { mWindow.workbench().setLocale(name); });
+  mWindow.attempt(say("Numbers cannot be written so"), [&] { mWindow.workbench().setLocale(name); });
   refresh();
 }
 
@@ -118,12 +125,14 @@ void SettingsMenu::setLevel(int level) {
 
 void SettingsMenu::setUnit(const std::string& quantity, const std::string& unit) {
   mWindow.panel().commit();
-  mWindow.attempt(QStringLiteral("The unit cannot be used"), [&] { mWindow.workbench().setUnit(quantity, unit); });
+  mWindow.attempt(say("The unit cannot be used"), [&] { mWindow.workbench().setUnit(quantity, unit); });
   refresh();
 }
 
 void SettingsMenu::choosePriorities() {
-  if (const auto chosen = PrioritiesDialog::choose(mWindow, mWindow.workbench().settings().priorities)) mWindow.workbench().setPriorities(*chosen);
+  if (const auto chosen = PrioritiesDialog::choose(mWindow, mWindow.workbench().texts(), mWindow.workbench().settings().priorities)) mWindow.workbench().setPriorities(*chosen);
 }
+
+QString SettingsMenu::say(const char* english) const { return mWindow.workbench().texts().say(english); }
 
 }  // namespace ostrand

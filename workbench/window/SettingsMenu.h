@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <string>
 
 class QMenu;
@@ -27,6 +28,7 @@ class SettingsMenu {
   void fillLocales();
   void fillLevels();
   void fillLooks();
+  QString say(const char* english) const;
 
   MainWindow& mWindow;
   QMenu* mLanguages;

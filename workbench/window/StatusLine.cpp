@@ -6,6 +6,7 @@
 #include <QPushButton>
 
 #include "platform/base/NumberText.h"
+#include "workbench/window/Spoken.h"
 
 namespace ostrand {
 
@@ -24,11 +25,12 @@ QLabel* chip() {
 }  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
-    : QWidget(parent), mRequest(new QLabel), mProgress(new QProgressBar), mCancel(new QPushButton(QStringLiteral("Cancel"))), mStatus(new QLabel), mMode(chip()), mLevel(chip()), mBusTime(chip()) {
+    : QWidget(parent), mRequest(new QLabel), mProgress(new QProgressBar), mCancel(new QPushButton), mStatus(new QLabel), mMode(chip()), mLevel(chip()), mBusTime(chip()) {
   setObjectName(QStringLiteral("statusLine"));
   mProgress->setTextVisible(false);
   mProgress->setFixedWidth(140);
-  mCancel->setToolTip(QStringLiteral("Take back the requests that still wait; the one under way goes on"));
+  speak(*mCancel, "text", "Cancel");
+  speak(*mCancel, "toolTip", "Take back the requests that still wait; the one under way goes on");
   mCancel->setFocusPolicy(Qt::TabFocus);
   QObject::connect(mCancel, &QPushButton::clicked, this, [this] {
     if (mHost) mHost->communication().cancelWaiting();
@@ -95,12 +97,12 @@ void StatusLine::refresh() {
   if (!mProgressKey.empty()) {
     text = mTexts(mProgressKey);
   } else if (current) {
-    text = QStringLiteral("%1: %2").arg(current->write ? mTexts("sending", "Sending") : mTexts("reading", "Reading"), mTexts(current->name));
+    text = QStringLiteral("%1: %2").arg(mTexts.say(current->write ? "Sending" : "Reading"), mTexts(current->name));
     done = current->progressDone();
     total = current->progressTotal();
   }
   if (!text.isEmpty() && total > 0) text += QStringLiteral("  %1 / %2").arg(done).arg(total);
-  if (waiting > 0) text += QStringLiteral("  +%1 waiting").arg(waiting);
+  if (waiting > 0) text += QStringLiteral("  +") + mTexts.say("%1 waiting").arg(waiting);
   put(*mRequest, text);
   const bool shown = !mProgressKey.empty() || current;
   mProgress->setVisible(shown);
@@ -111,19 +113,19 @@ void StatusLine::refresh() {
   mCancel->setVisible(waiting > 0);
 
   const char* const mode = communication.isBusy() ? "Busy" : communication.isLocal() ? "Local acceptance" : "Download to device";
-  put(*mMode, QString::fromLatin1(mode));
-  put(*mLevel, QStringLiteral("Level %1").arg(mHost->session().level));
+  put(*mMode, mTexts.say(mode));
+  put(*mLevel, mTexts.say("Level %1").arg(mHost->session().level));
   const Device* const device = communication.device();
-  put(*mBusTime, device ? QStringLiteral("%1 ms per transaction").arg(qt(fixedText(device->busTimePerTransaction() * 1000.0, 0, '.'))) : QString());
+  put(*mBusTime, device ? mTexts.say("%1 ms per transaction").arg(qt(fixedText(device->busTimePerTransaction() * 1000.0, 0, '.'))) : QString());
 }
 
 void StatusLine::requestFinished(const Request& request, Outcome outcome) {
   if (!request.quiet && outcome != Outcome::Done) {
     const QString name = mTexts(request.name);
     switch (outcome) {
-      case Outcome::NoAnswer: say(QStringLiteral("%1: the device does not answer. Check cabling and supply, then read again.").arg(name)); break;
-      case Outcome::Refused: say(QStringLiteral("%1: the device refused it").arg(name)); break;
-      case Outcome::Cancelled: say(QStringLiteral("%1: cancelled").arg(name)); break;
+      case Outcome::NoAnswer: say(mTexts.say("%1: the device does not answer. Check cabling and supply, then read again.").arg(name)); break;
+      case Outcome::Refused: say(mTexts.say("%1: the device refused it").arg(name)); break;
+      case Outcome::Cancelled: say(mTexts.say("%1: cancelled").arg(name)); break;
       case Outcome::Done: break;
     }
   }
@@ -131,7 +133,7 @@ void StatusLine::requestFinished(const Request& request, Outcome outcome) {
 }
 
 void StatusLine::requestRefused(const Request& request, const std::string& reason) {
-  say(QStringLiteral("%1 was not sent: %2").arg(mTexts(request.name), qt(reason)));
+  say(mTexts.say("%1 was not sent: %2").arg(mTexts(request.name), qt(reason)));
 }
 
 void StatusLine::statusLine(const std::string&, const std::string& text, const std::string&) { say(mTexts(text)); }

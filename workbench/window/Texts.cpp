@@ -1,11 +1,16 @@
 #include "workbench/window/Texts.h"
 
+#include "workbench/window/Phrases.h"
+
 namespace ostrand {
 
 QString Texts::operator()(const std::string& key) const { return qt(mTable ? mTable->GetText(key) : key); }
 
-QString Texts::operator()(const std::string& key, const char* english) const {
-  return mFileTable && mFileTable->hasText(key) ? qt(mFileTable->GetText(key)) : QString::fromUtf8(english);
+QString Texts::say(const char* english) const { return phrase(english, mLanguage); }
+
+QString Texts::quantity(const std::string& name) const {
+  const QString text = (*this)(name);
+  return text == qt(name) ? say((text.left(1).toUpper() + text.mid(1)).toUtf8()) : text;
 }
 
 QString Texts::unit(const std::string& key) const {

@@ -8,22 +8,24 @@
 
 namespace ostrand {
 
-// The user's language for the window around the views. What the text tables have no key for stands in English.
+// The user's language for the window around the views: the texts of the mill's tables, and the window's own words.
 class Texts {
  public:
   Texts() = default;
-  // `fileTable` is nothing for a language that is not in a file.
-  Texts(Ref<ITextTable> table, Ref<TextTable> fileTable) : mTable(std::move(table)), mFileTable(std::move(fileTable)) {}
+  Texts(Ref<ITextTable> table, std::string language) : mTable(std::move(table)), mLanguage(std::move(language)) {}
 
   // The text of a key; the key itself where there is none.
   QString operator()(const std::string& key) const;
-  QString operator()(const std::string& key, const char* english) const;
+  // The window's own words, in the user's language.
+  QString say(const char* english) const;
+  // What is measured ("temperature"), as a heading.
+  QString quantity(const std::string& name) const;
   // As a unit is shown; empty for "noUnit".
   QString unit(const std::string& key) const;
 
  private:
   Ref<ITextTable> mTable;
-  Ref<TextTable> mFileTable;
+  std::string mLanguage;
 };
 
 inline QString qt(const std::string& text) { return QString::fromStdString(text); }

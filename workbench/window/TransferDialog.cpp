@@ -15,17 +15,17 @@ namespace ostrand {
 TransferDialog::TransferDialog(Host& host, const Texts& texts, QWidget* parent)
     : QDialog(parent), mHost(host), mTexts(texts), mNote(new QLabel), mProgress(new QProgressBar), mFailures(new QTreeWidget) {
   setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(QStringLiteral("Transfer"));
+  setWindowTitle(mTexts.say("Transfer"));
   mProgress->setTextVisible(false);
   mFailures->setColumnCount(3);
-  mFailures->setHeaderLabels({QStringLiteral("Value"), QStringLiteral("Page"), QStringLiteral("What went wrong")});
+  mFailures->setHeaderLabels({mTexts.say("Value"), mTexts.say("Page"), mTexts.say("What went wrong")});
   mFailures->setRootIsDecorated(false);
   mFailures->setUniformRowHeights(true);
   mFailures->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   auto* const buttons = new QDialogButtonBox;
-  mRetry = buttons->addButton(QStringLiteral("Retry what failed"), QDialogButtonBox::ActionRole);
-  mCancel = buttons->addButton(QStringLiteral("Cancel what waits"), QDialogButtonBox::ActionRole);
-  QPushButton* const close = buttons->addButton(QDialogButtonBox::Close);
+  mRetry = buttons->addButton(mTexts.say("Retry what failed"), QDialogButtonBox::ActionRole);
+  mCancel = buttons->addButton(mTexts.say("Cancel what waits"), QDialogButtonBox::ActionRole);
+  QPushButton* const close = buttons->addButton(mTexts.say("Close"), QDialogButtonBox::RejectRole);
   connect(mRetry, &QPushButton::clicked, this, [this] { retry(); });
   connect(mCancel, &QPushButton::clicked, this, [this] { mHost.communication().cancelWaiting(); });
   connect(close, &QPushButton::clicked, this, &QDialog::close);
@@ -70,8 +70,8 @@ void TransferDialog::refresh() {
   const auto& failures = transfer.failures();
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.total() == 0 ? 1 : transfer.done());
-  QString note = QStringLiteral("%1 of %2 requests").arg(transfer.done()).arg(transfer.total());
-  if (!transfer.running()) note = failures.empty() ? QStringLiteral("Done: all %1 requests were answered.").arg(transfer.total()) : QStringLiteral("Done, but %1 values failed.").arg(failures.size());
+  QString note = mTexts.say("%1 of %2 requests").arg(transfer.done()).arg(transfer.total());
+  if (!transfer.running()) note = failures.empty() ? mTexts.say("Done: all %1 requests were answered.").arg(transfer.total()) : mTexts.say("Done, but %1 values failed.").arg(failures.size());
   mNote->setText(note);
   if (mFailures->topLevelItemCount() > static_cast<int>(failures.size())) mFailures->clear();
   for (std::size_t i = static_cast<std::size_t>(mFailures->topLevelItemCount()); i < failures.size(); ++i) {

@@ -45,6 +45,7 @@ QLabel[role="heading"] { font-weight: 600; }
 QLabel[role="banner"] { background: @bannerFill; color: @bannerText; font-weight: 600; padding: 8px 16px; }
 QSplitter::handle { background: @line; }
 QTableView::item { padding: 2px 8px; }
+QDialog QHeaderView::section { padding: 6px 11px; }
 QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; border-radius: 4px; }
 )");
   const QColor bannerFill = theme.kind == Theme::Kind::Light ? QColor(0xffd98a) : QColor(0x6b4700);

@@ -34,7 +34,8 @@ Workbench::Workbench(std::filesystem::path dataFolder, ComponentCatalog* compone
   mCurrent = mDevices.front().get();
   mSettings.language = host().session().language;
   mSettings.locale = mDesktop.locale().name;
-  mTexts = Texts(host().textTable(), host().textTables().fileTable(mSettings.language));
+  mTexts = Texts(host().textTable(), mSettings.language);
+  mPrompt.setTexts(mTexts);
   mDesktop.onDebugOutput = [this](const std::string& text) { mCurrent->tap().note(ConversationLog::Kind::Log, text); };
 }
 
@@ -68,7 +69,8 @@ void Workbench::setLanguage(const std::string& language) {
     device->host().setLanguage(language);
   }
   mSettings.language = language;
-  mTexts = Texts(host().textTable(), host().textTables().fileTable(language));
+  mTexts = Texts(host().textTable(), language);
+  mPrompt.setTexts(mTexts);
   settingsChanged();
 }
 

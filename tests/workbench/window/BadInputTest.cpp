@@ -1,4 +1,8 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
+
+#include <QProcess>
+#include <csignal>
 
 #include "workbench/window/FileMenu.h"
 #include "workbench/window/SettingsMenu.h"
@@ -59,6 +63,38 @@ TEST_F(BadInputTest, ASaveThatFailsLeavesTheOldFile) {
   EXPECT_THAT(asked, ElementsAre(HasSubstr("could not be saved")));
   EXPECT_TRUE(std::filesystem::is_directory(*nextFile / "inside"));
   expectStillThere();
+}
+
+TEST_F(BadInputTest, AFullDiskLeavesTheOldFileWhole) {
+  const std::filesystem::path file = workbench->host().dataSet()->file();
+  const std::string before = readWholeFile(file);
+  ASSERT_GT(before.size(), 4096u);
+  // No file may grow beyond this, as on a disk that is full.
+  rlimit old{};
+  getrlimit(RLIMIT_FSIZE, &old);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit tight{4096, old.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &tight);
+  window->fileMenu().save();
+  setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_THAT(asked, ElementsAre(HasSubstr("could not be saved")));
+  EXPECT_TRUE(readWholeFile(file) == before);
+  for (const auto& each : std::filesystem::directory_iterator(file.parent_path())) EXPECT_EQ(each.path().extension(), ".xml") << "a half-written file stays behind";
+  expectStillThere();
+}
+
+TEST_F(BadInputTest, ADisplayThatCannotBeUsedIsToldAndEndsTheProgram) {
+  QProcess program;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("nowhere"));
+  environment.insert(QStringLiteral("OSTRAND_DATA"), QString::fromStdString(data.string()));
+  program.setProcessEnvironment(environment);
+  program.start(QStringLiteral(OSTRAND_BINARY_DIR "/ostrand-workbench"), {QStringLiteral("--tour")});
+  ASSERT_TRUE(program.waitForFinished(20000));
+  EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(program.exitCode(), 1);
+  EXPECT_THAT(program.readAllStandardError().toStdString(), HasSubstr("there is no display that can be used"));
 }
 
 TEST_F(BadInputTest, ATranscriptOfAnotherVersion) {

@@ -153,26 +153,5 @@ TEST_F(ChoosingTest, ATestThatRunsIsAskedForWhenClosing) {
   EXPECT_THAT(asked, ElementsAre(HasSubstr("running")));
 }
 
-TEST_F(ChoosingTest, TheBannerStaysUntilTheDeviceHasAnsweredZero) {
-  ASSERT_TRUE(show("diagnostics", "loopTest"));
-  LoopTestBanner& banner = *window->banners().front();
-  EXPECT_FALSE(banner.isVisible());
-  const auto write = [&](const char* current) {
-    return workbench->host().submit("", std::string("<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>") + current +
-                                            "</floatVal></item></communicationRequest>",
-                                    "loopTest", "", 0, 0);
-  };
-  workbench->host().front()->NotifyStatus("testing", 0, 0);
-  EXPECT_TRUE(banner.isVisible());
-  ASSERT_EQ(write("12"), "");
-  settle();
-  grab("banner");
-  workbench->host().front()->NotifyStatus("", 0, 0);
-  EXPECT_TRUE(banner.isVisible()) << "only the device knows";
-  ASSERT_EQ(write("0"), "");
-  settle();
-  EXPECT_FALSE(banner.isVisible());
-}
-
 }  // namespace
 }  // namespace ostrand::test

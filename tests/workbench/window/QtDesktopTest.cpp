@@ -4,7 +4,6 @@
 #include <QTest>
 #include <vector>
 
-#include "workbench/window/Ne107.h"
 #include "workbench/window/QtDesktop.h"
 
 namespace ostrand::test {
@@ -74,19 +73,16 @@ TEST(QtDesktopTest, TheLocaleIsTheUsers) {
   EXPECT_EQ(desktop.locale().name, "fi");
 }
 
-TEST(Ne107Test, TheUppermostSignalInForceIsShown) {
-  EXPECT_EQ(ne107::mostImportant({Ne107::Maintenance, Ne107::Failure}, ne107::usualPriorities()), Ne107::Failure);
-  EXPECT_EQ(ne107::mostImportant({Ne107::Maintenance, Ne107::Failure}, {Ne107::Maintenance, Ne107::Failure}), Ne107::Maintenance);
-  EXPECT_EQ(ne107::mostImportant({}, ne107::usualPriorities()), Ne107::Good);
-}
-
-TEST(Ne107Test, StatusBitsHaveTheirSignals) {
-  EXPECT_EQ(ne107::signalOf("statusSensorFailure"), Ne107::Failure);
-  EXPECT_EQ(ne107::signalOf("statusLoopTestActive"), Ne107::FunctionCheck);
-  EXPECT_EQ(ne107::signalOf("statusHARTPVOutOfLimits"), Ne107::OutOfSpecification);
-  EXPECT_EQ(ne107::signalOf("statusElectronicsTemperatureOutOfLimits"), Ne107::Maintenance);
-  EXPECT_EQ(ne107::signalOf("statusHARTColdStart"), Ne107::Good);
-  EXPECT_EQ(ne107::signalOf("consistencyOutOfLimits"), Ne107::Good) << "no status bit";
+TEST(QtDesktopTest, TheClockMayRunFasterThanTheUsers) {
+  QtDesktop desktop;
+  const LocalTime before = desktop.now();
+  desktop.setPace(1000);
+  bool fired = false;
+  desktop.schedule(20, [&] { fired = true; });
+  desktop.wait(60);
+  EXPECT_TRUE(fired);
+  desktop.setPace(1);
+  EXPECT_GE(desktop.now() - before, std::chrono::seconds(60));
 }
 
 }  // namespace

@@ -81,7 +81,7 @@ TEST_F(TransferTest, ADeviceThatDoesNotAnswerIsTold) {
   window->deviceMenu().readPage();
   ASSERT_TRUE(until([&] { return !workbench->current().status().answers(); }));
   EXPECT_THAT(window->status().statusText().toStdString(), HasSubstr("does not answer"));
-  EXPECT_EQ(workbench->current().status().state(ne107::usualPriorities()), Ne107::Unknown);
+  EXPECT_EQ(workbench->current().status().state(ne107Order()), std::nullopt);
   QTest::qWait(20);
   grab("no-answer");
   workbench->host().communication().device()->setFault("none", "");
@@ -98,10 +98,10 @@ TEST_F(TransferTest, GarbageCostsTheAnswerOnly) {
 
 TEST_F(TransferTest, TheDeviceStateFollowsItsStatusBits) {
   DeviceStatus& status = workbench->current().status();
-  EXPECT_TRUE(until([&] { return status.state(ne107::usualPriorities()) == Ne107::Good; }));
+  EXPECT_TRUE(until([&] { return status.state(ne107Order()) == Ne107::Good; }));
   workbench->host().communication().device()->setFault("failure", "sensor");
   status.refresh();
-  EXPECT_TRUE(until([&] { return status.state(ne107::usualPriorities()) == Ne107::Failure; }));
+  EXPECT_TRUE(until([&] { return status.state(ne107Order()) == Ne107::Failure; }));
   QTest::qWait(20);
   grab("failure");
 }
@@ -116,7 +116,7 @@ TEST_F(TransferTest, WaitingRequestsAreCancelled) {
 }
 
 TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
-  FaultsDialog dialog(workbench->host(), window->theme(), window.get());
+  FaultsDialog dialog(workbench->host(), window->theme(), workbench->texts(), window.get());
   dialog.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_THROW(dialog.set("failure", "nothing of the kind"), RuntimeError);
   EXPECT_NO_THROW(dialog.set("silent", ""));

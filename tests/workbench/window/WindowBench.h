@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QTest>
 #include <cstdlib>
 #include <filesystem>
@@ -103,6 +104,45 @@ class WindowBench : public testing::Test {
     for (std::size_t i = 0; i < workbench->log().size(); ++i)
       if (workbench->log().line(i).kind == kind) lines.push_back(workbench->log().line(i).text);
     return lines;
+  }
+  // --- the user's hands
+
+  PlantDevice& device(const std::string& kind) {
+    for (const auto& each : workbench->devices())
+      if (each->kind().name == kind) return *each;
+    throw RuntimeError(RuntimeError::BadArgument, "no device " + kind);
+  }
+  bool show(PlantDevice& of, const std::string& branch, const std::string& frame) {
+    of.host().communication().device()->setFault("slow", "0.01");
+    const bool shown = window->show({&of, branch, frame});
+    settle();
+    return shown;
+  }
+  void clickOn(const std::string& name) {
+    window->panel().ensureWidgetVisible(widget(name));
+    QTest::mouseClick(widget(name), Qt::LeftButton);
+    settle();
+  }
+  // With the tab key from wherever the focus is.
+  void tabTo(const std::string& name) {
+    window->panel().refresh();
+    if (!window->panel().isAncestorOf(QApplication::focusWidget())) window->panel().enter();
+    for (int i = 0; i < 60 && QApplication::focusWidget() != widget(name); ++i) press(Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), widget(name)) << name << " is not reached by the tab key";
+  }
+  void typeInto(const std::string& name, const QString& text) {
+    tabTo(name);
+    QTest::keyClick(widget(name), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(widget(name), text);
+    press(Qt::Key_Return);
+  }
+  void chooseIn(const std::string& name, const std::string& key) {
+    tabTo(name);
+    auto& box = dynamic_cast<QComboBox&>(*widget(name));
+    const int row = box.findData(QString::fromStdString(key));
+    ASSERT_GE(row, 0) << key;
+    press(Qt::Key_Home);
+    for (int i = 0; i < row; ++i) press(Qt::Key_Down);
   }
   void grab(const std::string& name) {
     if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->grab().save(QString::fromStdString(std::string(folder) + "/" + name + ".png"));

@@ -1,0 +1,62 @@
+#include "workbench/window/LoopTestWatch.h"
+
+#include "host/Messages.h"
+#include "platform/base/NumberText.h"
+#include "platform/xml/Vocabulary.h"
+
+namespace ostrand {
+
+namespace {
+
+constexpr std::string_view kRequest = "loopTest";
+
+// The channels of a device that has several answer measured floats; the one value of the others is exact.
+bool isZero(const std::string& item, double value) { return item == "loopTestValue" ? value == 0.0 : value <= 0.1; }
+
+// Each item with its number; a text that is no number may be anything.
+template <class Tell>
+void forEachValue(const Node& parent, Tell tell) {
+  if (!parent) return;
+  for (Node item = parent.firstChild(); item; item = item.nextSibling()) {
+    const Node value = item.firstChild();
+    if (value) tell(std::string(item.findAttribute("name").value_or("")), parseNumber(value.text(), '.'));
+  }
+}
+
+}  // namespace
+
+LoopTestWatch::LoopTestWatch(Host& host) : mHost(host) { mHost.observers().add(*this); }
+
+LoopTestWatch::~LoopTestWatch() { mHost.observers().remove(*this); }
+
+void LoopTestWatch::requestSent(const Request& request) {
+  if (request.name != kRequest || !request.write) return;
+  const bool before = mayBeDriving();
+  forEachValue(requestElement(request.document), [&](const std::string& item, std::optional<double> value) {
+    if (!value || !isZero(item, *value)) mDriven.try_emplace(item, Driven::Asked);
+  });
+  if (mayBeDriving() != before) changed();
+}
+
+void LoopTestWatch::requestAnswered(const Request& request, const Document& answer) {
+  const AnswerHead head = headOf(answer);
+  if (request.name != kRequest || !head.write || head.local || !head.errorCode.empty()) return;
+  forEachValue(response(answer), [&](const std::string& item, std::optional<double> value) {
+    if (value && isZero(item, *value))
+      mDriven.erase(item);
+    else
+      mDriven[item] = Driven::Confirmed;
+  });
+  changed();
+}
+
+// A device that refuses a value has left its output as it was.
+void LoopTestWatch::requestFinished(const Request& request, Outcome outcome) {
+  if (request.name != kRequest || !request.write || outcome != Outcome::Refused) return;
+  forEachValue(requestElement(request.document), [&](const std::string& item, std::optional<double>) {
+    if (const auto found = mDriven.find(item); found != mDriven.end() && found->second == Driven::Asked) mDriven.erase(found);
+  });
+  changed();
+}
+
+}  // namespace ostrand
