@@ -1,72 +1,63 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
-#include "cli/Terminal.h"
+#include "cli/Narrator.h"
 #include "host/Host.h"
-#include "host/transcript/CallListener.h"
 
 namespace ostrand {
 
-// A conversation that tells itself: a simulated blade transmitter, its data set open in the measurement view, live values,
-// and the active recipe changed by what a user does to the controls. Every line says who spoke to whom.
-class Demo : private HostObserver, private CallListener, private UserPrompt {
+// Conversations with a simulated blade transmitter, held by what a user does to the controls of two views: measurement and
+// calibration.
+class Demo {
  public:
-  // All must outlive it. The conversation takes its time on the desktop's clock.
-  Demo(const Terminal& terminal, Desktop& desktop, ComponentSource& components);
-  ~Demo();
+  struct Options {
+    std::string device = "hartBlade";
+    std::string language = "en";
+    unsigned seed = 1;
+  };
 
-  // RuntimeError if a file or the view is missing.
-  void play(const std::string& language, unsigned seed);
+  // The desktop is that of host and device; `reader` as for the narrator. All must outlive it. RuntimeError if the device, the
+  // language, a file or a view is missing.
+  Demo(const Terminal& terminal, Desktop& desktop, Desktop* reader, ComponentSource& components, const Options& options);
+
+  // A whole laboratory calibration: two samples, what the laboratory found, the verdict, and the reading before and after.
+  void calibrate();
+  // A choice and a click: the device is to measure with this recipe, 1 to 8.
+  void changeRecipe(int recipe);
 
  private:
-  // Who speaks to whom; each pair has its colour.
-  enum class Road { UserToView, ViewToHost, HostToDevice, DeviceToHost, HostToView, HostToUser };
+  Ref<ViewSite> open(const std::string& className, const std::string& key);
+  void bringToFront(const Ref<ViewSite>& site, const std::string& key);
+  // The reading at the end of so many, in %Cs.
+  double watchLiveValues(int readings, int rows);
+  void takeSample(int number);
+  void enterResults();
+  void readRecipesBack();
+  void closeWith(double before, double after);
+  void showTips();
 
-  void scene(const std::string& title, const std::string& text);
-  void say(Road road, const std::string& what, const std::string& more = {});
-  void showFront();
-  void showTail();
-  std::size_t showLiveValues();
-  // False if none comes.
-  bool awaitReading();
-  void watchLiveValues(int readings);
-  void changeRecipe();
-  void settle();
-  // A moment to read, where somebody reads.
-  void pause(double seconds);
-
+  // What the user does to the controls of the view in front.
+  void choose(const std::string& control, const std::string& key);
+  void type(const std::string& control, const std::string& text);
+  void click(const std::string& control);
   template <class T>
-  T& control(const std::string& tag);
-  std::string folded(const Document& message) const;
-  // A value with what it means: the text of a choice, the unit of a number.
-  std::string worded(const std::string& parameter, const std::string& value) const;
-  std::string text(const std::string& key) const { return mHost.textTable()->GetText(key); }
+  T& control(const std::string& name) const;
 
-  // HostObserver
-  void requestSent(const Request& request) override;
-  void requestAnswered(const Request& request, const Document& answer) override;
-  void requestFinished(const Request& request, Outcome outcome) override;
-  void viewPlaced(const ViewSite& site) override;
-  void viewLocalized(const ViewSite& site, const std::string& language) override;
-  void viewSelected(const ViewSite& site, const std::string& key) override;
-  void viewHandedIn(const ViewSite& site, DataPath path, const Document& document) override;
-  void viewEvent(const std::string& view, const ViewEvent& event) override;
-  // CallListener
-  Call begins(const CallText& call) override;
-  void returns(Call, const std::string&) override {}
-  void fails(Call, const ErrorText& error) override;
-  // UserPrompt
-  int ask(const std::string& title, const std::string& message) override;
-  void show(const std::string& title, const std::string& message) override;
+  bool awaitReading();
+  std::vector<std::string> liveValues(int count) const;
+  double laboratoryValue(int sample);
+  // A value of the data set with its decimals and unit.
+  std::string shown(const std::string& parameter) const;
+  void settle();
+  void passUntil(double secondsSinceStart);
 
   const Terminal& mTerminal;
   Desktop& mDesktop;
   LocalTime mStart;
-  bool mQuiet = false;  // while the live values are watched
-  int mReadings = 0;
+  Narrator mNarrator;
   Host mHost;
-  Ref<ViewSite> mSite;
 };
 
 }  // namespace ostrand

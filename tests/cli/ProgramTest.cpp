@@ -47,18 +47,37 @@ class ProgramTest : public testing::Test {
   fs::path folder, registry;
 };
 
-TEST_F(ProgramTest, TellsTheConversationTheSameEveryTime) {
+TEST_F(ProgramTest, TellsTheCalibrationTheSameEveryTime) {
   const Result first = run("demo");
   EXPECT_EQ(first.code, 0) << first.text;
-  EXPECT_TRUE(first.says("DTMGUIDownload \"activeRecipe\" 1")) << first.text;
-  EXPECT_TRUE(first.says("The device has confirmed it: Recipe 3 is active."));
+  EXPECT_TRUE(first.says("DTMGUIDownload \"laboratoryResults\" 1")) << first.text;
+  EXPECT_TRUE(first.says("The calibration was successful."));
+  EXPECT_TRUE(first.says("%Cs  agrees with the laboratory")) << first.text;
+  EXPECT_FALSE(first.says("ReportError")) << first.text;
   EXPECT_FALSE(first.says("\033[")) << "no colours in a pipe";
   EXPECT_EQ(run("demo").text, first.text);
   EXPECT_NE(run("demo --seed 2").text, first.text);
-  EXPECT_TRUE(run("demo --language fi").says("Aktiivinen resepti"));
+  EXPECT_TRUE(run("demo --language fi").says("Laboratoriotulokset"));
   const Result unknown = run("demo --language xx");
   EXPECT_EQ(unknown.code, 2);
   EXPECT_TRUE(unknown.says("no such language: \"xx\""));
+}
+
+TEST_F(ProgramTest, CalibratesOnTheOtherBus) {
+  const Result demo = run("demo --bus profibus");
+  EXPECT_EQ(demo.code, 0) << demo.text;
+  EXPECT_TRUE(demo.says("executeAction")) << demo.text;
+  EXPECT_TRUE(demo.says("The calibration was successful."));
+  EXPECT_TRUE(demo.says("%Cs  agrees with the laboratory")) << demo.text;
+  EXPECT_EQ(run("demo --bus other").code, 2);
+}
+
+TEST_F(ProgramTest, MakesAnotherRecipeTheActiveOne) {
+  const Result demo = run("demo --recipe 3");
+  EXPECT_EQ(demo.code, 0) << demo.text;
+  EXPECT_TRUE(demo.says("DTMGUIDownload \"activeRecipe\" 1")) << demo.text;
+  EXPECT_TRUE(demo.says("The device has confirmed it: Recipe 3 is active.")) << demo.text;
+  EXPECT_EQ(run("demo --recipe 9").code, 2);
 }
 
 TEST_F(ProgramTest, ListsClassesAndDevices) {
