@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "platform/types/IHostContainer.h"
 #include "platform/types/Messenger.h"
 #include "platform/types/Query.h"
 
@@ -52,6 +53,13 @@ class QuietUnits final : public QuietObject<IUnitConverter> {
     return true;
   }
   bool GetUnitInfo(const std::string&, std::string& unit) override { return unit = "degF", true; }
+};
+
+// A place for a view whose requests go nowhere.
+class QuietContainer final : public QuietObject<IHostContainer> {
+ public:
+  void DTMGUIDownload(const std::string&, const std::string&, int) override {}
+  std::string DTMGUIGetXmlPath() override { return {}; }
 };
 
 // A host that costs next to nothing: it sends nothing and remembers nothing but the number of errors.

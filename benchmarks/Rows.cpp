@@ -1,5 +1,7 @@
 #include "benchmarks/Rows.h"
 
+#include "benchmarks/CalibrationWorks.h"
+#include "benchmarks/DiagnosticsWorks.h"
 #include "benchmarks/Works.h"
 
 namespace ostrand::bench {
@@ -79,8 +81,26 @@ Section memoryAndLife() {
   return section;
 }
 
+Section calibrations() {
+  Section section{"A whole laboratory calibration, without device and bus, against libxml2's parse of its answers", {}};
+  for (const char* const device : {"hartBlade", "profibusBlade"})
+    section.rows.push_back({device, calibration(By::Ostrand, device), "libxml2, parse", calibration(By::Libxml, device), share(1.5)});
+  // The heap may round a block up by what is left behind it, no more.
+  section.rows.push_back({"bytes of the view after 10,000", {}, "after 10", {}, share(1.01), [] { return bytesAfterCalibrations(10000); }, [] { return bytesAfterCalibrations(10); }});
+  return section;
+}
+
+Section diagnostics() {
+  Section section{"An answer to the diagnostics view, reading included, against one path per item", {}};
+  section.rows.push_back({"event log, 48 items", eventLog(By::Ostrand), "libxml2", eventLog(By::Libxml), faster(10)});
+  section.rows.push_back({"device status, 200 bits", deviceStatus(By::Ostrand, 200), "libxml2", deviceStatus(By::Libxml, 200), faster(20)});
+  section.rows.push_back({"status tree of 1000 bits (exponent)", deviceStatus(By::Ostrand, 1000), "100 bits", deviceStatus(By::Ostrand, 100), {Figure::Exponent, 1.1, 10}});
+  section.rows.push_back({"status tree of 100 bits (exponent)", deviceStatus(By::Ostrand, 100), "10 bits", deviceStatus(By::Ostrand, 10), {Figure::Exponent, 1.1, 10}});
+  return section;
+}
+
 }  // namespace
 
-std::vector<Section> sections() { return {firstWalks(), sharesOfTheParse(), answers(), growth(), memoryAndLife()}; }
+std::vector<Section> sections() { return {firstWalks(), sharesOfTheParse(), answers(), calibrations(), diagnostics(), growth(), memoryAndLife()}; }
 
 }  // namespace ostrand::bench

@@ -28,7 +28,7 @@ struct Row {
   std::string peer;
   Work theirs;
   Figure figure;
-  // For Figure::Number, instead of the works.
+  // Numbers instead of the works.
   std::function<double()> ourNumber = {};
   std::function<double()> theirNumber = {};
 };

@@ -2,15 +2,13 @@
 
 #include <map>
 #include <memory>
-#include <stdexcept>
 
 #include "benchmarks/BenchView.h"
 #include "benchmarks/Classic.h"
 #include "benchmarks/Documents.h"
 #include "benchmarks/Heap.h"
-#include "benchmarks/QuietHost.h"
+#include "benchmarks/Placed.h"
 #include "component/Classes.h"
-#include "platform/desktop/VirtualDesktop.h"
 
 namespace ostrand::bench {
 
@@ -19,54 +17,12 @@ namespace {
 constexpr int kControls = 60;
 constexpr int kViews = 6;
 
-std::string sizes(By by, const std::string& what, std::initializer_list<int> sizes) {
-  std::string text = what;
-  for (const int size : sizes) text += " " + std::to_string(size);
-  return text + (by == By::Ostrand ? " by ostrand" : by == By::Pugixml ? " by pugixml" : " by libxml2");
-}
-
 // Written once: the works of one size share it.
 const std::string& dataSet(int parameters) {
   static std::map<int, std::string> texts;
   std::string& text = texts[parameters];
   if (text.empty()) text = dataSetText(parameters);
   return text;
-}
-
-// A component with its desktop and its host.
-struct Placed {
-  explicit Placed(Component* made) : view(made) {
-    view->Place(desktop, nullptr, "");
-    as<ITaviComponent>()->SetMessenger(host);
-    as<ILocalizable>()->Localize(host->GetTextTable());
-  }
-  ~Placed() {
-    as<ITaviView>()->PrepareToRelease();
-    view->Terminate();
-  }
-
-  template <class I>
-  Ref<I> as() const {
-    return query<I>(view.get());
-  }
-  // A walk that reports errors would be the wrong one to measure.
-  void check() const {
-    if (host->errors > 0) throw std::runtime_error("the view has reported errors");
-  }
-
-  VirtualDesktop desktop;
-  Ref<QuietMessenger> host{new QuietMessenger};
-  Ref<Component> view;
-};
-
-void offlineData(const Placed& placed, const Document& doc) {
-  placed.as<ITaviDataUser>()->SetOfflineData(doc);
-  placed.check();
-}
-
-void onlineData(const Placed& placed, const Document& doc) {
-  placed.as<ITaviDataUser>()->SetOnlineData(doc);
-  placed.check();
 }
 
 std::unique_ptr<Paths> readClassic(By by, const std::string& text) {
@@ -114,7 +70,7 @@ Work lifeOf(std::string name, std::function<Component*()> make) {
 
 Work firstWalk(By by, int parameters, int controls) {
   const std::string& text = dataSet(parameters);
-  return {sizes(by, "first walk", {parameters, controls}), [=, &text](Meter& meter) {
+  return {workName(by, "first walk", {parameters, controls}), [=, &text](Meter& meter) {
             const Placed placed(new BenchView(controls, parameters));
             const Document doc = Document::read(text);
             if (by == By::Ostrand) return meter.measure([&] { offlineData(placed, doc); });
@@ -126,7 +82,7 @@ Work firstWalk(By by, int parameters, int controls) {
 
 Work sixViews(int parameters) {
   const std::string& text = dataSet(parameters);
-  return {sizes(By::Ostrand, "six views", {parameters}), [=, &text](Meter& meter) {
+  return {workName(By::Ostrand, "six views", {parameters}), [=, &text](Meter& meter) {
             std::vector<std::unique_ptr<Placed>> views;
             for (int i = 0; i < kViews; ++i) views.push_back(std::make_unique<Placed>(new BenchView(kControls, parameters, i * parameters / kControls / kViews)));
             const Document doc = Document::read(text);
@@ -138,7 +94,7 @@ Work sixViews(int parameters) {
 
 Work answer(By by, int items) {
   const auto live = std::make_shared<Live>(items);
-  return {sizes(by, "answer", {items}), [=](Meter& meter) {
+  return {workName(by, "answer", {items}), [=](Meter& meter) {
             live->next = 1 - live->next;
             const std::string& text = live->texts[live->next];
             if (by == By::Ostrand) return meter.measure([&] { onlineData(live->placed, Document::read(text)); });
@@ -154,7 +110,7 @@ Work answer(By by, int items) {
 
 Work read(By by, int parameters) {
   const std::string& text = dataSet(parameters);
-  return {sizes(by, "read", {parameters}), [=, &text](Meter& meter) {
+  return {workName(by, "read", {parameters}), [=, &text](Meter& meter) {
             if (by == By::Ostrand) {
               Document doc;
               meter.measure([&] { doc = Document::read(text); });
@@ -167,11 +123,17 @@ Work read(By by, int parameters) {
 
 Work readInPlace(int parameters) {
   const std::string& text = dataSet(parameters);
-  return {sizes(By::Pugixml, "read in place", {parameters}), [=, &text](Meter& meter) {
+  return {workName(By::Pugixml, "read in place", {parameters}), [=, &text](Meter& meter) {
             std::string own = text;
             pugi::xml_document doc;
             meter.measure([&] { doc.load_buffer_inplace(own.data(), own.size()); });
           }};
+}
+
+std::string workName(By by, const std::string& what, std::initializer_list<int> sizes) {
+  std::string text = what;
+  for (const int size : sizes) text += " " + std::to_string(size);
+  return text + (by == By::Ostrand ? " by ostrand" : by == By::Pugixml ? " by pugixml" : " by libxml2");
 }
 
 std::string nameOfLargestView() { return std::string(largestClass().name); }

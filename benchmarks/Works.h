@@ -1,11 +1,15 @@
 #pragma once
 
+#include <initializer_list>
+#include <string>
+
 #include "benchmarks/Work.h"
 
 namespace ostrand::bench {
 
 // Who does the work.
 enum class By { Ostrand, Pugixml, Libxml };
+std::string workName(By by, const std::string& what, std::initializer_list<int> sizes = {});
 
 // The first walk of a data set that has just been read, with a view that has not seen one: all indexes that
 // it needs are built on the way. The peers walk the classic way; reading does not count.

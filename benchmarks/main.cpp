@@ -1,11 +1,13 @@
 // ostrand_bench                  the table
 // ostrand_bench --count          every work once, for callgrind to count
 // ostrand_bench --counts FOLDER  the table, with the ratios of instructions from callgrind's files
+//               --only TEXT      only the sections with this text in their titles
 
 #include <cmath>
 #include <cstdio>
 #include <exception>
 #include <set>
+#include <stdexcept>
 #include <string_view>
 
 #include "benchmarks/Heap.h"
@@ -85,7 +87,7 @@ class Table {
  private:
   bool print(const Row& row) const {
     const Figure& figure = row.figure;
-    const bool works = figure.form != Figure::Number;
+    const bool works = !row.ourNumber;
     const Read read = works ? time(row) : Read{row.ourNumber(), row.theirNumber ? row.theirNumber() : 0};
     const auto shown = [&](double value) { return works ? asTime(value) : format("%.0f", value); };
     const bool good = !figure.limit || reached(figure, read);
@@ -124,13 +126,22 @@ void countAll(const std::vector<Section>& sections) {
 int main(int argc, char** argv) {
   try {
     Heap::watch();
-    const std::string_view mode = argc > 1 ? argv[1] : "";
-    if (mode == "--count") {
-      countAll(sections());
-      return 0;
+    bool counts = false;
+    std::map<std::string, double> counted;
+    std::vector<Section> chosen = sections();
+    for (int i = 1; i < argc; ++i) {
+      const std::string_view option = argv[i];
+      if (option == "--count")
+        counts = true;
+      else if (option == "--counts" && i + 1 < argc)
+        counted = readCounts(argv[++i]);
+      else if (option == "--only" && i + 1 < argc)
+        std::erase_if(chosen, [part = argv[++i]](const Section& section) { return section.title.find(part) == std::string::npos; });
+      else
+        throw std::runtime_error("no such option: " + std::string(option));
     }
-    const Table table(mode == "--counts" && argc > 2 ? readCounts(argv[2]) : std::map<std::string, double>());
-    return table.print(sections()) ? 0 : 1;
+    if (counts) return countAll(chosen), 0;
+    return Table(std::move(counted)).print(chosen) ? 0 : 1;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
