@@ -127,21 +127,21 @@ int main(int argc, char** argv) {
   try {
     Heap::watch();
     bool counts = false;
-    std::map<std::string, double> counted;
+    std::map<std::string, double> instructions;
     std::vector<Section> chosen = sections();
     for (int i = 1; i < argc; ++i) {
       const std::string_view option = argv[i];
       if (option == "--count")
         counts = true;
       else if (option == "--counts" && i + 1 < argc)
-        counted = readCounts(argv[++i]);
+        instructions = readCounts(argv[++i]);
       else if (option == "--only" && i + 1 < argc)
         std::erase_if(chosen, [part = argv[++i]](const Section& section) { return section.title.find(part) == std::string::npos; });
       else
         throw std::runtime_error("no such option: " + std::string(option));
     }
     if (counts) return countAll(chosen), 0;
-    return Table(std::move(counted)).print(chosen) ? 0 : 1;
+    return Table(std::move(instructions)).print(chosen) ? 0 : 1;
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
