@@ -32,9 +32,12 @@ void DiagnosticsView::initialize() {
   proc.step([&] { cmdStopLoopTest.Enabled(false); });
 }
 
-void DiagnosticsView::clear() {
-  if (CtrStatus1.view()) CtrStatus1->PrepareToRelease();
-  View::clear();
+void DiagnosticsView::PrepareToRelease() {
+  Procedure proc(*this, "ITaviView_PrepareToRelease");
+  proc.step([&] {
+    modView::callObject(CtrStatus1, CtrStatus1.view(), "PrepareToRelease", "", [](ITaviView& status) { status.PrepareToRelease(); });
+  });
+  proc.step([&] { clear(); });
 }
 
 void DiagnosticsView::SetMessenger(const Ref<Messenger>& messenger) {

@@ -12,11 +12,11 @@ class DiagnosticsView : public View {
  public:
   bool LeaveSelectedView() override;
   void SetMessenger(const Ref<Messenger>& messenger) override;
+  void PrepareToRelease() override;
 
  protected:
   explicit DiagnosticsView(std::string_view objectName);
   void initialize() override;
-  void clear() override;
 
   virtual void cmdLoopTest_Click() = 0;
   virtual void cmdStopLoopTest_Click() = 0;

@@ -249,8 +249,10 @@ void VwDiagnostics::cmdReset_Click() {
     if (!chkReset.has(i)) continue;
     proc.step([&] {
       if (!chkReset(i).Value()) return;
-      const Ref<IBusDependent> bus = required(mBus);
-      ok = bus->ResetEventLog(proc.pinnedMessenger(), chkReset(i).Tag());
+      ok = proc.value(false, [&] {
+        const Ref<IBusDependent> bus = required(mBus);
+        return bus->ResetEventLog(proc.pinnedMessenger(), chkReset(i).Tag());
+      });
     });
   }
 }

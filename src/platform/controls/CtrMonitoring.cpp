@@ -111,6 +111,8 @@ void CtrMonitoring::SetOnlineData(const Document& doc) {
       const auto known = mRows.find(std::string(name));
       int row = known == mRows.end() ? 0 : known->second;
       if (row == 0) {
+        // A recipe or a serial number that somebody reads meanwhile is no live value.
+        if (answer.findAttribute("name").value_or("") != tag()) continue;
         const Node found = parameter(mDataSet, name);
         if (!found) continue;
         variableOf(found, row);

@@ -14,7 +14,8 @@
 namespace ostrand {
 
 // The live values: a table of name, value, unit and trend. It begins with the parameters of the request
-// group that bears its Tag, and takes in every item of an answer that has a parameter in the data set.
+// group that bears its Tag, and takes in what else the device answers for that group, as far as the data
+// set knows it. Other answers bring new values for what is there, and no rows.
 class CtrMonitoring : public Panel, public MessengerEvents {
  public:
   static constexpr std::string_view kClassName = "CtrMonitoring";

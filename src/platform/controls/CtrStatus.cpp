@@ -94,9 +94,11 @@ void CtrStatus::SetOnlineData(const Document& doc) {
       // A bit that the data set does not list still finds its branch, if a mapping knows its kind.
       if (!mPlaces.contains(name) && (!mDataSet || !addLeaf(name))) continue;
       const Node value = valueElement(item, "integerVal");
-      if (!value) continue;
+      const std::string text = value ? value.text() : std::string();
+      // The device has no value for this bit: the last one stands.
+      if (text.empty() || text == "NaN") continue;
       Leaf& leaf = *leafOf(name);
-      const bool raised = !isZero(value.text());
+      const bool raised = !isZero(text);
       leaf.isNew = raised && !leaf.raised && !first;
       leaf.raised = raised;
     }

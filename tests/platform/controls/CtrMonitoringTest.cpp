@@ -65,6 +65,12 @@ TEST_F(CtrMonitoringTest, WithoutItsGroupItBeginsEmpty) {
   EXPECT_THAT(rows(), IsEmpty());
 }
 
+TEST_F(CtrMonitoringTest, AnswersOfOtherGroupsBringValuesButNoRows) {
+  monitoring->SetOfflineData(data());
+  monitoring->SetOnlineData(answer("name=\"recipes\" access=\"read\" responseStatus=\"ok\"", itemXml("temperature", "21.26", "floatVal") + itemXml("text", "off")));
+  EXPECT_THAT(rows(), ElementsAre("consistency|3.50|%Cs|", "temperature|21.3|degC|"));
+}
+
 TEST_F(CtrMonitoringTest, TakesInEveryItemThatHasAParameter) {
   monitoring->SetOfflineData(data());
   monitoring->SetOnlineData(online(itemXml("temperature", "21.26", "floatVal") + itemXml("unknown", "1", "floatVal") + itemXml("text", "off") +
