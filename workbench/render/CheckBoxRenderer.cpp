@@ -17,7 +17,7 @@ std::vector<QWidget*> CheckBoxRenderer::widgets() const { return {mBox}; }
 
 QWidget* CheckBoxRenderer::focusWidget() const { return mBox; }
 
-void CheckBoxRenderer::restyle() { mBox->setFont(theme().font()); }
+void CheckBoxRenderer::restyle() { useFont(*mBox, theme().font()); }
 
 void CheckBoxRenderer::sync() {
   const QString caption = toQt(mModel.Caption()).replace(QLatin1Char('&'), QStringLiteral("&&"));

@@ -21,7 +21,7 @@ QWidget* CheckEditRenderer::focusWidget() const { return mBox; }
 
 void CheckEditRenderer::restyle() {
   EditRenderer::restyle();
-  mBox->setFont(theme().font());
+  useFont(*mBox, theme().font());
 }
 
 void CheckEditRenderer::sync() {

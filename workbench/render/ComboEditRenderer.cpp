@@ -9,8 +9,12 @@
 
 namespace ostrand {
 
-ChoiceBox::ChoiceBox(const Theme& theme, QWidget* parent) : QComboBox(parent), mTheme(theme) {
-  setItemDelegate(new QStyledItemDelegate(this));  // the one that minds the style sheet's heights
+ChoiceBox::ChoiceBox(const Theme& theme, QWidget* parent) : QComboBox(parent), mTheme(theme) {}
+
+// A list is made when it is opened for the first time; most never are.
+void ChoiceBox::showPopup() {
+  if (!mDelegate) setItemDelegate(mDelegate = new QStyledItemDelegate(this));  // the one that minds the style sheet's heights
+  QComboBox::showPopup();
 }
 
 void ChoiceBox::restyle(const Theme& theme) {
@@ -45,7 +49,7 @@ QWidget* ComboEditRenderer::focusWidget() const { return mBox; }
 
 void ComboEditRenderer::restyle() {
   EditRenderer::restyle();
-  mBox->setFont(theme().font());
+  useFont(*mBox, theme().font());
   mBox->restyle(theme());
 }
 

@@ -12,12 +12,14 @@ class ChoiceBox : public QComboBox {
  public:
   ChoiceBox(const Theme& theme, QWidget* parent);
   void restyle(const Theme& theme);
+  void showPopup() override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   Theme mTheme;
+  QAbstractItemDelegate* mDelegate = nullptr;
 };
 
 // One value from a list. A value that is not offered is shown all the same, but cannot be chosen.

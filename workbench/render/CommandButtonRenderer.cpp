@@ -28,8 +28,8 @@ std::vector<QWidget*> CommandButtonRenderer::widgets() const { return {mButton, 
 QWidget* CommandButtonRenderer::focusWidget() const { return mButton; }
 
 void CommandButtonRenderer::restyle() {
-  mButton->setFont(theme().font(Theme::Text::Strong));
-  mNote->setFont(theme().font(Theme::Text::Small));
+  useFont(*mButton, theme().font(Theme::Text::Strong));
+  useFont(*mNote, theme().font(Theme::Text::Small));
 }
 
 void CommandButtonRenderer::sync() {

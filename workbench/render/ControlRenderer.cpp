@@ -41,12 +41,19 @@ QString ControlRenderer::reason() const {
 void ControlRenderer::setLook(QWidget& widget, const char* property, const QString& value) {
   if (widget.property(property).toString() == value) return;
   widget.setProperty(property, value);
+  // One that has not been on the screen yet takes its look when it comes there.
+  if (!widget.testAttribute(Qt::WA_WState_Polished)) return;
   widget.style()->unpolish(&widget);
   widget.style()->polish(&widget);
 }
 
 void ControlRenderer::setEnabled(QWidget& widget, bool enabled) {
   if (widget.isEnabled() != enabled) widget.setEnabled(enabled);
+}
+
+// A font of its own costs a widget a walk over all that is in it, also when it is the one that it has already.
+void ControlRenderer::useFont(QWidget& widget, const QFont& font) {
+  if (widget.font() != font) widget.setFont(font);
 }
 
 int ControlRenderer::lineHeight() const { return QFontMetrics(theme().font()).height(); }

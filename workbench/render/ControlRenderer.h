@@ -83,6 +83,7 @@ class ControlRenderer {
   // A property that the style sheet asks for.
   static void setLook(QWidget& widget, const char* property, const QString& value);
   static void setEnabled(QWidget& widget, bool enabled);
+  static void useFont(QWidget& widget, const QFont& font);
   int lineHeight() const;
   int fieldHeight() const;
 

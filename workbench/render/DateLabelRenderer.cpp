@@ -17,7 +17,7 @@ DateLabelRenderer::DateLabelRenderer(FormPage& page, CaptionedControl& label)
 
 std::vector<QWidget*> DateLabelRenderer::widgets() const { return {mLabel}; }
 
-void DateLabelRenderer::restyle() { mLabel->setFont(theme().font(Theme::Text::Small)); }
+void DateLabelRenderer::restyle() { useFont(*mLabel, theme().font(Theme::Text::Small)); }
 
 void DateLabelRenderer::sync() {
   const std::string& stamp = mModel.Caption();

@@ -20,7 +20,7 @@ EditRenderer::EditRenderer(FormPage& page, EditControl& edit)
 std::vector<QWidget*> EditRenderer::widgetsWith(QWidget* field) const { return {field, mUnit, mState}; }
 
 void EditRenderer::restyle() {
-  mUnit->setFont(theme().font());
+  useFont(*mUnit, theme().font());
   mState->restyle(theme());
 }
 

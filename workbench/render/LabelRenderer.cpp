@@ -20,7 +20,7 @@ bool LabelRenderer::isHeading() const {
   return page().isFirst(mModel) && mModel.Top() < Form::kRowHeight;
 }
 
-void LabelRenderer::restyle() { mLabel->setFont(theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body)); }
+void LabelRenderer::restyle() { useFont(*mLabel, theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body)); }
 
 void LabelRenderer::sync() {
   const QString caption = toQt(mModel.Caption());

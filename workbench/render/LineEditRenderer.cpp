@@ -29,7 +29,7 @@ QWidget* LineEditRenderer::focusWidget() const { return mField; }
 
 void LineEditRenderer::restyle() {
   EditRenderer::restyle();
-  mField->setFont(theme().font());
+  useFont(*mField, theme().font());
 }
 
 void LineEditRenderer::sync() {

@@ -212,7 +212,7 @@ std::vector<QWidget*> ListViewRenderer::widgets() const { return {mTable}; }
 QWidget* ListViewRenderer::focusWidget() const { return mTable; }
 
 void ListViewRenderer::restyle() {
-  mTable->setFont(theme().font());
+  useFont(*mTable, theme().font());
   mTable->horizontalHeader()->setFont(theme().font(Theme::Text::Small));
   mTable->verticalHeader()->setDefaultSectionSize(fieldHeight());
   static_cast<CellPainter*>(mTable->itemDelegate())->restyle(theme());

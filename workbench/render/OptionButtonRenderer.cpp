@@ -17,7 +17,7 @@ std::vector<QWidget*> OptionButtonRenderer::widgets() const { return {mButton}; 
 
 QWidget* OptionButtonRenderer::focusWidget() const { return mButton; }
 
-void OptionButtonRenderer::restyle() { mButton->setFont(theme().font()); }
+void OptionButtonRenderer::restyle() { useFont(*mButton, theme().font()); }
 
 void OptionButtonRenderer::sync() {
   const QString caption = toQt(mModel.Caption()).replace(QLatin1Char('&'), QStringLiteral("&&"));

@@ -26,7 +26,7 @@ TextBoxRenderer::TextBoxRenderer(FormPage& page, TextBox& box) : ControlRenderer
 
 std::vector<QWidget*> TextBoxRenderer::widgets() const { return {mText}; }
 
-void TextBoxRenderer::restyle() { mText->setFont(theme().font()); }
+void TextBoxRenderer::restyle() { useFont(*mText, theme().font()); }
 
 bool TextBoxRenderer::isTall() const { return mModel.Height() > Form::kRowHeight; }
 

@@ -22,7 +22,7 @@ std::vector<QWidget*> TextInputRenderer::widgets() const { return {mField}; }
 
 QWidget* TextInputRenderer::focusWidget() const { return mField; }
 
-void TextInputRenderer::restyle() { mField->setFont(theme().font()); }
+void TextInputRenderer::restyle() { useFont(*mField, theme().font()); }
 
 void TextInputRenderer::sync() {
   const QString text = toQt(mModel.Text());

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <map>
 
@@ -28,14 +29,19 @@ struct ViewPanel::Shown {
   }
 };
 
-ViewPanel::ViewPanel(QWidget* parent) : QScrollArea(parent), mTheme(Theme::make(Theme::Kind::Light)) {
+ViewPanel::ViewPanel(QWidget* parent) : QScrollArea(parent), mGround(new QWidget), mTheme(Theme::make(Theme::Kind::Light)) {
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::NoFocus);
+  // All pages stand on one ground for good, of which one is shown: a widget that changes its parent is styled anew with all
+  // that is in it.
+  auto* const layout = new QVBoxLayout(mGround);
+  layout->setContentsMargins(0, 0, 0, 0);
+  setWidget(mGround);
+  mGround->setAutoFillBackground(false);
 }
 
 ViewPanel::~ViewPanel() {
-  takeWidget();
   if (mShown && mShown->current) mShown->current->retire();
 }
 
@@ -59,7 +65,7 @@ void ViewPanel::setView(const Ref<ITaviView>& view) {
 void ViewPanel::retire() {
   if (!mShown) return;
   for (const auto& [front, page] : mShown->pages) page->retire();
-  if (QWidget* shown = takeWidget()) shown->hide();
+  if (mShown->current) mShown->current->hide();
   mRetired.push_back(std::move(mShown));
   // Nothing is deleted under a handler that still runs.
   QTimer::singleShot(0, this, [this] { freeRetired(); });
@@ -87,7 +93,11 @@ void ViewPanel::follow() {
   if (!component()) return;
   Control* const front = component()->front();
   std::unique_ptr<FormPage>& page = mShown->pages[front];
-  if (!page) page = std::make_unique<FormPage>(*this, *component(), front, nullptr);
+  if (!page) {
+    page = std::make_unique<FormPage>(*this, *component(), front, mGround);
+    page->hide();
+    mGround->layout()->addWidget(page.get());
+  }
   if (mShown->current != page.get()) {
     // Whoever has the focus on the page that goes applies what is typed in it, and the view may do anything then.
     Shown* const shown = mShown.get();
@@ -96,10 +106,9 @@ void ViewPanel::follow() {
       if (mShown.get() != shown) return;
       if (component()->front() != front) return schedule();
     }
-    if (QWidget* before = takeWidget()) before->hide();
-    mShown->current = page.get();
+    if (shown->current) shown->current->hide();
+    shown->current = page.get();
     page->follow();
-    setWidget(page.get());
     page->show();
   } else {
     page->follow();
@@ -177,10 +186,10 @@ QString ViewPanel::explanation(const Control& control) const {
 
 QPixmap ViewPanel::picture() {
   refresh();
-  if (!widget()) return grab();
+  if (!page()) return grab();
   mWhole = true;
   page()->place();
-  const QPixmap taken = widget()->grab();
+  const QPixmap taken = page()->grab();
   mWhole = false;
   page()->place();
   return taken;
@@ -311,7 +320,7 @@ bool ViewPanel::focusNextPrevChild(bool next) {
   return QScrollArea::focusNextPrevChild(next);
 }
 
-int ViewPanel::visibleWidth() const { return mWhole && widget() ? widget()->width() : viewport()->width(); }
+int ViewPanel::visibleWidth() const { return mWhole && page() ? page()->width() : viewport()->width(); }
 
 void ViewPanel::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);

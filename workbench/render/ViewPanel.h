@@ -108,6 +108,7 @@ class ViewPanel : public QScrollArea {
   void takeModelFocus();
   std::vector<ControlRenderer*> tabOrder() const;
 
+  QWidget* mGround;
   Ref<ITaviView> mView;
   Ref<ITextTable> mTexts;
   std::string mLanguage = "en";

@@ -23,6 +23,10 @@ QVariant ConversationFilter::data(const QModelIndex& index, int role) const {
   return QBrush(mColors[static_cast<std::size_t>(index.data(ConversationLog::KindRole).toInt())]);
 }
 
+bool ConversationFilter::hasChildren(const QModelIndex& parent) const {
+  return parent.isValid() ? sourceModel()->hasChildren(mapToSource(parent)) : QSortFilterProxyModel::hasChildren(parent);
+}
+
 bool ConversationFilter::filterAcceptsRow(int row, const QModelIndex& parent) const {
   if (parent.isValid()) return true;
   const QModelIndex line = sourceModel()->index(row, 0, parent);

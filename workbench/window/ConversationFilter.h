@@ -25,6 +25,8 @@ class ConversationFilter : public QSortFilterProxyModel {
   void setTheme(const Theme& theme);
 
   QVariant data(const QModelIndex& index, int role) const override;
+  // Without laying out the document that stands below a line.
+  bool hasChildren(const QModelIndex& parent) const override;
 
  protected:
   bool filterAcceptsRow(int row, const QModelIndex& parent) const override;

@@ -73,7 +73,8 @@ ConversationPanel::ConversationPanel(ConversationLog& log, QWidget* parent)
     if (onRecord) onRecord(on);
   });
 
-  auto* const bar = new QHBoxLayout;
+  QHBoxLayout* const bar = mBar = new QHBoxLayout;
+  mDispensable = {copyButton, save, clear, mRecord, mKinds};
   bar->setContentsMargins(12, 6, 12, 4);
   bar->setSpacing(8);
   bar->addWidget(title);
@@ -115,6 +116,23 @@ ConversationPanel::ConversationPanel(ConversationLog& log, QWidget* parent)
   setFocusProxy(mList);
 }
 
+QSize ConversationPanel::minimumSizeHint() const { return {mList->fontMetrics().averageCharWidth() * 40, QWidget::minimumSizeHint().height()}; }
+
+void ConversationPanel::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  fit();
+}
+
+// In a narrow window some of the commands go; the keys and the File menu have them too.
+void ConversationPanel::fit() {
+  for (QToolButton* const each : mDispensable) each->show();
+  for (QToolButton* const each : mDispensable) {
+    mBar->invalidate();
+    if (mBar->minimumSize().width() <= width()) break;
+    each->hide();
+  }
+}
+
 void ConversationPanel::setTheme(const Theme& theme) {
   mFilter->setTheme(theme);
   restyle();
@@ -128,6 +146,7 @@ void ConversationPanel::setTexts(const Texts& texts) {
 
 void ConversationPanel::restyle() {
   const QFontMetrics metrics(mList->font());
+  fit();
   mList->header()->resizeSection(ConversationLog::Time, metrics.horizontalAdvance(QStringLiteral("00:00:00.000")) + 56);
   int widest = 0;
   for (int i = 0; i < ConversationLog::kKinds; ++i) widest = std::max(widest, metrics.horizontalAdvance(mLog.shownWord(static_cast<ConversationLog::Kind>(i))));

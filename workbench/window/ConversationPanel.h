@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <array>
 #include <functional>
+#include <vector>
 
 #include "workbench/render/Theme.h"
 #include "workbench/window/ConversationLog.h"
@@ -12,6 +13,7 @@ class QAction;
 class QLabel;
 class QLineEdit;
 class QToolButton;
+class QHBoxLayout;
 class QTreeView;
 
 namespace ostrand {
@@ -36,12 +38,17 @@ class ConversationPanel : public QWidget {
   // Lines that pass the choice of kinds and the search.
   int shownLines() const;
   QTreeView& list() const { return *mList; }
+  QSize minimumSizeHint() const override;
 
   std::function<void()> onSave;
   std::function<void(bool on)> onRecord;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void restyle();
+  void fit();
 
   ConversationLog& mLog;
   Texts mTexts;
@@ -50,6 +57,8 @@ class ConversationPanel : public QWidget {
   QLineEdit* mSearch;
   QToolButton* mKinds;
   QToolButton* mRecord;
+  QHBoxLayout* mBar;
+  std::vector<QToolButton*> mDispensable;  // the first goes first
   std::array<QAction*, ConversationLog::kKinds> mKindActions{};
 };
 

@@ -136,7 +136,7 @@ void DeviceMenu::undoEdit() {
 
 void DeviceMenu::discardEdits() {
   mWindow.panel().commit();
-  if (mWindow.workbench().prompt().ask(say("Discard all edits?").toStdString(), say("All values go back to what the data set last knew of the device.").toStdString()) != UserPrompt::kGoOn) return;
+  if (!mWindow.asks("Discard all edits?", "All values go back to what the data set last knew of the device.")) return;
   mWindow.host().discardEdits();
   refresh();
 }

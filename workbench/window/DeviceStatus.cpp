@@ -81,9 +81,11 @@ void DeviceStatus::requestAnswered(const Request&, const Document& answer) {
   if (moved) changed();
 }
 
-void DeviceStatus::requestFinished(const Request&, Outcome outcome) {
+void DeviceStatus::requestFinished(const Request& request, Outcome outcome) {
   if (outcome == Outcome::Cancelled) return;
   heard(outcome != Outcome::NoAnswer);
+  // What a view has asked for may have changed what the device says of itself: a sample, a test, a reset.
+  if (!request.quiet && !request.asker.empty()) refresh();
 }
 
 void DeviceStatus::heard(bool answers) {

@@ -66,7 +66,7 @@ void FileMenu::open() {
   mWindow.panel().commit();
   Workbench& workbench = mWindow.workbench();
   if (workbench.current().hasUnsavedEdits() &&
-      workbench.prompt().ask(say("There are edits that nobody has saved").toStdString(), say("They are lost when another data set is opened. Open it all the same?").toStdString()) != UserPrompt::kGoOn)
+      !mWindow.asks("There are edits that nobody has saved", "They are lost when another data set is opened. Open it all the same?"))
     return;
   const auto file = workbench.desktop().openDialog({say("Open data set").toStdString(), kDataSets, "xml", workbench.dataFolder() / "devices"});
   if (!file) return;

@@ -135,7 +135,7 @@ void HeaderBar::showPictures() {
   mSymbol->setPixmap(signalSymbol(mShown, mTheme.px(kSymbolSize), devicePixelRatioF()));
 }
 
-QSize HeaderBar::minimumSizeHint() const { return {mTheme.px(320), layout()->minimumSize().height()}; }
+QSize HeaderBar::minimumSizeHint() const { return {mTheme.px(400), layout()->minimumSize().height()}; }
 
 void HeaderBar::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
@@ -144,6 +144,9 @@ void HeaderBar::resizeEvent(QResizeEvent* event) {
 
 // What there is no room for goes whole: first what stands on the pages as well. The state stays.
 void HeaderBar::fit() {
+  QStringList shown{QString::number(width()), mTag->font().toString()};
+  for (const QLabel* const each : findChildren<QLabel*>()) shown << each->text();
+  if (std::exchange(mFitted, shown) == shown) return;
   const std::vector<QLabel*> dispensable[] = {{mSerial.name, mSerial.value}, {mType.name, mType.value}, {mBus.name, mBus.value}, {mConnection.name, mConnection.value}, {mDescription}};
   for (const std::vector<QLabel*>& labels : dispensable)
     for (QLabel* const label : labels) label->show();
@@ -153,9 +156,11 @@ void HeaderBar::fit() {
     layout()->invalidate();
     // The serial number is not worth a cut text.
     const bool isFirst = labels.front() == mSerial.name;
-    if ((isFirst ? layout()->sizeHint() : layout()->minimumSize()).width() <= width()) return;
+    if ((isFirst ? layout()->sizeHint() : layout()->minimumSize()).width() <= width()) break;
     for (QLabel* const label : labels) label->hide();
   }
+  mFacts->invalidate();
+  layout()->activate();
 }
 
 void HeaderBar::show(QLabel& label, const QString& text) {

@@ -47,6 +47,7 @@ class HeaderBar : public QWidget {
   Picture mImage;
   Picture mLogo;
   std::optional<Ne107> mShown;
+  QStringList mFitted;  // to what the facts were chosen last
 
   QLabel* mPicture;
   QLabel* mLogoLabel;

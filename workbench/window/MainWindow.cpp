@@ -12,6 +12,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "host/transcript/ControlPath.h"
 #include "platform/base/RuntimeError.h"
@@ -83,6 +84,7 @@ MainWindow::~MainWindow() {
 
 void MainWindow::layOut() {
   mTools->setMovable(false);
+  mTools->setToolButtonStyle(Qt::ToolButtonTextOnly);
   mTools->setObjectName(QStringLiteral("tools"));
   addToolBar(mTools);
   setContextMenuPolicy(Qt::NoContextMenu);
@@ -189,6 +191,7 @@ void MainWindow::applySettings() {
     menuBar()->setFont(theme.font());
     mTools->setFont(theme.font());
     mTree->setFont(theme.font());
+    mTree->setMinimumWidth(theme.px(200));
     for (QToolButton* const button : mTools->findChildren<QToolButton*>()) button->setFont(theme.font());
     mHeader->setTheme(theme);
     mPanel->setTheme(theme);
@@ -222,8 +225,10 @@ void MainWindow::rescale(double factor) {
   QList<int> widths = mColumns->sizes();
   const QSize room = screen() ? screen()->availableSize() : QSize(scaled(width()), scaled(height()));
   resize(QSize(scaled(width()), scaled(height())).boundedTo(room));
-  widths[1] += widths[0] - scaled(widths[0]);
-  widths[0] = scaled(widths[0]);
+  // On a small screen the view keeps the greater part.
+  const int tree = std::min(scaled(widths[0]), width() / 3);
+  widths[1] += widths[0] - tree;
+  widths[0] = tree;
   mColumns->setSizes(widths);
 }
 
@@ -339,7 +344,10 @@ bool MainWindow::mayClose() {
     running = running || (!device->busyWith().empty() && !device->loopTest().mayBeDriving());
     edits = edits || device->hasUnsavedEdits();
   }
-  if (!driven.isEmpty() && !asks("The output may still be forced", "%1: the device has not answered that the loop test is over. Close all the same, and leave the output as it is?", driven.join(QStringLiteral(", ")))) return false;
+  if (!driven.isEmpty() &&
+      !asks("The output may still be forced", "%1: the device has not answered that the loop test is over. Close all the same, and leave the output as it is?",
+            driven.join(QStringLiteral(", "))))
+    return false;
   if (running && !asks("A test or a sampling is running", "The device goes on with it when the window is closed. Close all the same?")) return false;
   if (edits && !asks("There are edits that nobody has saved", "They are lost when the window is closed. Close all the same?")) return false;
   ViewSite* const front = host().front();

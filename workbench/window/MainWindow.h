@@ -49,6 +49,8 @@ class MainWindow : public QMainWindow {
   void showFront();
   // Carries out a command. An error becomes a message to the user; `trying` says what was tried.
   bool attempt(const QString& trying, const std::function<void()>& command);
+  // A question in the user's language, with `what` in the place of %1. True for yes.
+  bool asks(const char* title, const char* message, const QString& what = {});
   // A message that waits for the user.
   void tell(const QString& title, const QString& text);
   // F6: from the tree to the view to the conversation, and round.
@@ -65,7 +67,6 @@ class MainWindow : public QMainWindow {
   class FocusWatch;
 
   void layOut();
-  bool asks(const char* title, const char* message, const QString& what = {});
   void connectPanel();
   void connectWorkbench();
   void applySettings();

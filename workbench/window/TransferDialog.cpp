@@ -36,7 +36,7 @@ TransferDialog::TransferDialog(Host& host, const Texts& texts, QWidget* parent)
   layout->addWidget(mProgress);
   layout->addWidget(mFailures, 1);
   layout->addWidget(buttons);
-  resize(720, 420);
+  resize(860, 420);
   mHost.observers().add(*this);
 }
 

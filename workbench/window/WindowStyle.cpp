@@ -46,6 +46,7 @@ QLabel[role="banner"] { background: @bannerFill; color: @bannerText; font-weight
 QSplitter::handle { background: @line; }
 QTableView::item { padding: 2px 8px; }
 QDialog QHeaderView::section { padding: 6px 11px; }
+QDialog QTreeView QHeaderView::section { padding: 6px 4px; }
 QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; border-radius: 4px; }
 )");
   const QColor bannerFill = theme.kind == Theme::Kind::Light ? QColor(0xffd98a) : QColor(0x6b4700);

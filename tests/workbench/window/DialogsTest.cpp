@@ -155,7 +155,7 @@ TEST_F(DialogsTest, EveryWordOfTheWindowIsInTheTable) {
     for (const char* const text : {each.fi, each.sv, each.de})
       EXPECT_EQ(QString::fromUtf8(each.en).count(QLatin1Char('%')), QString::fromUtf8(text).count(QLatin1Char('%'))) << text;
   }
-  const QRegularExpression spoken(QStringLiteral("(?:\\bsay|asks)\\(\"((?:[^\"\\\\]|\\\\.)*)\"|speak\\([^;]*?\", \"((?:[^\"\\\\]|\\\\.)*)\"\\)"));
+  const QRegularExpression spoken(QStringLiteral("(?:\\bsay|asks)\\(\"((?:[^\"\\\\]|\\\\.)*)\"|(?:speak|asks)\\([^;]*?\",\\s*\"((?:[^\"\\\\]|\\\\.)*)\""));
   int found = 0;
   for (const auto& file : std::filesystem::directory_iterator(std::string(OSTRAND_SOURCE_DIR) + "/workbench/window")) {
     const QString source = QString::fromStdString(readWholeFile(file.path()));

@@ -138,7 +138,9 @@ TEST_F(LoopTestTest, EachOfSixChannelsMustHaveAnsweredZero) {
   settle();
   grab("six-channels");
   const auto stop = [&](const std::string& channel) {
-    EXPECT_EQ(optical.host().submit("", "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"" + channel + "LoopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item></communicationRequest>", "loopTest", "", 0, 0), "");
+    const std::string item = "<item name=\"" + channel + "LoopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item>";
+    const std::string request = "<communicationRequest name=\"loopTest\" access=\"write\">" + item + "</communicationRequest>";
+    EXPECT_EQ(optical.host().submit("", request, "loopTest", "", 0, 0), "");
     settle();
   };
   stop("channel0");
