@@ -106,7 +106,7 @@ void Narrator::drawForm(const ViewSite& site) {
   if (!component || !component->front()) return;
   std::string title, stamp;
   std::map<int, std::vector<std::string>> byTop;
-  for (const Control* each : controlsOf(component->controls(), *component->front())) {
+  for (const Control* each : component->controlsOf(component->front())) {
     if (!each->Visible() || each == component->front()) continue;
     if (const auto* const caption = dynamic_cast<const CaptionedControl*>(each)) {
       if (each->kind() == Control::Kind::DateLabel)

@@ -87,8 +87,7 @@ std::size_t width(const std::string& text) {
 }
 
 void addFront(const Component& component, const std::string& path, std::vector<Row>& rows) {
-  const std::vector<Control*> shown = component.front() ? controlsOf(component.controls(), *component.front()) : component.controls();
-  for (const Control* const control : shown) {
+  for (const Control* const control : component.controlsOf(component.front())) {
     rows.push_back({path + control->name(), kindWord(*control), content(*control), state(*control, component.focused())});
     if (const Component* const nested = nestedIn(*control)) addFront(*nested, path + control->name() + ".", rows);
   }
@@ -101,17 +100,6 @@ std::vector<Control*> selectableItems(const ControlCollection& controls) {
   std::copy_if(controls.begin(), controls.end(), std::back_inserter(items), [](const Control* each) { return each->kind() == Control::Kind::Frame; });
   std::copy_if(controls.begin(), controls.end(), std::back_inserter(items), [](const Control* each) { return each->view() != nullptr; });
   return items;
-}
-
-std::vector<Control*> controlsOf(const ControlCollection& controls, const Control& item) {
-  const std::vector<Control*> items = selectableItems(controls);
-  std::vector<Control*> own;
-  bool inside = false;
-  for (Control* const control : controls) {
-    if (std::find(items.begin(), items.end(), control) != items.end()) inside = control == &item;
-    if (inside) own.push_back(control);
-  }
-  return own;
 }
 
 std::vector<std::string> frontAsText(const Component& component) {

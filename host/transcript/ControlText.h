@@ -26,8 +26,6 @@ class Control;
 // The controls of a nested component follow the line of its place.
 std::vector<std::string> frontAsText(const Component& component);
 
-// The controls that belong to an item of a view, the item first: those declared behind a frame, up to the next item.
-std::vector<Control*> controlsOf(const ControlCollection& controls, const Control& item);
 // The items that a host can select: frames and nested views, in their order.
 std::vector<Control*> selectableItems(const ControlCollection& controls);
 

@@ -17,6 +17,7 @@
 #include "platform/controls/MomentEdit.h"
 #include "platform/controls/OptionButton.h"
 #include "platform/controls/Slider.h"
+#include "platform/controls/TextBox.h"
 #include "platform/controls/UserActions.h"
 #include "platform/types/ITaviDeviceSpecific.h"
 
@@ -130,6 +131,8 @@ void TranscriptPlayer::type(const TranscriptInput& input) {
   } else if (auto* const momentEdit = dynamic_cast<MomentEdit*>(&target)) {
     requireEditable(target);
     onView([&] { momentEdit->type(text); });
+  } else if (auto* const box = dynamic_cast<TextBox*>(&target)) {
+    return onView([&] { box->type(text); });
   } else {
     return userAction(target, [&](UserActions& taker) { taker.type(text); });
   }

@@ -23,29 +23,6 @@ namespace {
 
 QRect declaredPlace(const Control& control) { return {control.Left(), control.Top(), control.Width(), control.Height()}; }
 
-// What takes the whole component, and of which one at a time is in front.
-bool isPanel(const Component& component, const Control& control) {
-  if (control.kind() == Control::Kind::Frame) return true;
-  return control.kind() == Control::Kind::Nested && control.Left() == 0 && control.Top() == 0 && control.Width() >= component.width() &&
-         control.Height() >= component.height();
-}
-
-std::vector<Control*> membersOf(const Component& component, const Control* front) {
-  std::vector<Control*> members;
-  if (front && front->kind() != Control::Kind::Frame) {
-    members.push_back(const_cast<Control*>(front));
-    return members;
-  }
-  const Control* panel = nullptr;
-  for (Control* control : component.controls()) {
-    if (isPanel(component, *control) && component.front())
-      panel = control;
-    else if (panel == front)
-      members.push_back(control);
-  }
-  return members;
-}
-
 }  // namespace
 
 FormPage::FormPage(ViewPanel& panel, Component& component, Control* front, QWidget* parent)
@@ -56,7 +33,8 @@ FormPage::FormPage(ViewPanel& panel, Component& component, Control* front, QWidg
     heading->setProperty("role", "title");
     mHeading = std::move(heading);
   }
-  mMembers = membersOf(component, front);
+  mMembers = component.controlsOf(front);
+  std::erase_if(mMembers, [](const Control* control) { return control->kind() == Control::Kind::Frame; });
   mItems.reserve(mMembers.size());
   for (Control* control : mMembers) add(*control);
   restyle();

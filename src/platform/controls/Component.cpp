@@ -69,6 +69,14 @@ Component& Component::outermost() const {
   return *at;
 }
 
+std::vector<Control*> Component::controlsOf(const Control* item) const {
+  if (!item) return mControls;
+  std::vector<Control*> own;
+  for (Control* const control : mControls)
+    if (control == item || control->frame() == item) own.push_back(control);
+  return own;
+}
+
 void Component::bringToFront(Control& item) {
   if (mFront == &item) return;
   mFront = &item;

@@ -37,6 +37,9 @@ class Component : public IPlaceable, public Reporter {
   // The frame or nested panel in front; nullptr if there is none.
   Control* front() const { return mFront; }
   void bringToFront(Control& item);
+  // What is seen while `item` is in front: a frame and the controls on it, a nested panel alone, or for nullptr all controls
+  // of a component without frames. In the order of the controls.
+  std::vector<Control*> controlsOf(const Control* item) const;
   // The control that has the focus, here or in a nested component; nullptr if none has.
   Control* focused() const { return outermost().mFocused; }
   // Moves the focus; the control that had it hears that it lost it.

@@ -99,6 +99,8 @@ class Control {
 
   // The component whose control this is, or nullptr before the form is closed.
   Component* owner() const { return mOwner; }
+  // The frame on which the form has put it; nullptr for what stands on the panel by itself.
+  const Control* frame() const { return mFrame; }
   // The end of the owner's use: drops what the control holds of the host.
   virtual void detach() {}
 
@@ -143,6 +145,7 @@ class Control {
 
  private:
   friend class Form;
+  friend class FrameForm;
   friend class Component;
   struct Interfaces {
     bool known = false;
@@ -160,6 +163,7 @@ class Control {
 
   std::string mName;
   Component* mOwner = nullptr;
+  const Control* mFrame = nullptr;
   int mLeft = 0;
   int mTop = 0;
   int mWidth = 0;

@@ -66,14 +66,19 @@ void Form::fill(Control& control, const std::string& tag) {
   place(control, 0, 0, mComponent.width(), mComponent.height());
 }
 
+void FrameForm::add(Control& control, const std::string& tag) {
+  mForm.add(control, tag);
+  control.mFrame = &mFrame;
+}
+
 FrameForm& FrameForm::title(Label& label, const std::string& key) {
-  mForm.add(label, key);
+  add(label, key);
   Form::place(label, kMargin, kTitleTop, 5000, 360);
   return *this;
 }
 
 FrameForm& FrameForm::stamp(CtrDateLabel& label, const std::string& tag) {
-  mForm.add(label, tag);
+  add(label, tag);
   Form::place(label, mForm.mComponent.width() - kStampWidth, 20, kStampWidth, kFieldHeight);
   return *this;
 }
@@ -86,7 +91,7 @@ FrameForm& FrameForm::nextRow() {
 
 FrameForm& FrameForm::row(Label& label, const std::string& key, Control& control, const std::string& tag) {
   nextRow();
-  mForm.add(label, key);
+  add(label, key);
   Form::place(label, kMargin, mTop, kLabelWidth, kFieldHeight);
   return cell(control, tag);
 }
@@ -110,14 +115,14 @@ FrameForm& FrameForm::heads(std::initializer_list<std::pair<Label*, const char*>
 }
 
 FrameForm& FrameForm::cell(Control& control, const std::string& tag) {
-  mForm.add(control, tag);
+  add(control, tag);
   Form::place(control, kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
   mLast = &control;
   return *this;
 }
 
 FrameForm& FrameForm::over(CommandButton& button, const std::string& tag, const std::string& caption) {
-  mForm.add(button, tag);
+  add(button, tag);
   mForm.caption(button, caption);
   Form::placeAs(button, *mLast);
   Form::hide(button);
@@ -125,7 +130,7 @@ FrameForm& FrameForm::over(CommandButton& button, const std::string& tag, const 
 }
 
 FrameForm& FrameForm::hidden(Control& control, const std::string& tag) {
-  mForm.add(control, tag);
+  add(control, tag);
   Form::place(control, kFieldLeft, mTop, kFieldWidth, kFieldHeight);
   Form::hide(control);
   return *this;
@@ -134,7 +139,7 @@ FrameForm& FrameForm::hidden(Control& control, const std::string& tag) {
 FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons) {
   nextRow();
   mLast = nullptr;  // the first button stands on the holder's own row
-  mForm.add(holder, "");
+  add(holder, "");
   Form::place(holder, kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
   for (const auto& [button, tag] : buttons) {
     row(*button, tag);
@@ -148,7 +153,7 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
 
 FrameForm& FrameForm::panel(NestedPlace& at, const std::string& tag) {
   nextRow();
-  mForm.add(at, tag);
+  add(at, tag);
   Form::place(at, 0, mTop, mForm.mComponent.width(), mForm.mComponent.height() - mTop);
   at.make();
   at.nested()->setOuter(&mForm.mComponent);
@@ -161,7 +166,7 @@ FrameForm& FrameForm::table(ListView& list, const std::string& tag, std::initial
   const int height = (mForm.mComponent.height() - kFirstRow) / shares;
   if (mLast) mTop += height;
   mColumn = 0;
-  mForm.add(list, tag);
+  add(list, tag);
   Form::place(list, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, height - kGap);
   for (const auto& [columnTag, width] : columns) list.AddColumn(columnTag, width);
   mLast = &list;
@@ -170,7 +175,7 @@ FrameForm& FrameForm::table(ListView& list, const std::string& tag, std::initial
 
 FrameForm& FrameForm::fill(Control& control, const std::string& tag) {
   nextRow();
-  mForm.add(control, tag);
+  add(control, tag);
   Form::place(control, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, mForm.mComponent.height() - mTop - kMargin);
   mLast = &control;
   return *this;

@@ -74,6 +74,7 @@ class FrameForm {
  private:
   friend class Form;
   FrameForm(Form& form, Frame& frame) : mForm(form), mFrame(frame) {}
+  void add(Control& control, const std::string& tag);
   FrameForm& nextRow();
 
   Form& mForm;
