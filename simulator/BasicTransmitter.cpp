@@ -57,29 +57,40 @@ std::string BasicTransmitter::read(const Parameter& parameter) {
   return parameter.text(parameter.value);
 }
 
-Judgement BasicTransmitter::write(std::string_view command, const std::vector<Writing>& writings) {
+Judgement BasicTransmitter::foresee(std::string_view command, const std::vector<Writing>& writings) {
+  const ParameterTable::Values before = mTable.values();
+  const Judgement judgement = tryOut(command, writings);
+  mTable.restore(before);
+  return judgement;
+}
+
+// The verdicts look at the memory as it would be: so it is written first.
+Judgement BasicTransmitter::tryOut(std::string_view command, const std::vector<Writing>& writings) {
   if (mIsWriteProtected) {
     std::vector<std::string> all;
     for (const Writing& writing : writings) all.push_back(writing.parameter->name);
     return {Verdict::WriteProtected, std::move(all)};
   }
-  // The verdicts look at the memory as it would be: so it is written first, and put back after a refusal.
+  for (const Writing& writing : writings) mTable.find(writing.parameter->name)->value = writing.value;
+  return judge(command, writings);
+}
+
+Judgement BasicTransmitter::write(std::string_view command, const std::vector<Writing>& writings) {
   const ParameterTable::Values before = mTable.values();
   bool isNothingNew = command != "laboratoryResults";
   bool isConfiguration = false;
   for (const Writing& writing : writings) {
     const std::string& name = writing.parameter->name;
-    Value& present = mTable.find(name)->value;
+    const Value& present = writing.parameter->value;
     const bool isText = writing.parameter->type == Parameter::Type::Text;
     const bool isSame = isText ? present.text == writing.value.text : present.number == writing.value.number;
     isNothingNew = isNothingNew && isSame && name != "executeAction";
     isConfiguration = isConfiguration || !isAction(name);
-    present = writing.value;
   }
-  Judgement judgement = judge(command, writings);
+  Judgement judgement = tryOut(command, writings);
   if (judgement.isRefusal()) {
     mTable.restore(before);
-    refused(command, writings, judgement);
+    if (!mIsWriteProtected) refused(command, writings, judgement);
     return judgement;
   }
   for (const Writing& writing : writings) takeEffect(writing);

@@ -21,6 +21,7 @@ class BasicTransmitter : public Transmitter {
   const ParameterTable& parameters() const override { return mTable; }
   void beginRead(const std::vector<const Parameter*>&) override {}
   std::string read(const Parameter& parameter) override;
+  Judgement foresee(std::string_view command, const std::vector<Writing>& writings) override;
   Judgement write(std::string_view command, const std::vector<Writing>& writings) override;
   void judged(std::string_view, const Judgement&) override {}
   bool setFault(std::string_view name, std::string_view argument) override;
@@ -78,6 +79,9 @@ class BasicTransmitter : public Transmitter {
   PulpFlow mFlow;
 
  private:
+  // Leaves the memory as it would be after the write, refused or not.
+  Judgement tryOut(std::string_view command, const std::vector<Writing>& writings);
+
   std::vector<Part> mParts;
   std::set<std::string, std::less<>> mFailures;
   bool mIsWriteProtected = false;

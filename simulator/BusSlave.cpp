@@ -163,14 +163,25 @@ BusSlave::Reply BusSlave::writeStep(Request& request) {
     return reply;
   };
   if (!request.unknown.empty()) return refuse({Verdict::CommandNotImplemented, request.unknown}, "missingItems");
+  // A command: all items of the request, or one channel of a loop test.
+  const std::size_t first = request.isSingly ? request.done : 0;
+  if (request.writings.empty()) {
+    const std::size_t behind = request.isSingly ? first + 1 : request.items.size();
+    for (std::size_t i = first; i < behind; ++i) {
+      const Item& item = request.items[i];
+      Writing writing{item.parameter, {}};
+      const Verdict verdict = check(*item.parameter, item.text, writing.value);
+      if (verdict != Verdict::Accepted) return refuse({verdict, {item.parameter->name}});
+      request.writings.push_back(std::move(writing));
+    }
+    // An echo is the device's word: what is refused is refused before any of it is echoed.
+    if (mTransmitter->foresee(request.name, request.writings).isRefusal())
+      return refuse(mTransmitter->write(request.name, std::exchange(request.writings, {})));
+  }
   const std::size_t end = std::min(request.done + (request.isSingly ? 1 : mTiming.itemsPerTransaction), request.items.size());
   for (; request.done < end; ++request.done) {
-    const Item& item = request.items[request.done];
-    Writing writing{item.parameter, {}};
-    const Verdict verdict = check(*item.parameter, item.text, writing.value);
-    if (verdict != Verdict::Accepted) return refuse({verdict, {item.parameter->name}});
-    reply.values.emplace_back(item.parameter, item.parameter->text(writing.value));
-    request.writings.push_back(std::move(writing));
+    const Writing& writing = request.writings[request.done - first];
+    reply.values.emplace_back(writing.parameter, writing.parameter->text(writing.value));
   }
   reply.isFinal = request.done == request.items.size();
   if (!reply.isFinal && !request.isSingly) return reply;

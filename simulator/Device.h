@@ -24,8 +24,8 @@
 //   isFinal="1". Answers come out of the desktop's event pump, never from inside request().
 // - A read is answered with each item that it asks for, in its unit and type, a float that the device does not have as
 //   "NaN". A read without items asks for the group of its name.
-// - A write is answered with what was written. It is taken over as a whole when its last transaction has come; a refusal
-//   leaves the device as it was. A refusal is a final answer with `errorCode`, a key of the text table, and the items
+// - A write is answered with what was written. It is taken over as a whole when its last transaction has come. A refusal
+//   leaves the device as it was and is the only answer: a final one with `errorCode`, a key of the text table, and the items
 //   that it is about, without values. On PROFIBUS a write that makes the device act is refused without an error: its final
 //   answer has no items, and a read of `actionStatus` tells why.
 // - On HART each channel of a loop test is a command of its own: it is taken over, and answered, by itself, one item to an

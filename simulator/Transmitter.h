@@ -55,6 +55,8 @@ class Transmitter {
   virtual void beginRead(const std::vector<const Parameter*>& asked) = 0;
   // The text of a value as of the last look. To be read may have a meaning too: it acknowledges.
   virtual std::string read(const Parameter& parameter) = 0;
+  // What write() would say now.
+  virtual Judgement foresee(std::string_view command, const std::vector<Writing>& writings) = 0;
   // Takes over all of it, or nothing. The values have passed the checks of the bus.
   virtual Judgement write(std::string_view command, const std::vector<Writing>& writings) = 0;
 

@@ -358,6 +358,7 @@ TEST_F(HartBladeTest, RefusesASuspiciousCalibration) {
                                                             item("laboratoryValue2", "1.2") + item("calibrationType", "3") +
                                                             item("laboratoryRecipe", "1")));
   EXPECT_EQ(errorOf(falling), key);
+  EXPECT_EQ(falling.size(), 1u) << "nothing of it is echoed before";
   EXPECT_THAT(names(falling.back().document), ElementsAre("laboratoryValue1", "laboratoryValue2"));
   // Nothing has changed.
   EXPECT_EQ(value("recipe1LinearizationSlopeP1"), "1");
