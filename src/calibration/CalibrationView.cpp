@@ -151,6 +151,10 @@ void CalibrationView::cce_laboratoryResults_Change(CtrComboEdit& combo, const st
 void CalibrationView::LabCalibrateBtn_Click() {
   // No trap: an error goes to whoever raised the click. The procedure pins, and reports a False.
   Procedure proc(*this, "LabCalibrateBtn_Click");
+  // A read may have brought the device's value into a closed field since; it goes as 0 all the same.
+  cte_laboratoryResults.each([](int, CtrTextEdit& field) {
+    if (!field.Enabled() && field.Text() != "0") field.Text("0");
+  });
   bool valid = true;
   std::vector<EditControl*> controls;
   const auto collect = [&](const auto& edits) {

@@ -176,6 +176,16 @@ TEST_P(LaboratoryResultsTest, AClosedFieldGoesToTheDeviceAsZero) {
   EXPECT_EQ(bench.lines(), written(write("0", "1.30", "2")));
 }
 
+TEST_P(LaboratoryResultsTest, AClosedFieldGoesAsZeroAlsoWhereAReadHasFilledIt) {
+  fill();
+  bench.calibrationType().choose("useSample1Only");
+  bench.laboratoryValue(1).type("1.5");
+  bench.online("laboratoryResults", itemXml("laboratoryValue2", "1.7", "floatVal"), "isFinal=\"0\"");
+  EXPECT_NE(bench.laboratoryValue(2).Text(), "0");
+  bench.accept().click();
+  EXPECT_EQ(bench.lines(), written(write("1.50", "0", "1")));
+}
+
 TEST_P(LaboratoryResultsTest, TheItemsAreAskedWithTheFlag) {
   fill();
   RecordingProbe probe;
