@@ -1,6 +1,7 @@
 #include "benchmarks/Calibration.h"
 
 #include <map>
+#include <utility>
 
 #include "component/Classes.h"
 #include "host/Host.h"
@@ -14,8 +15,8 @@ namespace ostrand::bench {
 
 namespace {
 
-// The mill moves to another consistency 200 seconds after the start, and has got there 40 seconds later.
 constexpr double kSampling = 25;
+// The mill moves to another consistency 200 seconds after the start, and has got there 40 seconds later.
 constexpr double kMoving = 215;
 
 // The views that are linked, without their library.

@@ -32,6 +32,9 @@ constexpr int kConsistencyRows = 3;
 // Shorter than a host would take, so that something is to be seen.
 constexpr double kPeriod = 0.3;
 constexpr double kSampling = 25;
+// How often the answers are looked for, and how long one is waited for.
+constexpr double kLook = 0.05;
+constexpr std::chrono::seconds kPatience{30};
 // The mill moves to another consistency 200 seconds after the start, and has got there 40 seconds later.
 constexpr double kMoved = 245;
 // As far apart as the noise of the pulp may bring two numbers that mean the same, in %Cs.
@@ -254,8 +257,8 @@ std::vector<std::string> Demo::liveValues(int count) const {
 
 bool Demo::awaitReading() {
   const int before = mNarrator.done(kLiveFrame);
-  const LocalTime late = mDesktop.now() + std::chrono::seconds(30);
-  while (mNarrator.done(kLiveFrame) == before && mDesktop.now() < late) mDesktop.wait(0.05);
+  const LocalTime late = mDesktop.now() + kPatience;
+  while (mNarrator.done(kLiveFrame) == before && mDesktop.now() < late) mDesktop.wait(kLook);
   return mNarrator.done(kLiveFrame) != before;
 }
 
@@ -294,7 +297,7 @@ std::string Demo::shown(const std::string& parameter) const {
 }
 
 void Demo::settle() {
-  while (!mHost.communication().idle()) mDesktop.wait(0.05);
+  while (!mHost.communication().idle()) mDesktop.wait(kLook);
 }
 
 void Demo::passUntil(double secondsSinceStart) {

@@ -1,10 +1,12 @@
 #include "cli/Narrator.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/transcript/ControlText.h"
 #include "host/transcript/RecordingContainer.h"
 #include "host/transcript/RecordingMessenger.h"
+#include "platform/base/Characters.h"
 #include "platform/base/NumberText.h"
 #include "platform/controls/CaptionedControl.h"
 #include "platform/controls/Component.h"
@@ -125,16 +127,16 @@ void Narrator::drawForm(const ViewSite& site) {
     if (row.size() == 1) row.insert(row.begin(), "");
     rows.push_back(row);
   }
-  std::size_t width = placesOf(title) + placesOf(stamp) + 4;
+  std::size_t width = characterCount(title) + characterCount(stamp) + 4;
   const std::vector<std::string> lines = aligned(rows);
-  for (const std::string& line : lines) width = std::max(width, placesOf(line) + 2);
+  for (const std::string& line : lines) width = std::max(width, characterCount(line) + 2);
   const auto bar = [](std::size_t count) {
     std::string text;
     while (count-- > 0) text += "─";
     return text;
   };
   mTerminal.line();
-  mTerminal.line(kMargin + "┌ " + mTerminal.styled(title, Terminal::Style::Heading) + " " + bar(width - placesOf(title) - placesOf(stamp) - 4) + " " +
+  mTerminal.line(kMargin + "┌ " + mTerminal.styled(title, Terminal::Style::Heading) + " " + bar(width - characterCount(title) - characterCount(stamp) - 4) + " " +
                  mTerminal.styled(stamp, Terminal::Style::Dim) + " ┐");
   for (const std::string& line : lines) mTerminal.line(kMargin + "│ " + padded(line, width - 2) + " │");
   mTerminal.line(kMargin + "└" + bar(width) + "┘");

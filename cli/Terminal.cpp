@@ -9,6 +9,8 @@
 #include <unistd.h>
 #endif
 
+#include "platform/base/Characters.h"
+
 namespace ostrand {
 
 namespace {
@@ -60,12 +62,8 @@ void Terminal::back(std::size_t lines) const {
   if (mWatched && lines > 0) print("\033[" + std::to_string(lines) + "A\033[J");
 }
 
-std::size_t placesOf(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
-
 std::string padded(std::string_view text, std::size_t places, bool right) {
-  const std::size_t has = placesOf(text);
+  const std::size_t has = characterCount(text);
   const std::string blanks(places > has ? places - has : 0, ' ');
   return right ? blanks + std::string(text) : std::string(text) + blanks;
 }
@@ -75,7 +73,7 @@ std::vector<std::string> aligned(const std::vector<std::vector<std::string>>& ro
   for (const auto& row : rows)
     for (std::size_t i = 0; i < row.size(); ++i) {
       if (i == widths.size()) widths.push_back(0);
-      widths[i] = std::max(widths[i], placesOf(row[i]));
+      widths[i] = std::max(widths[i], characterCount(row[i]));
     }
   std::vector<std::string> lines;
   for (const auto& row : rows) {

@@ -29,8 +29,7 @@ class Terminal {
   bool mColours;
 };
 
-// How many places a UTF-8 text takes, and the text with blanks up to so many places.
-std::size_t placesOf(std::string_view text);
+// A UTF-8 text with blanks up to so many characters.
 std::string padded(std::string_view text, std::size_t places, bool right = false);
 // Lines with aligned columns, two blanks between; no blanks at the end of a line. `right` columns count from 0.
 std::vector<std::string> aligned(const std::vector<std::vector<std::string>>& rows, const std::vector<std::size_t>& right = {});

@@ -10,8 +10,6 @@ namespace ostrand {
 
 namespace {
 
-constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
-
 [[noreturn]] void fail(const std::string& why) { throw RuntimeError(RuntimeError::BadArgument, why); }
 
 double numberWithin(std::string_view fault, std::string_view argument, double lowest, double highest) {
@@ -132,6 +130,11 @@ bool BasicTransmitter::setFault(std::string_view name, std::string_view argument
     return false;
   }
   return true;
+}
+
+bool BasicTransmitter::isTooNarrow(std::string_view lower, std::string_view upper, double leastSpan) const {
+  constexpr double kRounding = 1e-9;  // from 0.1 to 0.3 it is 0.2 too
+  return mTable.number(upper, 0) - mTable.number(lower, 0) < leastSpan - kRounding;
 }
 
 // --- Self-monitoring

@@ -58,6 +58,9 @@ class BasicTransmitter : public Transmitter {
   // How much less than it should the sensor delivers, in parts.
   virtual void setDrift(double part) = 0;
 
+  // Two numbers that lie too near to each other, or the wrong way round. Missing ones are 0.
+  bool isTooNarrow(std::string_view lower, std::string_view upper, double leastSpan) const;
+
   // --- Self-monitoring
 
   bool failed(std::string_view part) const { return mFailures.contains(part); }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "simulator/Damping.h"
 #include "simulator/LaboratoryCalibration.h"
@@ -10,8 +9,6 @@
 namespace ostrand {
 
 namespace {
-
-constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
 
 constexpr double kLargestTemperatureCorrection = 10.0;  // degC
 constexpr double kLargeDeviation = 0.05;                // of the average
@@ -174,10 +171,9 @@ void BladeTransmitter::showFunctionBlock() {
   const bool cannot = failed("electronics") || failed("memory");
   mTable.setKey("actualMode", cannot ? "modeOutOfService" : mTable.key("targetMode"));
   const bool isOutOfService = mTable.key("actualMode") == "modeOutOfService";
-  const bool isHeld = isOutOfService || mTable.key("actualMode") == "modeManual";
   const bool isTested = mLoopTest != 0 && !isOutOfService;
   const double consistency = mTable.number("consistency");
-  const double value = isTested ? mLoopTest : isHeld ? mHeldOutput : consistency;
+  const double value = isTested ? mLoopTest : isHeld() ? mHeldOutput : consistency;
   mTable.set("outputValue", value);
 
   const int side = sideOfSensorLimits(consistency);
@@ -188,7 +184,7 @@ void BladeTransmitter::showFunctionBlock() {
 
   std::string_view limit = side < 0 ? "limitedLow" : side > 0 ? "limitedHigh" : "limitedNone";
   if (isSimulated()) limit = mTable.key("simulationLimit");
-  if (isHeld || isTested) limit = "limitedConstant";
+  if (isHeld() || isTested) limit = "limitedConstant";
   mTable.setKey("outputLimit", limit);
 }
 
@@ -215,7 +211,12 @@ void BladeTransmitter::showStatus(const CurrentOutput& out) {
 void BladeTransmitter::hold() {
   mLastConsistency = mTable.number("consistency", 0);
   mLastCurrent = mTable.number("outputCurrent", 4);
-  mHeldOutput = mTable.number("outputValue", mHeldOutput);
+  holdOutput();
+}
+
+// A test is not what is held when it is over.
+void BladeTransmitter::holdOutput() {
+  if (!isHeld()) mHeldOutput = mTable.number("consistency", mHeldOutput);
 }
 
 void BladeTransmitter::beginRead(const std::vector<const Parameter*>& asked) {
@@ -379,10 +380,7 @@ Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Wr
     }
     isSpecialGrade = isSpecialGrade || name.starts_with("consistencyValue");
   }
-  if (!range.empty()) {
-    const double span = mTable.number("upperRangeValue", 0) - mTable.number("lowerRangeValue", 0);
-    if (span < mTable.number("minimumSpan", 0)) return {Verdict::SpanTooSmall, range};
-  }
+  if (!range.empty() && isTooNarrow("lowerRangeValue", "upperRangeValue", mTable.number("minimumSpan", 0))) return {Verdict::SpanTooSmall, range};
   if (isSpecialGrade && verdictOnSpecialGrade() != Verdict::Accepted) {
     std::vector<std::string> points;
     for (const Writing& writing : writings) points.push_back(writing.parameter->name);
@@ -415,7 +413,7 @@ void BladeTransmitter::takeEffect(const Writing& writing) {
   } else if (name.starts_with("flushing")) {
     mFlushingFrom = now();
   } else if (name == "targetMode") {
-    mHeldOutput = mTable.number("outputValue", mHeldOutput);
+    holdOutput();
   } else if (name == "loopTestValue") {
     if (mLoopTest == 0 && number != 0) record("eventLoopTestRun");
     mLoopTest = number;

@@ -52,6 +52,7 @@ class BladeTransmitter : public BasicTransmitter {
   void refused(std::string_view command, const std::vector<Writing>& writings, const Judgement& judgement) override;
   void takeEffect(const Writing& writing) override;
   void hold() override;
+  void holdOutput();
   void powerUp() override;
   void setDrift(double part) override { mProcess.setWear(part); }
 
@@ -59,6 +60,8 @@ class BladeTransmitter : public BasicTransmitter {
   // The tick itself, or while the blade is being flushed the last one before.
   std::int64_t undisturbed(std::int64_t tick) const;
   bool isSimulated() const { return mTable.key("simulation") == "on"; }
+  // By hand or out of service: what goes out does not follow the measurement.
+  bool isHeld() const { return mTable.key("actualMode") == "modeManual" || mTable.key("actualMode") == "modeOutOfService"; }
   // %Cs of a force. `linearInput` is what slope and offset of the recipe are applied to.
   double linearInput(int recipe, double shearForce) const;
   double reading(int recipe, double shearForce) const;
@@ -96,13 +99,13 @@ class BladeTransmitter : public BasicTransmitter {
 
   std::int64_t mFlushingFrom = 0;  // from where the cycles of the flushing count
 
-  double mLoopTest = 0;      // mA, or %Cs without a current output; 0 without a test
-  double mFixedCurrent = 0;  // mA, 0 if the output follows
+  double mLoopTest = 0;               // mA, or %Cs without a current output; 0 without a test
+  double mFixedCurrent = 0;           // mA, 0 if the output follows
   double mProcessCorrection = 0;      // degC
   double mElectronicsCorrection = 0;  // degC
-  double mLastConsistency = 0;        // before the first failure
-  double mLastCurrent = 0;
-  double mHeldOutput = 0;  // %Cs, by hand or out of service
+  double mLastConsistency = 0;        // %Cs, before the first failure
+  double mLastCurrent = 0;            // mA, likewise
+  double mHeldOutput = 0;             // %Cs, what goes out while it is held
 };
 
 }  // namespace ostrand

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/base/Characters.h"
+
 namespace ostrand {
 
 namespace {
@@ -50,7 +52,7 @@ Verdict HartSlave::check(const Parameter& parameter, std::string_view text, Valu
   if (verdict != Verdict::Accepted || parameter.type != Parameter::Type::Text) return verdict;
   const auto field = std::find_if(std::begin(kTexts), std::end(kTexts), [&](const TextField& f) { return f.name == parameter.name; });
   if (field == std::end(kTexts)) return Verdict::Accepted;
-  if (text.size() > field->longest) return Verdict::TooLarge;
+  if (characterCount(text) > field->longest) return Verdict::TooLarge;
   return !field->isPacked || std::all_of(text.begin(), text.end(), isPacked) ? Verdict::Accepted : Verdict::InvalidSelection;
 }
 

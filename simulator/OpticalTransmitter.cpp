@@ -2,15 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "simulator/Damping.h"
 
 namespace ostrand {
 
 namespace {
-
-constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
 
 struct Variable {
   const char* name;
@@ -37,6 +34,9 @@ constexpr Grade kGrades[] = {
     {{0.1435, 0.2318, 0.2188, 0.1583, 0.2671}, {-0.0245, -0.0933, 0.2819, -0.1029, 0.4396}},
 };
 
+// Its flicker tells the flocs.
+constexpr std::size_t kLightOfFloc = OpticalProcess::kLights - 1;
+
 // How much of a water measurement goes into the filtered value, and how many measurements still count.
 constexpr double kFilterShare = 0.3;
 constexpr int kFilterLength = 12;
@@ -56,6 +56,8 @@ OpticalTransmitter::OpticalTransmitter(const Desktop& desktop, const Document& d
                         {"led", "statusLedFailure", "", true},
                         {"laser", "statusLaserFailure", "", true}}),
       mProcess(mFlow, seed) {
+  // No light at all is no failure of a part, and leaves nothing to measure either.
+  OpticalTransmitter::hold();
   OpticalTransmitter::powerUp();
 }
 
@@ -108,7 +110,7 @@ OpticalTransmitter::PerChannel OpticalTransmitter::measured(std::int64_t tick, c
     ash += grade.ash[light] * loss;
   }
   const OpticalProcess::Stock whiteWater = mProcess.whiteWater(tick);
-  const double floc = isDark(OpticalProcess::kLights - 1) ? kNothing : mProcess.floc(tick);
+  const double floc = isDark(kLightOfFloc) ? kNothing : mProcess.floc(tick);
   return {consistency, ash, floc, 100 * ash / consistency, 100 * (1 - whiteWater.consistency / consistency), 100 * (1 - whiteWater.ash / ash)};
 }
 
@@ -180,19 +182,18 @@ Judgement OpticalTransmitter::judge(std::string_view, const std::vector<Writing>
     const bool isTooSmall = writing.value.number != 0 && writing.value.number < CurrentOutput::kLowestTest;
     if (isTooSmall && writing.parameter->name.ends_with("LoopTestValue")) return {Verdict::TooSmall, {writing.parameter->name}};
   }
-  // Two values with a distance to keep: the upper one, the lower one, how far they are to lie apart.
-  const auto isTooNarrow = [&](const std::string& lower, const std::string& upper, double span) {
-    return (isWritten(writings, lower) || isWritten(writings, upper)) && mTable.number(upper, 0) - mTable.number(lower, 0) < span;
+  const auto becomesTooNarrow = [&](const std::string& lower, const std::string& upper, double leastSpan) {
+    return (isWritten(writings, lower) || isWritten(writings, upper)) && isTooNarrow(lower, upper, leastSpan);
   };
   for (std::size_t channel = 0; channel < kChannels; ++channel) {
     const std::string lower = channelName(channel, "LowerRangeValue");
     const std::string upper = channelName(channel, "UpperRangeValue");
-    if (isTooNarrow(lower, upper, mTable.number(channelName(channel, "MinimumSpan"), 0))) return {Verdict::SpanTooSmall, {lower, upper}};
+    if (becomesTooNarrow(lower, upper, mTable.number(channelName(channel, "MinimumSpan"), 0))) return {Verdict::SpanTooSmall, {lower, upper}};
   }
   for (std::size_t light = 0; light < OpticalProcess::kLights; ++light) {
     const std::string lower = lightName("limitWater", light, "Low");
     const std::string upper = lightName("limitWater", light, "High");
-    if (isTooNarrow(lower, upper, 0)) return {Verdict::InvalidSelection, {lower, upper}};
+    if (becomesTooNarrow(lower, upper, 0)) return {Verdict::InvalidSelection, {lower, upper}};
   }
   return {};
 }

@@ -47,7 +47,7 @@ class OpticalTransmitter : public BasicTransmitter {
   OpticalProcess mProcess;
   std::int64_t mWaterFrom = 0;  // from where the water measurements count
   PerChannel mLoopTests{};      // mA, 0 without a test
-  PerChannel mLastCurrents{};   // mA, before the first failure
+  PerChannel mLastCurrents{};   // mA, before the first failure; until then as in the data set
 };
 
 }  // namespace ostrand

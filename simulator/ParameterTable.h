@@ -13,8 +13,11 @@
 
 namespace ostrand {
 
+// The number of a value that the device does not have.
+inline constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
+
 struct Value {
-  double number = std::numeric_limits<double>::quiet_NaN();  // NaN while the device has none
+  double number = kNothing;
   std::string text;                                          // of a text parameter
 };
 
@@ -56,7 +59,7 @@ class ParameterTable {
   std::vector<std::string> group(std::string_view name) const;
 
   // Of a parameter that the data set does not have: the fallback, an empty text, nothing done.
-  double number(std::string_view name, double fallback = std::numeric_limits<double>::quiet_NaN()) const;
+  double number(std::string_view name, double fallback = kNothing) const;
   std::string_view key(std::string_view name) const;
   void set(std::string_view name, double number);
   void set(std::string_view name, std::string_view text);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/base/Characters.h"
 #include "simulator/ActionStatus.h"
 
 namespace ostrand {
@@ -43,7 +44,7 @@ std::string_view ProfibusSlave::errorKey(Verdict verdict) const {
 }
 
 Verdict ProfibusSlave::check(const Parameter& parameter, std::string_view text, Value& value) const {
-  if (parameter.type == Parameter::Type::Text && text.size() > kLongestText) return Verdict::TooLarge;
+  if (parameter.type == Parameter::Type::Text && characterCount(text) > kLongestText) return Verdict::TooLarge;
   return BusSlave::check(parameter, text, value);
 }
 

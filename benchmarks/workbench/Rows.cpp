@@ -1,6 +1,7 @@
 #include "benchmarks/Rows.h"
 
 #include <QApplication>
+#include <cstdio>
 #include <cstdlib>
 
 #include "benchmarks/workbench/Windows.h"

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "host/transcript/ControlPath.h"
+#include "platform/base/Characters.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/ChoiceEdit.h"
 #include "platform/controls/Component.h"
@@ -81,11 +82,6 @@ std::string state(const Control& control, const Control* focused) {
   return text;
 }
 
-// Characters, not bytes.
-std::size_t width(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
-
 void addFront(const Component& component, const std::string& path, std::vector<Row>& rows) {
   for (const Control* const control : component.controlsOf(component.front())) {
     rows.push_back({path + control->name(), kindWord(*control), content(*control), state(*control, component.focused())});
@@ -107,11 +103,11 @@ std::vector<std::string> frontAsText(const Component& component) {
   addFront(component, {}, rows);
   std::array<std::size_t, kColumns> widths{};
   for (const Row& row : rows)
-    for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], width(row[i]));
+    for (std::size_t i = 0; i < kColumns; ++i) widths[i] = std::max(widths[i], characterCount(row[i]));
   std::vector<std::string> lines;
   for (const Row& row : rows) {
     std::string line;
-    for (std::size_t i = 0; i < kColumns; ++i) line += row[i] + std::string(widths[i] - width(row[i]) + 2, ' ');
+    for (std::size_t i = 0; i < kColumns; ++i) line += row[i] + std::string(widths[i] - characterCount(row[i]) + 2, ' ');
     line.erase(line.find_last_not_of(' ') + 1);
     lines.push_back(std::move(line));
   }

@@ -27,7 +27,9 @@ TYPED_TEST(DiagnosticsViewTest, EveryCallToTheHostFailsInTurn) {
     ASSERT_FALSE(failed.empty()) << failing;
     SCOPED_TRACE(std::to_string(failing) + " " + failed);
     // Edits that cannot subscribe are passed over by their walk.
-    if (failed != "Subscribe" && failed != "Unsubscribe" && bench.left == 0) EXPECT_THAT(bench.messenger->reports, Not(IsEmpty()));
+    if (failed != "Subscribe" && failed != "Unsubscribe" && bench.left == 0) {
+      EXPECT_THAT(bench.messenger->reports, Not(IsEmpty()));
+    }
     for (const std::string& report : bench.messenger->reports)
       EXPECT_THAT(report, AnyOf(StartsWith(TypeParam::kReports), StartsWith("modView "), StartsWith(" modView "), StartsWith("BusProfibus "),
                                 StartsWith("CtrStatus ")));

@@ -443,6 +443,14 @@ TEST_F(ProfibusBladeTest, TheModeDeterminesTheOutput) {
   EXPECT_EQ(value("actualMode"), "0");
 }
 
+TEST_F(ProfibusBladeTest, ATestIsNotHeldWhenItIsOver) {
+  ASSERT_EQ(write("loopTest", item("loopTestValue", "0.5")), "");
+  ASSERT_EQ(write("simulation", item("targetMode", "1")), "");
+  EXPECT_EQ(value("outputValue"), "0.5");
+  ASSERT_EQ(write("loopTest", item("loopTestValue", "0")), "");
+  EXPECT_GT(number("outputValue"), 3);
+}
+
 TEST_F(ProfibusBladeTest, TheModulesAreWhatASlotCanHold) {
   ASSERT_EQ(write("moduleSelection", item("consistencyModule", "2") + item("activeRecipeModule", "3")), "");
   EXPECT_EQ(value("consistencyModule"), "2");
