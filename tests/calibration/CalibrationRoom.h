@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -56,7 +57,7 @@ class CalibrationDiary : public HostObserver {
 // A registration file of one's own for as long as it lives.
 class OwnRegistry {
  public:
-  OwnRegistry() : mFolder(std::filesystem::path(testing::TempDir()) / ("ostrand-calibration-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)))) {
+  OwnRegistry() : mFolder(std::filesystem::path(testing::TempDir()) / ("ostrand-calibration-" + std::to_string(::getpid()))) {
     std::filesystem::create_directories(mFolder);
     if (const char* const before = std::getenv("OSTRAND_REGISTRY")) mBefore = before;
     setenv("OSTRAND_REGISTRY", (mFolder / "components.xml").c_str(), 1);

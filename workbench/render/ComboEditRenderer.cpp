@@ -86,7 +86,7 @@ int ComboEditRenderer::fieldWidth() const {
   int widest = metrics.horizontalAdvance(QLatin1Char('0')) * 12;
   for (int row = 0; row < mBox->count(); ++row) widest = std::max(widest, metrics.horizontalAdvance(mBox->itemText(row)));
   widest = std::max(widest, metrics.horizontalAdvance(mBox->placeholderText()));
-  return widest + theme().px(8 + 28) + 8;
+  return widest + theme().px(10 + 28) + 8;
 }
 
 }  // namespace ostrand

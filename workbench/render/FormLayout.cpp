@@ -123,7 +123,7 @@ void FormLayout::measureRows() {
     row.bare |= cell.fills && cell.bare;
   }
   const double scale = double(mMeasures.fieldHeight + mMeasures.rowGap) / mMeasures.rowTwips;
-  int y = mRows.front().bare ? 0 : mMeasures.margin;
+  int y = mRows.front().bare ? 0 : mMeasures.top;
   for (std::size_t r = 0; r < mRows.size(); ++r) {
     if (r > 0) {
       const Row& above = mRows[r - 1];

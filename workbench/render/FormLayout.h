@@ -23,6 +23,7 @@ class FormLayout {
   struct Measures {
     QSize panel;     // twips: what the form was declared for
     int margin = 0;  // pixels, as all below
+    int top = 0;     // the margin above the first row
     int columnGap = 0;
     int rowGap = 0;
     int companionGap = 0;

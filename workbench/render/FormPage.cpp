@@ -21,6 +21,11 @@ namespace ostrand {
 
 namespace {
 
+// Before the theme's scale.
+constexpr int kMargin = 24;
+constexpr int kAboveRule = 6;
+constexpr int kBelowRule = 33;
+
 QRect declaredPlace(const Control& control) { return {control.Left(), control.Top(), control.Width(), control.Height()}; }
 
 }  // namespace
@@ -138,7 +143,8 @@ void FormPage::layOut() {
   const Theme& theme = mPanel.theme();
   FormLayout::Measures measures;
   measures.panel = QSize(mComponent.width(), mComponent.height());
-  measures.margin = theme.px(24);
+  measures.margin = theme.px(kMargin);
+  measures.top = mHasTopMargin ? measures.margin : 0;
   measures.columnGap = theme.px(20);
   measures.companionGap = theme.px(8);
   measures.rowGap = theme.px(10);
@@ -155,10 +161,7 @@ void FormPage::layOut() {
   }
   mLayout.measure(std::move(cells), measures);
   QSize least = mLayout.minimum();
-  if (mHeading) {
-    const QSize heading = mHeading->sizeHint();
-    least = QSize(std::max(least.width(), heading.width() + 2 * measures.margin), least.height() + measures.margin + heading.height());
-  }
+  if (mHeading) least = QSize(std::max(least.width(), mHeading->sizeHint().width() + 2 * measures.margin), least.height() + belowHeading());
   if (least != minimumSize()) {
     setMinimumSize(least);
     updateGeometry();
@@ -169,13 +172,12 @@ void FormPage::layOut() {
 
 void FormPage::place() {
   if (mLayout.cells().empty()) return;
-  int top = 0;
+  const Theme& theme = mPanel.theme();
+  const int margin = theme.px(kMargin);
+  const int top = mHeading ? belowHeading() : 0;
   if (mHeading) {
-    const int margin = mPanel.theme().px(24);
-    const int height = mHeading->sizeHint().height();
-    mHeading->setGeometry(margin, margin, width() - 2 * margin, height);
+    mHeading->setGeometry(margin, margin, width() - 2 * margin, mHeading->sizeHint().height());
     mHeading->show();
-    top = margin + height;
   }
   mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.visibleWidth());
   std::size_t next = 0;
@@ -190,8 +192,14 @@ void FormPage::place() {
       if (widget->isHidden() == shown) widget->setVisible(shown);
   }
   mRule = 0;
-  if (!mHeading && mFront && mFront->kind() == Control::Kind::Frame) mRule = mLayout.firstRowBottom() + mPanel.theme().px(6);
-  if (mHeading) mRule = top + mPanel.theme().px(6);
+  if (!mHeading && mFront && mFront->kind() == Control::Kind::Frame) mRule = mLayout.firstRowBottom() + theme.px(kAboveRule);
+  if (mHeading) mRule = mHeading->geometry().bottom() + 1 + theme.px(kAboveRule);
+}
+
+// As far down as the rows of a frame begin.
+int FormPage::belowHeading() const {
+  const Theme& theme = mPanel.theme();
+  return theme.px(kMargin) + mHeading->sizeHint().height() + theme.px(kAboveRule) + theme.px(kBelowRule);
 }
 
 // Who does not see the screen hears the label with the field that stands behind it.
@@ -220,7 +228,7 @@ void FormPage::paintEvent(QPaintEvent*) {
   painter.fillRect(rect(), theme.surface);
   if (mRule == 0) return;
   painter.setPen(theme.line);
-  painter.drawLine(theme.px(24), mRule, width() - theme.px(24), mRule);
+  painter.drawLine(theme.px(kMargin), mRule, width() - theme.px(kMargin), mRule);
 }
 
 // --- looking

@@ -33,6 +33,8 @@ class FormPage : public QWidget {
   // Brings all up to date that has changed.
   void follow();
   void restyle();
+  // Whether the first row keeps a margin above it; not if the page stands below the heading of another.
+  void setTopMargin(bool on) { mHasTopMargin = on; }
   // The texts have another language: what was made wide for the old ones becomes narrow again.
   void forgetWidths();
 
@@ -65,6 +67,7 @@ class FormPage : public QWidget {
   void add(Control& control);
   bool measure(Item& item);
   void layOut();
+  int belowHeading() const;
   void nameFields();
   bool leaves(const QWidget& widget, int reason) const;
 
@@ -77,6 +80,7 @@ class FormPage : public QWidget {
   std::map<const QObject*, ControlRenderer*> mByWidget;
   FormLayout mLayout;
   bool mRetired = false;
+  bool mHasTopMargin = true;
   int mRule = 0;  // where the line below the heading is painted; 0: nowhere
 };
 

@@ -28,6 +28,7 @@ FormPage& NestedRenderer::current() {
     // A nested component without frames has the heading of its place.
     page = new FormPage(panel(), nested, front, mGround);
     page->setGeometry(mGround->rect());
+    page->setTopMargin(!this->page().front() || front);
   }
   return *page;
 }

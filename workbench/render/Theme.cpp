@@ -142,7 +142,7 @@ QLineEdit, QComboBox {
   color: @text; background: @field; border: 1px solid @outline; border-radius: @4px; padding: @2px @8px;
   selection-background-color: @accent; selection-color: @accentText;
 }
-QComboBox { padding-right: @28px; }
+QComboBox { padding-left: @10px; padding-right: @28px; }
 QComboBox::drop-down { border: none; width: 0; }
 QComboBox::down-arrow { image: none; }
 QComboBox QAbstractItemView {
@@ -155,7 +155,7 @@ QLineEdit[state="edited"], QComboBox[state="edited"] { color: @edited; border-co
 QLineEdit[state="corrected"], QComboBox[state="corrected"] { color: @corrected; border-color: @corrected; }
 QLineEdit[state="wrong"], QComboBox[state="wrong"] { color: @error; border-color: @error; }
 QLineEdit:focus, QComboBox:focus, QComboBox:on { border: 2px solid @accent; padding: @1px @7px; }
-QComboBox:focus, QComboBox:on { padding-right: @27px; }
+QComboBox:focus, QComboBox:on { padding-left: @9px; padding-right: @27px; }
 QLineEdit[state="wrong"]:focus, QComboBox[state="wrong"]:focus { border-color: @error; }
 QLineEdit:disabled, QComboBox:disabled { color: @disabledText; background: @fieldDisabled; border-color: @line; }
 QLineEdit[readOnly="true"], QComboBox[fixed="true"] { color: @text; background: @fieldDisabled; border-color: @line; }

@@ -36,11 +36,10 @@ class DeviceStatus : private HostObserver {
   void tick();
   void ask();
   void heard(bool answers);
+  std::optional<Ne107> categoryOf(const std::string& parameter) const;
 
   Host& mHost;
   std::optional<Desktop::TimerId> mTimer;
-  std::optional<Ne107> categoryOf(const std::string& parameter) const;
-
   bool mAsking = false;
   bool mKnown = false;
   bool mAnswers = true;

@@ -4,12 +4,11 @@
 
 #include "host/Host.h"
 #include "workbench/render/Theme.h"
+#include "workbench/window/Texts.h"
 
 class QComboBox;
 class QLabel;
 class QLineEdit;
-
-#include "workbench/window/Texts.h"
 
 namespace ostrand {
 

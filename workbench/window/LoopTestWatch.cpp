@@ -9,6 +9,7 @@ namespace ostrand {
 namespace {
 
 constexpr std::string_view kRequest = "loopTest";
+constexpr int kConfirmed = 0;
 
 // The channels of a device that has several answer measured floats; the one value of the others is exact.
 bool isZero(const std::string& item, double value) { return item == "loopTestValue" ? value == 0.0 : value <= 0.1; }
@@ -33,7 +34,7 @@ void LoopTestWatch::requestSent(const Request& request) {
   if (request.name != kRequest || !request.write) return;
   const bool before = mayBeDriving();
   forEachValue(requestElement(request.document), [&](const std::string& item, std::optional<double> value) {
-    if (!value || !isZero(item, *value)) mDriven.try_emplace(item, Driven::Asked);
+    if (!value || !isZero(item, *value)) mDriven.try_emplace(item, request.id);
   });
   if (mayBeDriving() != before) changed();
 }
@@ -45,16 +46,16 @@ void LoopTestWatch::requestAnswered(const Request& request, const Document& answ
     if (value && isZero(item, *value))
       mDriven.erase(item);
     else
-      mDriven[item] = Driven::Confirmed;
+      mDriven[item] = kConfirmed;
   });
   changed();
 }
 
-// A device that refuses a value has left its output as it was.
+// A device that refuses a value has left its output as it was: which is not known if an earlier value was never answered.
 void LoopTestWatch::requestFinished(const Request& request, Outcome outcome) {
   if (request.name != kRequest || !request.write || outcome != Outcome::Refused) return;
   forEachValue(requestElement(request.document), [&](const std::string& item, std::optional<double>) {
-    if (const auto found = mDriven.find(item); found != mDriven.end() && found->second == Driven::Asked) mDriven.erase(found);
+    if (const auto found = mDriven.find(item); found != mDriven.end() && found->second == request.id) mDriven.erase(found);
   });
   changed();
 }

@@ -22,15 +22,13 @@ class LoopTestWatch : private HostObserver {
   Signal<> changed;
 
  private:
-  // By the name of the item that drives it.
-  enum class Driven { Asked, Confirmed };
-
   void requestSent(const Request& request) override;
   void requestAnswered(const Request& request, const Document& answer) override;
   void requestFinished(const Request& request, Outcome outcome) override;
 
   Host& mHost;
-  std::map<std::string, Driven> mDriven;
+  // The request that asked for it first, by the name of the item; 0 once the device has confirmed it.
+  std::map<std::string, int> mDriven;
 };
 
 }  // namespace ostrand

@@ -203,6 +203,9 @@ void MainWindow::applySettings() {
       each->updateGeometry();
     }
     mTree->doItemsLayout();
+    // Not by the style sheet, whose padding counts only from the second style on.
+    const int margin = theme.px(4);
+    mTools->layout()->setContentsMargins(margin, margin, margin, margin);
   }
   mPanel->setTexts(host().textTable(), settings.language);
   speakAnew(*this, mWorkbench.texts());

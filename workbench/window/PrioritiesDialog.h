@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "platform/controls/Ne107.h"
-
 #include "workbench/window/Texts.h"
 
 class QWidget;

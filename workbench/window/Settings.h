@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "workbench/render/Theme.h"
 #include "platform/controls/Ne107.h"
+#include "workbench/render/Theme.h"
 
 namespace ostrand {
 

@@ -19,7 +19,7 @@ QMenu::item:selected { background: @selection; color: @text; }
 QMenu::item:disabled { color: @disabledText; }
 QMenu::separator { height: 1px; background: @line; margin: 6px 0; }
 QToolBar::separator { background: @line; width: 1px; margin: 6px 8px; }
-QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; padding: 4px 10px; spacing: 4px; }
+QToolBar { background: @surface; border: none; border-bottom: 1px solid @line; spacing: 4px; }
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 4px; padding: 5px 10px; }
 QToolButton:hover { background: @selection; }
 QToolButton:pressed, QToolButton:checked { background: @raised; border-color: @outline; }
@@ -45,7 +45,7 @@ QLabel[role="heading"] { font-weight: 600; }
 QLabel[role="banner"] { background: @bannerFill; color: @bannerText; font-weight: 600; padding: 8px 16px; }
 QSplitter::handle { background: @line; }
 QTableView::item { padding: 2px 8px; }
-QDialog QHeaderView::section { padding: 6px 11px; }
+QDialog QTableView QHeaderView::section { padding: 6px 3px; }
 QDialog QTreeView QHeaderView::section { padding: 6px 4px; }
 QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; border-radius: 4px; }
 )");

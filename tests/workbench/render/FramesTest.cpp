@@ -197,4 +197,14 @@ TEST_F(FramesTest, ALiveAnswerIsSeenInTheNestedPanel) {
   EXPECT_EQ(panel.widget()->findChildren<QLabel*>().front()->text(), "Live values") << "the panel's heading is that of its place";
 }
 
+TEST_F(FramesTest, ANestedPanelBeginsWhereTheRowsOfAFrameBegin) {
+  const auto topOf = [&](const QWidget& shown) { return shown.mapTo(panel.widget(), QPoint()).y(); };
+  show("activeRecipe");
+  ASSERT_NE(widget("cceActiveRecipe"), nullptr);
+  const int rows = topOf(*widget("cceActiveRecipe"));
+  show("monitoringVariables");
+  ASSERT_NE(widget<QTableView>("lsvMonitoring"), nullptr);
+  EXPECT_NEAR(topOf(*widget<QTableView>("lsvMonitoring")), rows, 1);
+}
+
 }  // namespace ostrand::test

@@ -67,8 +67,8 @@ TEST_F(BadInputTest, ASaveThatFailsLeavesTheOldFile) {
 
 TEST_F(BadInputTest, AFullDiskLeavesTheOldFileWhole) {
   const std::filesystem::path file = workbench->host().dataSet()->file();
-  const std::string before = readWholeFile(file);
-  ASSERT_GT(before.size(), 4096u);
+  const std::string whole = readWholeFile(file);
+  ASSERT_GT(whole.size(), 4096u);
   // No file may grow beyond this, as on a disk that is full.
   rlimit old{};
   getrlimit(RLIMIT_FSIZE, &old);
@@ -79,7 +79,7 @@ TEST_F(BadInputTest, AFullDiskLeavesTheOldFileWhole) {
   setrlimit(RLIMIT_FSIZE, &old);
   std::signal(SIGXFSZ, handler);
   EXPECT_THAT(asked, ElementsAre(HasSubstr("could not be saved")));
-  EXPECT_TRUE(readWholeFile(file) == before);
+  EXPECT_TRUE(readWholeFile(file) == whole);
   for (const auto& each : std::filesystem::directory_iterator(file.parent_path())) EXPECT_EQ(each.path().extension(), ".xml") << "a half-written file stays behind";
   expectStillThere();
 }

@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QToolBar>
+#include <array>
 #include <set>
 
 #include "workbench/window/DeviceMenu.h"
@@ -124,6 +126,25 @@ TEST_F(DialogsTest, TheWindowServesAtTwiceTheSize) {
   EXPECT_GE(widget("cceActiveRecipe")->fontMetrics().height(), 30);
   EXPECT_GE(window->tree().fontMetrics().height(), 30);
   workbench->setTheme(Theme::Kind::Light, 1.0);
+}
+
+// Top, bottom and the first tool of the tool bar.
+std::array<int, 4> toolBarLines(const MainWindow& window) {
+  const auto& bar = *window.findChild<QToolBar*>();
+  const QRect tool = bar.widgetForAction(bar.actions().front())->geometry();
+  return {bar.height(), tool.left(), tool.top(), bar.height() - tool.bottom()};
+}
+
+TEST_F(DialogsTest, TheToolBarLooksTheSameAfterAnotherThemeAndBack) {
+  QTest::qWait(20);
+  const std::array<int, 4> before = toolBarLines(*window);
+  EXPECT_LE(std::abs(before[2] - before[3]), 2) << "in the middle of the bar";
+  workbench->setTheme(Theme::Kind::Dark, 1.0);
+  QTest::qWait(20);
+  EXPECT_EQ(toolBarLines(*window), before);
+  workbench->setTheme(Theme::Kind::Light, 1.0);
+  QTest::qWait(20);
+  EXPECT_EQ(toolBarLines(*window), before);
 }
 
 TEST_F(DialogsTest, OneMessageOfSeveralViewsIsReadOnce) {

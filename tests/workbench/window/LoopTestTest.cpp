@@ -127,6 +127,22 @@ TEST_F(LoopTestTest, ARefusalDuringATestKeepsTheWarning) {
   EXPECT_TRUE(banner().isVisible()) << "the device goes on with the value before";
 }
 
+TEST_F(LoopTestTest, ARefusedStopProvesNothingOfAValueThatWasNotAnswered) {
+  simulated().setFault("silent", "");
+  typeInto("cteLoopTest", "12");
+  clickOn("cmdLoopTest");
+  ASSERT_TRUE(until([&] { return !workbench->current().status().answers(); }));
+  settle();
+  ASSERT_TRUE(banner().isVisible());
+  simulated().setFault("none", "");
+  simulated().setFault("refuse", "loopTest");
+  const char* const stop = "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item></communicationRequest>";
+  EXPECT_EQ(workbench->host().submit("", stop, "loopTest", "", 0, 0), "");
+  settle();
+  EXPECT_TRUE(workbench->current().status().answers());
+  EXPECT_TRUE(banner().isVisible());
+}
+
 TEST_F(LoopTestTest, EachOfSixChannelsMustHaveAnsweredZero) {
   PlantDevice& optical = device("hartQX5");
   ASSERT_TRUE(show(optical, "diagnostics", "loopTest"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QComboBox>
@@ -149,7 +150,7 @@ class WindowBench : public testing::Test {
   }
 
  private:
-  std::filesystem::path mFolder = std::filesystem::temp_directory_path() / ("ostrand-window-" + std::to_string(reinterpret_cast<std::uintptr_t>(this)));
+  std::filesystem::path mFolder = std::filesystem::temp_directory_path() / ("ostrand-window-" + std::to_string(::getpid()));
 
  protected:
   std::filesystem::path data;
