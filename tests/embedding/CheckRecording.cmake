@@ -1,6 +1,6 @@
 # The recording in the README is what the program puts out, but for what is left out at "...".
 file(READ ${SOURCE}/README.md page)
-string(REGEX MATCH "\n```\n([^`]*)```\n" fenced "${page}")
+string(REGEX MATCH "\n```\n(A conversation[^`]*)```\n" fenced "${page}")
 string(REPLACE ";" "\\;" recording "${CMAKE_MATCH_1}")
 string(REPLACE "\n  ...\n\n" ";" pieces "${recording}")
 execute_process(COMMAND ${PROGRAM} demo OUTPUT_VARIABLE output RESULT_VARIABLE result)
