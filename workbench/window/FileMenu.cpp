@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
+#include <optional>
 
 #include "host/transcript/Replay.h"
 #include "platform/base/File.h"
@@ -65,14 +66,17 @@ void FileMenu::refresh() {
 void FileMenu::open() {
   mWindow.panel().commit();
   Workbench& workbench = mWindow.workbench();
-  if (workbench.current().hasUnsavedEdits() &&
-      !mWindow.asks("There are edits that nobody has saved", "They are lost when another data set is opened. Open it all the same?"))
-    return;
   const auto file = workbench.desktop().openDialog({say("Open data set").toStdString(), kDataSets, "xml", workbench.dataFolder() / "devices"});
   if (!file) return;
-  if (mWindow.attempt(say("%1 could not be opened").arg(shown(*file)), [&] { workbench.openDataSet(*file); }))
-    mWindow.status().say(say("%1 is open").arg(shown(*file)));
-  mWindow.warnOfForcedOutput(workbench.current());
+  std::optional<DataSet> dataSet;
+  if (!mWindow.attempt(say("%1 could not be opened").arg(shown(*file)), [&] { dataSet = DataSet::open(*file); })) return;
+  PlantDevice& device = workbench.deviceFor(*dataSet);
+  if (device.hasUnsavedEdits() &&
+      !mWindow.asks("There are edits that nobody has saved", "They are lost when another data set is opened. Open it all the same?"))
+    return;
+  device.host().setDataSet(std::move(*dataSet));
+  mWindow.status().say(say("%1 is open").arg(shown(*file)));
+  mWindow.warnOfForcedOutput(device);
 }
 
 void FileMenu::save() {

@@ -54,10 +54,14 @@ bool Workbench::show(PlantDevice& device, const std::string& branch, const std::
   return true;
 }
 
+PlantDevice& Workbench::deviceFor(const DataSet& dataSet) const {
+  const auto fitting = std::find_if(mDevices.begin(), mDevices.end(), [&](const auto& each) { return each->kind().name == dataSet.deviceType(); });
+  return fitting == mDevices.end() ? *mCurrent : **fitting;
+}
+
 void Workbench::openDataSet(const std::filesystem::path& file) {
   DataSet dataSet = DataSet::open(file);
-  const auto fitting = std::find_if(mDevices.begin(), mDevices.end(), [&](const auto& each) { return each->kind().name == dataSet.deviceType(); });
-  PlantDevice& device = fitting == mDevices.end() ? *mCurrent : **fitting;
+  PlantDevice& device = deviceFor(dataSet);
   device.host().setDataSet(std::move(dataSet));
 }
 

@@ -39,7 +39,9 @@ class Workbench {
 
   // Asks the view in front whether it may be left, then shows this frame of this device. False: nothing has changed.
   bool show(PlantDevice& device, const std::string& branch, const std::string& frame);
-  // Opens a data set in the device of its type, else in the current one, whose views take it up.
+  // The device that a data set is for: the one of its type, else the current one.
+  PlantDevice& deviceFor(const DataSet& dataSet) const;
+  // Opens a data set in the device that it is for, whose views take it up.
   // RuntimeError 53, 70 or 5 leaves everything as it was.
   void openDataSet(const std::filesystem::path& file);
 

@@ -156,6 +156,17 @@ TEST_F(MeasurementTest, ClosingWithoutEditsAsksNothing) {
   EXPECT_THAT(asked, IsEmpty());
 }
 
+TEST_F(MeasurementTest, OpeningADataSetAsksOnlyForTheEditsOfItsDevice) {
+  editRecipe();
+  nextFile = data / "devices" / "profibusBlade.xml";
+  window->fileMenu().open();
+  EXPECT_TRUE(asked.empty());
+  EXPECT_TRUE(workbench->current().hasUnsavedEdits());
+  nextFile = data / "devices" / "hartBlade.xml";
+  window->fileMenu().open();
+  EXPECT_EQ(asked.size(), 1u);
+}
+
 TEST_F(MeasurementTest, AnEditIsUndone) {
   editRecipe();
   window->deviceMenu().undoEdit();
