@@ -2,36 +2,14 @@
 
 #include <vector>
 
+#include "host/HostObject.h"
 #include "platform/types/IHostContainer.h"
 #include "platform/types/Messenger.h"
-#include "platform/types/Query.h"
 
 namespace ostrand::bench {
 
-// The count and the interfaces of an object of the quiet host.
-template <class I>
-class QuietObject : public I {
- public:
-  Result queryInterface(const Guid& id, void** out) noexcept override {
-    *out = nullptr;
-    return offer<IObject>(id, this, out) || offer<I>(id, this, out) ? Result::Ok : Result::NoInterface;
-  }
-  std::uint32_t addRef() noexcept override { return ++mCount; }
-  std::uint32_t release() noexcept override {
-    const std::uint32_t left = --mCount;
-    if (left == 0) delete this;
-    return left;
-  }
-
- protected:
-  virtual ~QuietObject() = default;
-
- private:
-  std::uint32_t mCount = 0;
-};
-
 // Shows the keys themselves.
-class QuietTexts final : public QuietObject<ITextTable> {
+class QuietTexts final : public HostObject<ITextTable> {
  public:
   std::string GetText(const std::string& key) override { return key; }
   std::string GetLabel(const std::string& key) override { return key; }
@@ -39,7 +17,7 @@ class QuietTexts final : public QuietObject<ITextTable> {
 };
 
 // The user reads temperatures in degrees Fahrenheit.
-class QuietUnits final : public QuietObject<IUnitConverter> {
+class QuietUnits final : public HostObject<IUnitConverter> {
  public:
   bool ConvertValue(double value, const std::string& from, const std::string& to, double& result) override {
     if (from == to)
@@ -56,14 +34,14 @@ class QuietUnits final : public QuietObject<IUnitConverter> {
 };
 
 // A place for a view whose requests go nowhere.
-class QuietContainer final : public QuietObject<IHostContainer> {
+class QuietContainer final : public HostObject<IHostContainer> {
  public:
   void DTMGUIDownload(const std::string&, const std::string&, int) override {}
   std::string DTMGUIGetXmlPath() override { return {}; }
 };
 
 // A host that costs next to nothing: it sends nothing and remembers nothing but the number of errors.
-class QuietMessenger final : public QuietObject<Messenger> {
+class QuietMessenger final : public HostObject<Messenger> {
  public:
   void SendRequest(const std::string&, const std::string&) override {}
   void ReadRequest(const std::string&, int) override {}
