@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/base/NumberText.h"
+#include "platform/base/RuntimeError.h"
 #include "platform/controls/Form.h"
 #include "platform/types/Query.h"
 #include "platform/xml/Vocabulary.h"
@@ -85,9 +86,11 @@ void CtrModuleSelection::SetOfflineData(const Document& doc) {
   int row = 0;
   proc.step([&] {
     const Node modules = group(doc, tag());
-    for (Node each = modules ? modules.firstChild() : Node(); each && row < kModules; each = each.nextSibling()) {
+    for (Node each = modules ? modules.firstChild() : Node(); each; each = each.nextSibling()) {
       const std::string name(each.findAttribute("name").value_or(""));
-      if (!name.empty() && parameter(doc, name)) bind(row++, doc, name);
+      if (name.empty() || !parameter(doc, name)) continue;
+      if (row == kModules) throw RuntimeError(RuntimeError::OutOfRange, "there is no row for the function module " + name);
+      bind(row++, doc, name);
     }
   });
   mCount = row;

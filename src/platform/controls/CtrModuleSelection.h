@@ -12,8 +12,8 @@
 namespace ostrand {
 
 // The function modules of a device on PROFIBUS: a row for each parameter of the request group that bears the
-// control's Tag, at most kModules of them. A row offers the choices of the parameter's mapping and tells what
-// the one that is chosen adds to the cyclic data; the last row is their sum:
+// control's Tag; one beyond kModules is reported. A row offers the choices of the parameter's mapping and tells
+// what the one that is chosen adds to the cyclic data; the last row is their sum:
 //
 //   <data:mappedParam name="consistencyModule"><data:mappedItem value="1" key="moduleInput" bytes="5"/>...
 //

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/base/RuntimeError.h"
 #include "platform/desktop/VirtualDesktop.h"
 #include "support/Documents.h"
 #include "support/FakeMessenger.h"
@@ -118,13 +119,14 @@ TEST_F(CtrModuleSelectionTest, MarksTheModulesThatAnErrorNames) {
   EXPECT_EQ(combo(0).Error(), "communicationError") << "an error that names nobody is everybody's";
 }
 
-TEST_F(CtrModuleSelectionTest, MoreModulesThanRowsAreLeftOut) {
+TEST_F(CtrModuleSelectionTest, AModuleWithoutARowIsReported) {
   std::string parameters, included;
   for (int i = 0; i < CtrModuleSelection::kModules + 2; ++i) {
     const std::string name = "m" + std::to_string(i);
     parameters += parameterXml(name, "0");
     included += "<data:includedParam name=\"" + name + "\"/>";
   }
+  messenger->announce("CtrModuleSelection ITaviDataUser_setOfflineData: ", RuntimeError::OutOfRange);
   modules->SetOfflineData(dataSet(parameters, {}, "<data:requestGroup name=\"modules\">" + included + "</data:requestGroup>"));
   EXPECT_EQ(rows().size(), static_cast<std::size_t>(CtrModuleSelection::kModules));
 }
