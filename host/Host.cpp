@@ -29,6 +29,7 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
       mUnits(isThere(mDataFolder / "units.xml") ? UnitService::open(mDataFolder / "units.xml") : Ref<UnitService>(new UnitService)),
       mAddressService(new AddressService),
       mCommunication(desktop, mObservers, [this](const Document& answer) { deliver(answer); }),
+      mOutputs(mObservers),
       mTransfer(mCommunication),
       mComparison(mCommunication, mUnits),
       mLiveReading(desktop, mCommunication, [this] { return liveGroup(); }, [this](const std::string& parameter) { return isEdited(parameter); }) {

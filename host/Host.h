@@ -13,6 +13,7 @@
 #include "host/Comparison.h"
 #include "host/ComponentSource.h"
 #include "host/LiveReading.h"
+#include "host/OutputWatch.h"
 #include "host/TextTables.h"
 #include "host/Transfer.h"
 #include "host/UnitService.h"
@@ -52,6 +53,8 @@ class Host {
   Observers& observers() { return mObservers; }
   Communication& communication() { return mCommunication; }
   const UserSession& session() const { return mSession; }
+  // What the device may be forced to put out.
+  OutputWatch& outputs() { return mOutputs; }
 
   // --- data set and device
 
@@ -160,6 +163,7 @@ class Host {
   Ref<AddressService> mAddressService;
   Document mTree;
   Communication mCommunication;
+  OutputWatch mOutputs;
   Transfer mTransfer;
   Comparison mComparison;
   bool mLive = true;

@@ -6,12 +6,12 @@
 #include <QToolBar>
 #include <algorithm>
 
+#include "host/PendingEdits.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
 #include "workbench/window/CompareDialog.h"
 #include "workbench/window/FaultsDialog.h"
 #include "workbench/window/MainWindow.h"
-#include "workbench/window/PendingEdits.h"
 #include "workbench/window/Spoken.h"
 #include "workbench/window/TransferDialog.h"
 

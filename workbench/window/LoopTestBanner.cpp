@@ -4,7 +4,7 @@
 
 namespace ostrand {
 
-LoopTestBanner::LoopTestBanner(PlantDevice& device) : mDevice(device), mListening(device.loopTest().changed.connect([this] { refresh(); })) {
+LoopTestBanner::LoopTestBanner(PlantDevice& device) : mDevice(device), mListening(device.outputs().changed.connect([this] { refresh(); })) {
   setProperty("role", QStringLiteral("banner"));
   setWordWrap(true);
   setTextFormat(Qt::PlainText);
@@ -12,7 +12,7 @@ LoopTestBanner::LoopTestBanner(PlantDevice& device) : mDevice(device), mListenin
   hide();
 }
 
-LoopTestBanner::~LoopTestBanner() { mDevice.loopTest().changed.disconnect(mListening); }
+LoopTestBanner::~LoopTestBanner() { mDevice.outputs().changed.disconnect(mListening); }
 
 void LoopTestBanner::setTexts(const Texts& texts) {
   mTexts = texts;
@@ -20,7 +20,7 @@ void LoopTestBanner::setTexts(const Texts& texts) {
 }
 
 void LoopTestBanner::refresh() {
-  const bool driving = mDevice.loopTest().mayBeDriving();
+  const bool driving = mDevice.outputs().mayBeForced();
   if (driving) {
     QString text = QStringLiteral("⚠  ") +
                    mTexts.say("%1: a loop test may still drive the output. Keep the control loop out of automatic control until the test has been stopped.").arg(qt(mDevice.title()));

@@ -332,7 +332,7 @@ bool MainWindow::asks(const char* title, const char* message, const QString& wha
 }
 
 void MainWindow::warnOfForcedOutput(PlantDevice& device) {
-  if (!device.loopTest().mayBeDriving()) return;
+  if (!device.outputs().mayBeForced()) return;
   const Texts& texts = mWorkbench.texts();
   tell(texts.say("The output may still be forced"),
        texts.say("%1 has not answered that its loop test is over. Read the device, or stop the test there, before the loop goes back to automatic control.").arg(qt(device.title())));
@@ -343,8 +343,8 @@ bool MainWindow::mayClose() {
   QStringList driven;
   bool running = false, edits = false;
   for (const auto& device : mWorkbench.devices()) {
-    if (device->loopTest().mayBeDriving()) driven << qt(device->title());
-    running = running || (!device->busyWith().empty() && !device->loopTest().mayBeDriving());
+    if (device->outputs().mayBeForced()) driven << qt(device->title());
+    running = running || (!device->busyWith().empty() && !device->outputs().mayBeForced());
     edits = edits || device->hasUnsavedEdits();
   }
   if (!driven.isEmpty() &&

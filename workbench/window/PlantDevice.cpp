@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "host/PendingEdits.h"
 #include "platform/base/RuntimeError.h"
-#include "workbench/window/PendingEdits.h"
 
 namespace ostrand {
 
@@ -19,8 +19,7 @@ PlantDevice::PlantDevice(const Plant& plant, const DeviceKind& kind)
       mTap(plant.log, plant.desktop),
       mRecordings(plant.components, plant.desktop),
       mHost(plant.desktop, mRecordings.components(), plant.prompt, plant.dataFolder, mTap.taps(mRecordings.taps())),
-      mStatus(mHost),
-      mLoopTest(mHost) {
+      mStatus(mHost) {
   mTap.attach(mHost);
   mRecordings.setLanguage(mHost.session().language);
   mRecordings.setLocale(plant.desktop.locale().name);

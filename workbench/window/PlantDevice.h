@@ -3,12 +3,11 @@
 #include <filesystem>
 #include <string>
 
+#include "host/DeviceStatus.h"
 #include "host/Host.h"
 #include "simulator/Device.h"
 #include "workbench/window/ComponentCatalog.h"
 #include "workbench/window/ConversationTap.h"
-#include "workbench/window/DeviceStatus.h"
-#include "workbench/window/LoopTestWatch.h"
 #include "workbench/window/Recordings.h"
 #include "workbench/window/ViewClasses.h"
 
@@ -33,7 +32,7 @@ class PlantDevice {
   const DeviceKind& kind() const { return mKind; }
   Host& host() { return mHost; }
   DeviceStatus& status() { return mStatus; }
-  LoopTestWatch& loopTest() { return mLoopTest; }
+  OutputWatch& outputs() { return mHost.outputs(); }
   ConversationTap& tap() { return mTap; }
   Recordings& recordings() { return mRecordings; }
   ViewClasses classes();
@@ -70,7 +69,6 @@ class PlantDevice {
   Recordings mRecordings;
   Host mHost;
   DeviceStatus mStatus;
-  LoopTestWatch mLoopTest;
 };
 
 }  // namespace ostrand

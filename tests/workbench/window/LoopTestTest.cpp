@@ -146,11 +146,11 @@ TEST_F(LoopTestTest, ARefusedStopProvesNothingOfAValueThatWasNotAnswered) {
 TEST_F(LoopTestTest, EachOfSixChannelsMustHaveAnsweredZero) {
   PlantDevice& optical = device("hartQX5");
   ASSERT_TRUE(show(optical, "diagnostics", "loopTest"));
-  LoopTestWatch& watch = optical.loopTest();
+  OutputWatch& watch = optical.outputs();
   typeInto("cteLoopTest(0)", "12");
   typeInto("cteLoopTest(5)", "8");
   clickOn("cmdLoopTest");
-  ASSERT_TRUE(until([&] { return watch.mayBeDriving(); }));
+  ASSERT_TRUE(until([&] { return watch.mayBeForced(); }));
   settle();
   grab("six-channels");
   const auto stop = [&](const std::string& channel) {
@@ -160,15 +160,15 @@ TEST_F(LoopTestTest, EachOfSixChannelsMustHaveAnsweredZero) {
     settle();
   };
   stop("channel0");
-  EXPECT_TRUE(watch.mayBeDriving()) << "channel 5 goes on";
+  EXPECT_TRUE(watch.mayBeForced()) << "channel 5 goes on";
   stop("channel5");
-  EXPECT_FALSE(watch.mayBeDriving());
+  EXPECT_FALSE(watch.mayBeForced());
 
   typeInto("cteLoopTest(1)", "12");
   clickOn("cmdLoopTest");
-  ASSERT_TRUE(watch.mayBeDriving());
+  ASSERT_TRUE(watch.mayBeForced());
   clickOn("cmdStopLoopTest");
-  EXPECT_FALSE(watch.mayBeDriving());
+  EXPECT_FALSE(watch.mayBeForced());
 }
 
 class EventLogTest : public WindowBench {

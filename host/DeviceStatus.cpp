@@ -1,4 +1,4 @@
-#include "workbench/window/DeviceStatus.h"
+#include "host/DeviceStatus.h"
 
 #include "platform/xml/Vocabulary.h"
 

@@ -1,4 +1,4 @@
-#include "workbench/window/PendingEdits.h"
+#include "host/PendingEdits.h"
 
 namespace ostrand {
 

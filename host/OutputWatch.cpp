@@ -1,4 +1,4 @@
-#include "workbench/window/LoopTestWatch.h"
+#include "host/OutputWatch.h"
 
 #include "host/Messages.h"
 #include "platform/base/NumberText.h"
@@ -26,36 +26,36 @@ void forEachValue(const Node& parent, Tell tell) {
 
 }  // namespace
 
-LoopTestWatch::LoopTestWatch(Host& host) : mHost(host) { mHost.observers().add(*this); }
+OutputWatch::OutputWatch(Observers& observers) : mObservers(observers) { mObservers.add(*this); }
 
-LoopTestWatch::~LoopTestWatch() { mHost.observers().remove(*this); }
+OutputWatch::~OutputWatch() { mObservers.remove(*this); }
 
-void LoopTestWatch::requestSent(const Request& request) {
+void OutputWatch::requestSent(const Request& request) {
   if (request.name != kRequest || !request.write) return;
-  const bool before = mayBeDriving();
+  const bool before = mayBeForced();
   forEachValue(requestElement(request.document), [&](const std::string& item, std::optional<double> value) {
-    if (!value || !isZero(item, *value)) mDriven.try_emplace(item, request.id);
+    if (!value || !isZero(item, *value)) mForced.try_emplace(item, request.id);
   });
-  if (mayBeDriving() != before) changed();
+  if (mayBeForced() != before) changed();
 }
 
-void LoopTestWatch::requestAnswered(const Request& request, const Document& answer) {
+void OutputWatch::requestAnswered(const Request& request, const Document& answer) {
   const AnswerHead head = headOf(answer);
   if (request.name != kRequest || !head.write || head.local || !head.errorCode.empty()) return;
   forEachValue(response(answer), [&](const std::string& item, std::optional<double> value) {
     if (value && isZero(item, *value))
-      mDriven.erase(item);
+      mForced.erase(item);
     else
-      mDriven[item] = kConfirmed;
+      mForced[item] = kConfirmed;
   });
   changed();
 }
 
 // A device that refuses a value has left its output as it was: which is not known if an earlier value was never answered.
-void LoopTestWatch::requestFinished(const Request& request, Outcome outcome) {
+void OutputWatch::requestFinished(const Request& request, Outcome outcome) {
   if (request.name != kRequest || !request.write || outcome != Outcome::Refused) return;
   forEachValue(requestElement(request.document), [&](const std::string& item, std::optional<double>) {
-    if (const auto found = mDriven.find(item); found != mDriven.end() && found->second == request.id) mDriven.erase(found);
+    if (const auto found = mForced.find(item); found != mForced.end() && found->second == request.id) mForced.erase(found);
   });
   changed();
 }
