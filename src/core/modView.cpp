@@ -1,6 +1,7 @@
 #include "core/modView.h"
 
 #include <optional>
+#include <unordered_set>
 
 #include "core/modTools.h"
 #include "platform/base/Procedure.h"
@@ -32,14 +33,24 @@ bool isPlain(Kind kind) { return kind < Kind::TextEdit; }
 bool isEdit(Kind kind) { return kind >= Kind::TextEdit && kind < Kind::DateLabel; }
 bool isChoice(Kind kind) { return kind == Kind::ComboEdit || kind == Kind::CheckEdit || kind == Kind::OptionEdit; }
 
-// The parameter that a control's tag names; empty if the control is not bound. Reading the tag may fail.
-std::string_view boundName(Procedure& proc, const Control& control) {
-  std::string_view name;
+// A class that cannot be told costs its own control.
+template <class Do>
+void eachControl(Procedure& proc, const Component& view, Do body) {
+  for (Control* control : view.controls()) {
+    Kind kind{};
+    if (proc.step([&] { kind = control->kind(); })) body(*control, kind);
+  }
+}
+
+// The parameter that a control's tag names; false if the control is not bound, or if its tag cannot be read. A copy, in a
+// buffer that serves a whole walk: every call to the host may bring another tag.
+bool readName(Procedure& proc, const Control& control, std::string& name) {
+  name.clear();
   proc.step([&] {
     control.Tag();
     name = control.parameterName();
   });
-  return name;
+  return !name.empty();
 }
 
 void callDataUser(Control& control, const char* operation, const Document& doc, void (ITaviDataUser::*member)(const Document&)) {
@@ -65,11 +76,10 @@ void setCaption(Control& control, std::string caption) { control.set("Caption", 
 // Several controls may share a mapping that is named by a tail of their parameter's name, so what follows
 // each capital or digit of the tag is tried from the end on. `cut` leaves out a tail behind "_"; it belongs
 // to the whole walk and is not set back, so a tag with such a tail shortens the searches after it.
-Node findMapping(Procedure& proc, const Document& doc, const Control& control, std::size_t& cut) {
-  const std::string tag(control.Tag());
-  const std::string name(control.parameterName());
+Node findMapping(Procedure& proc, const Document& doc, const std::string& name, std::size_t& cut) {
   Node found = proc.value(Node(), [&] { return mapping(doc, name); });
   if (found) return found;
+  const std::string tag = "ctr_" + name;
   proc.step([&] { proc.messenger().Log(kLogMapping, "Parsing " + tag); });
   const std::size_t length = tag.size();
   for (std::size_t i = length; i >= kPrefixLength; --i) {
@@ -90,40 +100,34 @@ Node findMapping(Procedure& proc, const Document& doc, const Control& control, s
 
 }  // namespace
 
-void Localize(Component& view, const Ref<ITextTable>& textTable) {
+void Localize(Component& view, Ref<ITextTable> textTable) {
   Procedure proc(view.reportingTo(), view.lastError(), "modView Localize: ");
-  const auto text = [&](std::string (ITextTable::*member)(const std::string&), const std::string& key) {
-    return proc.value(std::string(), [&] {
-      if (!textTable) throwNothingThere("the text table");
-      return ((*textTable).*member)(key);
-    });
+  const auto texts = [&]() -> ITextTable& {
+    if (!textTable) throwNothingThere("the text table");
+    return *textTable;
   };
-  for (Control* control : view.controls()) {
-    const Kind kind = control->kind();
-    const std::string tag = proc.value(std::string(), [&] { return control->Tag(); });
+  // To get a text and to show it is one statement: what cannot be had leaves the old one standing.
+  eachControl(proc, view, [&](Control& control, Kind kind) {
     switch (kind) {
       case Kind::Label:
       case Kind::CheckBox:
       case Kind::OptionButton:
-      case Kind::CommandButton: {
-        if (tag.empty()) break;
-        const std::string caption = text(&ITextTable::GetLabel, tag);
-        proc.step([&] { setCaption(*control, caption); });
+      case Kind::CommandButton:
+        proc.step([&] {
+          if (const std::string tag = control.Tag(); !tag.empty()) setCaption(control, texts().GetLabel(tag));
+        });
         break;
-      }
-      case Kind::TextBox: {
-        if (tag.empty() || tag.starts_with("ctr_")) break;
-        const std::string shown = text(&ITextTable::GetText, tag);
-        proc.step([&] { static_cast<TextBox&>(*control).Text(shown); });
+      case Kind::TextBox:
+        proc.step([&] {
+          if (const std::string tag = control.Tag(); !tag.empty() && !tag.starts_with("ctr_")) static_cast<TextBox&>(control).Text(texts().GetText(tag));
+        });
         break;
-      }
       case Kind::ListView: {
-        auto& list = static_cast<ListView&>(*control);
-        for (int column = 1; column <= list.ColumnCount(); ++column) {
-          if (list.HeaderTag(column).empty()) continue;
-          const std::string header = text(&ITextTable::GetText, list.HeaderTag(column));
-          proc.step([&] { list.Header(column, header); });
-        }
+        auto& list = static_cast<ListView&>(control);
+        for (int column = 1; column <= list.ColumnCount(); ++column)
+          proc.step([&] {
+            if (const std::string tag = list.HeaderTag(column); !tag.empty()) list.Header(column, texts().GetText(tag));
+          });
         break;
       }
       case Kind::Frame:
@@ -132,104 +136,102 @@ void Localize(Component& view, const Ref<ITextTable>& textTable) {
       case Kind::DateLabel: break;
       default:
         silently([&] {
-          if (ILocalizable* object = control->localizable())
-            callObject(*control, object, "Localize", "", [&](ILocalizable& localizable) { localizable.Localize(textTable); });
+          if (ILocalizable* object = control.localizable())
+            callObject(control, object, "Localize", "", [&](ILocalizable& localizable) { localizable.Localize(textTable); });
         });
     }
-  }
+  });
 }
 
-void setMessenger(Component& view, const Ref<Messenger>& messenger) {
+void setMessenger(Component& view, Ref<Messenger> messenger) {
   Procedure proc(view.reportingTo(), view.lastError(), "modView setMessenger: ");
-  for (Control* control : view.controls()) {
-    const Kind kind = control->kind();
-    if (isPlain(kind) || kind == Kind::DateLabel) continue;
+  eachControl(proc, view, [&](Control& control, Kind kind) {
+    if (isPlain(kind) || kind == Kind::DateLabel) return;
     silently([&] {
-      if (ITaviComponent* object = control->component())
-        callObject(*control, object, "SetMessenger", "", [&](ITaviComponent& component) { component.SetMessenger(messenger); });
+      if (ITaviComponent* object = control.component())
+        callObject(control, object, "SetMessenger", "", [&](ITaviComponent& component) { component.SetMessenger(messenger); });
     });
-  }
+  });
 }
 
-void setImportData(Component& view, const Document& doc) {
+void setImportData(Component& view, Document doc) {
   Procedure proc(view.reportingTo(), view.lastError(), "modView setImportData: ");
-  for (Control* control : view.controls()) {
-    const Kind kind = control->kind();
-    if (isPlain(kind)) continue;
+  std::string name;
+  eachControl(proc, view, [&](Control& control, Kind kind) {
+    if (isPlain(kind)) return;
     if (kind == Kind::DateLabel) {
       proc.step([&] {
-        if (auto stamp = stampOf(doc, groupName(*control))) setCaption(*control, *stamp);
+        if (auto stamp = stampOf(doc, groupName(control))) setCaption(control, *stamp);
       });
-    } else if (const std::string_view name = isEdit(kind) ? boundName(proc, *control) : std::string_view(); !name.empty()) {
+    } else if (isEdit(kind) && readName(proc, control, name)) {
       const Node node = proc.value(Node(), [&] { return parameter(doc, name); });
-      proc.step([&] { control->setImportData(node); });
-    } else if (control->dataUser()) {
-      proc.step([&] { callDataUser(*control, "SetImportData", doc, &ITaviDataUser::SetImportData); });
+      proc.step([&] { control.setImportData(node); });
+    } else if (control.dataUser()) {
+      proc.step([&] { callDataUser(control, "SetImportData", doc, &ITaviDataUser::SetImportData); });
     }
-  }
+  });
 }
 
-void setOfflineData(Component& view, const Document& doc) {
+void setOfflineData(Component& view, Document doc) {
   Procedure proc(view.reportingTo(), view.lastError(), " modView setOfflineData");
   std::size_t cut = 0;
-  for (Control* control : view.controls()) {
-    const Kind kind = control->kind();
-    if (isPlain(kind)) continue;
+  std::string name;
+  eachControl(proc, view, [&](Control& control, Kind kind) {
+    if (isPlain(kind)) return;
     if (kind == Kind::DateLabel) {
       proc.step([&] {
-        if (auto stamp = stampOf(doc, groupName(*control))) setCaption(*control, modTools::LocalizeDatafileDate(*stamp, view.desktop()));
+        if (auto stamp = stampOf(doc, groupName(control))) setCaption(control, modTools::LocalizeDatafileDate(*stamp, view.desktop()));
       });
-    } else if (const std::string_view name = isEdit(kind) ? boundName(proc, *control) : std::string_view(); !name.empty()) {
+    } else if (isEdit(kind) && readName(proc, control, name)) {
       if (isChoice(kind)) {
-        const Node choices = proc.value(Node(), [&] { return findMapping(proc, doc, *control, cut); });
-        proc.step([&] { control->SetMappings(choices); });
+        const Node choices = proc.value(Node(), [&] { return findMapping(proc, doc, name, cut); });
+        proc.step([&] { control.SetMappings(choices); });
       }
       const Node node = proc.value(Node(), [&] { return parameter(doc, name); });
       proc.step([&] {
-        if (kind != Kind::TextEdit || control->ContextTag().empty()) control->ContextTag(modTools::groupOfParameter(doc, name));
+        if (kind != Kind::TextEdit || control.ContextTag().empty()) control.ContextTag(modTools::groupOfParameter(doc, name));
       });
-      proc.step([&] { control->setOfflineData(node); });
-    } else if (control->dataUser()) {
-      silently([&] { callDataUser(*control, "SetOfflineData", doc, &ITaviDataUser::SetOfflineData); });
+      proc.step([&] { control.setOfflineData(node); });
+    } else if (control.dataUser()) {
+      silently([&] { callDataUser(control, "SetOfflineData", doc, &ITaviDataUser::SetOfflineData); });
     }
-  }
+  });
 }
 
-void setOnlineData(Component& view, const Document& doc) {
+void setOnlineData(Component& view, Document doc) {
   Procedure proc(view.reportingTo(), view.lastError(), "modView setOnlineData: ");
   const Node answer = proc.value(Node(), [&] { return response(doc); });
   const std::string answerName = proc.value(std::string(), [&] { return std::string(answer.attribute("name")); });
-  const auto itemNamed = [&](std::string_view name) { return proc.value(Node(), [&] { return item(doc, name); }); };
-  for (Control* control : view.controls()) {
-    const Kind kind = control->kind();
+  std::string name;
+  const auto itemOfName = [&] { return proc.value(Node(), [&] { return item(doc, name); }); };
+  eachControl(proc, view, [&](Control& control, Kind kind) {
     if (kind == Kind::TextBox) {
-      if (const std::string_view name = boundName(proc, *control); !name.empty()) {
-        const Node node = itemNamed(name);
-        proc.step([&] {
-          if (const Node text = node ? node.child("comm:stringVal") : Node()) static_cast<TextBox&>(*control).Text(text.text());
-        });
-      }
+      if (!readName(proc, control, name)) return;
+      const Node node = itemOfName();
+      proc.step([&] {
+        if (const Node text = node ? node.child("comm:stringVal") : Node()) static_cast<TextBox&>(control).Text(text.text());
+      });
     } else if (isPlain(kind)) {
-      continue;
+      return;
     } else if (kind == Kind::DateLabel) {
       proc.step([&] {
-        if (control->Tag().starts_with("date_") && groupName(*control) == answerName) setCaption(*control, modTools::presentDateAndTime(view.desktop()));
+        if (control.Tag().starts_with("date_") && groupName(control) == answerName) setCaption(control, modTools::presentDateAndTime(view.desktop()));
       });
-    } else if (const std::string_view name = isEdit(kind) ? boundName(proc, *control) : std::string_view(); !name.empty()) {
-      const Node node = itemNamed(name);
+    } else if (isEdit(kind) && readName(proc, control, name)) {
+      const Node node = itemOfName();
       bool local = false;
       // The status is read anew for each text edit: an answer without one is reported as often.
       if (kind == Kind::TextEdit) proc.step([&] { local = answer.attribute("responseStatus") == "local"; });
       proc.step([&] {
         if (local)
-          control->setLocalData(node);
+          control.setLocalData(node);
         else
-          control->SetOnlineData(node);
+          control.SetOnlineData(node);
       });
-    } else if (control->dataUser()) {
-      proc.step([&] { callDataUser(*control, "SetOnlineData", doc, &ITaviDataUser::SetOnlineData); });
+    } else if (control.dataUser()) {
+      proc.step([&] { callDataUser(control, "SetOnlineData", doc, &ITaviDataUser::SetOnlineData); });
     }
-  }
+  });
 }
 
 namespace {
@@ -250,7 +252,7 @@ bool takesError(Kind kind, ErrorGroup group) {
   return group == ErrorGroup::AllEdits && (kind == Kind::ComboEdit || kind == Kind::DateEdit || kind == Kind::OptionEdit);
 }
 
-void showErrorMessage(Procedure& proc, const std::string& key, const std::vector<Node>& items) {
+void showErrorMessage(Procedure& proc, const std::string& key, const std::vector<std::string>& items) {
   const Ref<ITextTable> texts = proc.value(Ref<ITextTable>(), [&] { return proc.messenger().GetTextTable(); });
   const auto text = [&](const std::string& of) {
     return proc.value(std::string(), [&] {
@@ -259,14 +261,38 @@ void showErrorMessage(Procedure& proc, const std::string& key, const std::vector
     });
   };
   std::string message = text(key) + "\r\n";
-  for (const Node& item : items) message += "\"" + std::string(item.attribute("name")) + "\"\r\n";
+  for (const std::string& item : items) message += "\"" + item + "\"\r\n";
   const std::string title = text("error");
   proc.step([&] { proc.messenger().ShowMessage(title, message); });
 }
 
+std::unordered_set<std::string> namesOf(const std::vector<Control*>& controls) {
+  std::unordered_set<std::string> names;
+  for (const Control* control : controls) names.emplace(control->parameterName());
+  return names;
+}
+
+void strike(Procedure& proc, const Component& view, ErrorGroup group, const std::string& key, const std::vector<std::string>& items) {
+  std::vector<Control*> taking;
+  eachControl(proc, view, [&](Control& control, Kind kind) {
+    if (takesError(kind, group)) taking.push_back(&control);
+  });
+  // Of a large answer most items belong to none of the controls.
+  std::unordered_set<std::string> names = namesOf(taking);
+  for (const std::string& item : items) {
+    if (!names.contains(item)) continue;
+    const std::string tag = "ctr_" + item;
+    for (Control* control : taking)
+      proc.step([&] {
+        if (control->Tag() == tag) control->handleError(key);
+      });
+    names = namesOf(taking);  // the host has been called, and may have brought other tags
+  }
+}
+
 }  // namespace
 
-void setErrorData(Component& view, const Document& doc) {
+void setErrorData(Component& view, Document doc) {
   Procedure proc(view.reportingTo(), view.lastError(), "modView setErrorData: ");
   const std::string answerName = proc.value(std::string(), [&] { return std::string(response(doc).attribute("name")); });
   for (Control* control : view.controls()) {
@@ -279,24 +305,20 @@ void setErrorData(Component& view, const Document& doc) {
   }
 
   std::string key;
-  std::vector<Node> items;
+  std::vector<std::string> items;
   proc.step([&] {
     if (const Node failed = doc.select("//comm:communicationResponse[@errorCode]")) key = failed.attribute("errorCode");
   });
-  proc.step([&] { items = doc.selectAll("//comm:item[@name!=\"testStatus\"]"); });
+  proc.step([&] {
+    for (const Node& item : doc.selectAll("//comm:item[@name!=\"testStatus\"]")) items.emplace_back(item.attribute("name"));
+  });
 
   const ErrorGroup group = groupOfError(key);
   if (group == ErrorGroup::LoggedOnly) {
     proc.step([&] { proc.messenger().Log(kLogControl, "Error: Graph error not reaching its graph " + answerName); });
     return;
   }
-  if (group != ErrorGroup::MessageOnly)
-    for (const Node& item : items)
-      for (Control* control : view.controls())
-        if (takesError(control->kind(), group))
-          proc.step([&] {
-            if (control->Tag() == "ctr_" + std::string(item.attribute("name"))) control->handleError(key);
-          });
+  if (group != ErrorGroup::MessageOnly) strike(proc, view, group, key, items);
   showErrorMessage(proc, key, items);
 }
 

@@ -14,13 +14,13 @@
 // bad control costs only itself.
 namespace ostrand::modView {
 
-void Localize(Component& view, const Ref<ITextTable>& textTable);
-void setMessenger(Component& view, const Ref<Messenger>& messenger);
+void Localize(Component& view, Ref<ITextTable> textTable);
+void setMessenger(Component& view, Ref<Messenger> messenger);
 
-void setImportData(Component& view, const Document& doc);
-void setOfflineData(Component& view, const Document& doc);
-void setOnlineData(Component& view, const Document& doc);
-void setErrorData(Component& view, const Document& doc);
+void setImportData(Component& view, Document doc);
+void setOfflineData(Component& view, Document doc);
+void setOnlineData(Component& view, Document doc);
+void setErrorData(Component& view, Document doc);
 
 // One reading of the value or group `name`: moves its sync word and tells the host.
 void forwardSyncChanges(const std::string& name, bool succeeded, std::string& status, const Ref<Messenger>& messenger);

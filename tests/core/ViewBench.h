@@ -18,6 +18,12 @@
 
 namespace ostrand::test {
 
+// A control whose class cannot be told.
+struct Untellable : Label {
+  using Label::Label;
+  std::string_view className() const override { throw RuntimeError(RuntimeError::NoSuchMember, "no class name"); }
+};
+
 // A view that a test declares, on a virtual desktop, with a host and a probe that can be put in.
 class ViewBench : public testing::Test {
  protected:

@@ -320,6 +320,44 @@ TEST_F(DataWalkTest, TheClassNameAloneMakesADateLabel) {
   EXPECT_EQ(get<Label>("label").Caption(), "31/12/2020 23:59:59");
 }
 
+TEST_F(DataWalkTest, AClassThatCannotBeToldCostsOneControlInEachWalk) {
+  messenger->announce("modView setMessenger: ", 438);
+  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_group1").row(at.make<Untellable>("what"), "ctr_text").row(at.make<CtrTextEdit>("text"), "ctr_text"); });
+  messenger->announce(kImport, 438);
+  view->SetImportData(data());
+  EXPECT_EQ(get<CtrTextEdit>("text").Text(), "t");
+  messenger->announce(kOffline, 438);
+  view->SetOfflineData(dataSet(parameterXml("text", "u")));
+  EXPECT_EQ(get<CtrTextEdit>("text").Text(), "u");
+  messenger->announce(kOnline, 438);
+  view->SetOnlineData(answer("name=\"x\" responseStatus=\"ok\"", itemXml("text", "v")));
+  EXPECT_EQ(get<CtrTextEdit>("text").Text(), "v");
+}
+
+// The names are too long to be kept inside a string: what is borrowed would be freed.
+constexpr const char* kLong = "aParameterWithANameOfManyCharacters";
+const std::string kOther(100, 'x');
+
+TEST_F(DataWalkTest, ATagThatTheHostRewritesMeanwhileIsTakenWithTheNextWalk) {
+  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<CtrComboEdit>("combo"), (std::string("ctr_") + kLong).c_str()); });
+  probeOn();
+  const Document doc = dataSet(parameterXml(kLong, "1"), "", std::string("<data:requestGroup name=\"g\"><data:includedParam name=\"") + kLong + "\"/></data:requestGroup>");
+  calls.during("Log", [&] { get<CtrComboEdit>("combo").Tag("ctr_" + kOther); });
+  view->SetOfflineData(doc);
+  EXPECT_THAT(heard(), ElementsAre("combo.Tag = \"ctr_" + kOther + "\"", "combo.SetMappings nothing", "combo.ContextTag = \"g\"",
+                                   std::string("combo.setOfflineData \"") + kLong + "\""));
+  view->SetOfflineData(doc);
+  EXPECT_THAT(heard(), ElementsAre("combo.SetMappings nothing", "combo.ContextTag = \"\"", "combo.setOfflineData nothing"));
+}
+
+TEST_F(DataWalkTest, AHostMayGiveItsDocumentUpMeanwhile) {
+  placeWithHost(everything);
+  Document given = data();
+  get<CtrTextEdit>("text").Change.connect([&](const std::string&) { given = Document(); });
+  view->SetImportData(given);
+  EXPECT_EQ(get<CtrComboEdit>("combo").Text(), "1");
+}
+
 TEST_F(DataWalkTest, TagsMayBeRewrittenBetweenTheWalks) {
   placeWithHost(everything);
   view->SetImportData(data());

@@ -155,6 +155,34 @@ TEST_F(ErrorWalkTest, EachFailureIsReportedAndTheRestIsDone) {
   view->SetErrorData(error("some"));
 }
 
+TEST_F(ErrorWalkTest, ATagThatTheHostRewritesMeanwhileCounts) {
+  placeWithHost([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_key").row(at.make<CtrTextEdit>("a"), "ctr_a").row(at.make<CtrTextEdit>("b"), "ctr_b").row(at.make<CtrTextEdit>("c"), "ctr_c");
+  });
+  calls.during("SetParameterStatus", [&] {
+    get<CtrTextEdit>("b").Tag("ctr_a");  // behind the one that is struck, and for the same item
+    get<CtrTextEdit>("c").Tag("ctr_d");  // for one of the next items
+  });
+  probeOn();
+  view->SetErrorData(error("missingItems", itemXml("a", "") + itemXml("b", "") + itemXml("c", "") + itemXml("d", "")));
+  EXPECT_THAT(probe.calls.take(), ElementsAre("a.handleError \"missingItems\"", "b.Tag = \"ctr_a\"", "c.Tag = \"ctr_d\"", "b.handleError \"missingItems\"", "c.handleError \"missingItems\""));
+}
+
+TEST_F(ErrorWalkTest, EachItemOfANameStrikesItsControls) {
+  placeWithHost(edits);
+  probeOn();
+  view->SetErrorData(error("missingItems", itemXml("a", "") + itemXml("nobody", "") + itemXml("b", "") + itemXml("a", "")));
+  EXPECT_THAT(probe.calls.take(), ElementsAre("text.handleError \"missingItems\"", "other.handleError \"missingItems\"", "text.handleError \"missingItems\""));
+}
+
+TEST_F(ErrorWalkTest, AClassThatCannotBeToldCostsOneControl) {
+  messenger->announce("modView setMessenger: ", 438);
+  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "ctr_a").row(at.make<CtrTextEdit>("text"), "ctr_a"); });
+  messenger->announce(kError, 438);
+  view->SetErrorData(error("missingItems", itemXml("a", "") + itemXml("b", "")));
+  EXPECT_EQ(get<CtrTextEdit>("text").Error(), "missingItems");
+}
+
 TEST(ForwardSyncChangesTest, ReportsAFailureOfTheHost) {
   FakeCalls calls;
   const Ref<FakeMessenger> messenger(new FakeMessenger(calls));

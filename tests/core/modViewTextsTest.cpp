@@ -99,9 +99,60 @@ TEST_F(LocalizeTest, AFailureCostsOneStatement) {
   messenger->announce(kLocalize, 440);
   messenger->announce(kLocalize, 7);
   view->Localize(table);
-  EXPECT_EQ(get<Label>("a").Caption(), "") << "a call that fails yields an empty text";
+  EXPECT_EQ(get<Label>("a").Caption(), "before") << "a text that cannot be had is not shown as an empty one";
   EXPECT_EQ(get<Label>("b").Caption(), "");
   EXPECT_EQ(get<Label>("c").Caption(), "L:c");
+}
+
+TEST_F(LocalizeTest, WhatCannotBeTranslatedStandsAsItWas) {
+  placeWithHost([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_key").row(at.make<TextBox>("box"), "help").table(at.make<ListView>("list"), "list", {{"time", 1}, {"event", 1}}, 1);
+  });
+  view->Localize(table);
+  calls.fail("GetText", 1);
+  calls.fail("GetText", 3);
+  for (int i = 0; i < 2; ++i) messenger->announce(kLocalize, 440);
+  view->Localize(Ref<ITextTable>(new FakeTextTable(calls, "fi ")));
+  EXPECT_EQ(get<TextBox>("box").Text(), "T:help");
+  EXPECT_EQ(get<ListView>("list").Header(1), "fi T:time");
+  EXPECT_EQ(get<ListView>("list").Header(2), "T:event");
+}
+
+TEST_F(LocalizeTest, ATagThatTheHostRewritesMeanwhileIsNotReadAgain) {
+  placeWithHost([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_key")
+        .row(at.make<Label>("label"), "aTagThatIsTooLongToBeKeptInPlace")
+        .row(at.make<TextBox>("box"), "anotherTagThatIsTooLongToBeKept")
+        .table(at.make<ListView>("list"), "list", {{"aColumnsTagThatIsTooLongAsWell", 1}}, 1);
+  });
+  calls.during("GetLabel", [&] {
+    calls.during("GetLabel", [&] { get<Label>("label").Tag(std::string(100, 'x')); });
+  });
+  calls.during("GetText", [&] {
+    get<TextBox>("box").Tag(std::string(100, 'x'));
+    calls.during("GetText", [&] { get<ListView>("list").HeaderTag(1, std::string(100, 'x')); });
+  });
+  view->Localize(table);
+  EXPECT_EQ(get<Label>("label").Caption(), "L:aTagThatIsTooLongToBeKeptInPlace");
+  EXPECT_EQ(get<TextBox>("box").Text(), "T:anotherTagThatIsTooLongToBeKept");
+  EXPECT_EQ(get<ListView>("list").Header(1), "T:aColumnsTagThatIsTooLongAsWell");
+}
+
+TEST_F(LocalizeTest, AHostMayGiveItsTextTableUpMeanwhile) {
+  place([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Label>("a"), "a").row(at.make<Label>("b"), "b"); });
+  Ref<ITextTable> given(new FakeTextTable(calls, "fi "));
+  calls.during("GetLabel", [&] { given = nullptr; });
+  view->Localize(given);
+  EXPECT_EQ(get<Label>("b").Caption(), "fi L:b");
+}
+
+TEST_F(LocalizeTest, AClassThatCannotBeToldCostsOneControl) {
+  messenger->announce("modView setMessenger: ", 438);
+  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "what").row(at.make<Label>("b"), "b"); });
+  messenger->announce(kLocalize, 438);
+  view->Localize(table);
+  EXPECT_EQ(get<Label>("what").Caption(), "");
+  EXPECT_EQ(get<Label>("b").Caption(), "L:b");
 }
 
 TEST_F(LocalizeTest, FailuresInsideNestedCallsAreSilent) {
@@ -157,6 +208,13 @@ TEST_F(SetMessengerTest, PlainKindsAndDateLabelsAreNotAsked) {
   probeOn();
   view->SetMessenger(messenger);
   EXPECT_THAT(probe.calls.take(), ElementsAre("text.SetMessenger"));
+}
+
+TEST_F(SetMessengerTest, AClassThatCannotBeToldCostsOneControl) {
+  place([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "ctr_a").row(at.make<CtrTextEdit>("text"), "ctr_a"); });
+  messenger->announce("modView setMessenger: ", 438);
+  view->SetMessenger(messenger);
+  EXPECT_EQ(messenger->listeners(), 2u) << "the view and the edit";
 }
 
 TEST_F(SetMessengerTest, FailuresInsideAreSilentAndTheWalkGoesOn) {
