@@ -6,9 +6,9 @@
 
 #include "host/DataFolder.h"
 #include "platform/base/RuntimeError.h"
+#include "workbench/tour/Pictures.h"
+#include "workbench/tour/Tour.h"
 #include "workbench/window/MainWindow.h"
-#include "workbench/window/Pictures.h"
-#include "workbench/window/Tour.h"
 
 using namespace ostrand;
 

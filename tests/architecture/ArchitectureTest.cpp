@@ -51,6 +51,17 @@ const std::vector<Floor> kGround{
     {"platform/desktop",  {"platform/base"}},
     {"platform/controls", {"platform/base", "platform/types", "platform/xml", "platform/desktop"}},
 };
+// The rooms of the workbench; each may know the floors below, too.
+const std::vector<Floor> kRooms{
+    {"workbench/words",        {}},
+    {"workbench/render",       {}},
+    {"workbench/desktop",      {"workbench/words"}},
+    {"workbench/conversation", {"workbench/words", "workbench/render"}},
+    {"workbench/plant",        {"workbench/words", "workbench/render", "workbench/desktop", "workbench/conversation"}},
+    {"workbench/dialogs",      {"workbench/words", "workbench/render", "workbench/plant"}},
+    {"workbench/window",       {"workbench/words", "workbench/render", "workbench/conversation", "workbench/plant", "workbench/dialogs"}},
+    {"workbench/tour",         {"workbench/words", "workbench/render", "workbench/plant", "workbench/dialogs", "workbench/window"}},
+};
 // clang-format on
 
 // Third parties, each with the only floors that may know it.
@@ -128,6 +139,17 @@ TEST(ArchitectureTest, EveryFloorIncludesOnlyWhatItMay) {
   int seen = 0;
   for (const Floor& floor : kFloors) seen += checkIncludes(floor);
   EXPECT_GT(seen, 200);
+}
+
+TEST(ArchitectureTest, TheRoomsOfTheWorkbenchHaveTheirOrderToo) {
+  std::set<std::string> known;
+  for (Floor room : kRooms) {
+    known.insert(std::string(room.name));
+    for (const char* const below : {"platform", "simulator", "host"}) room.mayInclude.push_back(below);
+    EXPECT_GT(checkIncludes(room), 0) << room.name;
+  }
+  for (const auto& entry : fs::directory_iterator(kTree / "workbench"))
+    if (entry.is_directory()) EXPECT_TRUE(known.count("workbench/" + entry.path().filename().string())) << entry.path();
 }
 
 TEST(ArchitectureTest, TheGroundFloorHasItsOrderToo) {

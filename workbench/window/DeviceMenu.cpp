@@ -9,11 +9,11 @@
 #include "host/PendingEdits.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
-#include "workbench/window/CompareDialog.h"
-#include "workbench/window/FaultsDialog.h"
+#include "workbench/dialogs/CompareDialog.h"
+#include "workbench/dialogs/FaultsDialog.h"
+#include "workbench/dialogs/TransferDialog.h"
 #include "workbench/window/MainWindow.h"
-#include "workbench/window/Spoken.h"
-#include "workbench/window/TransferDialog.h"
+#include "workbench/words/Spoken.h"
 
 namespace ostrand {
 

@@ -9,10 +9,10 @@
 #include "host/transcript/Replay.h"
 #include "platform/base/File.h"
 #include "platform/base/RuntimeError.h"
+#include "workbench/dialogs/TextDialog.h"
 #include "workbench/window/MainWindow.h"
-#include "workbench/window/Spoken.h"
-#include "workbench/window/TextDialog.h"
 #include "workbench/window/ViewPicture.h"
+#include "workbench/words/Spoken.h"
 
 namespace ostrand {
 

@@ -21,8 +21,8 @@
 #include "workbench/window/DeviceMenu.h"
 #include "workbench/window/FileMenu.h"
 #include "workbench/window/SettingsMenu.h"
-#include "workbench/window/Spoken.h"
 #include "workbench/window/WindowStyle.h"
+#include "workbench/words/Spoken.h"
 
 namespace ostrand {
 

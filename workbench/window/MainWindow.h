@@ -5,13 +5,13 @@
 #include <memory>
 #include <vector>
 
+#include "workbench/conversation/ConversationPanel.h"
+#include "workbench/plant/HeaderBar.h"
+#include "workbench/plant/LoopTestBanner.h"
+#include "workbench/plant/PlantTree.h"
+#include "workbench/plant/Workbench.h"
 #include "workbench/render/ViewPanel.h"
-#include "workbench/window/ConversationPanel.h"
-#include "workbench/window/HeaderBar.h"
-#include "workbench/window/LoopTestBanner.h"
-#include "workbench/window/PlantTree.h"
 #include "workbench/window/StatusLine.h"
-#include "workbench/window/Workbench.h"
 
 class QSplitter;
 class QToolBar;

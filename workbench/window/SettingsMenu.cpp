@@ -5,9 +5,9 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "workbench/dialogs/PrioritiesDialog.h"
 #include "workbench/window/MainWindow.h"
-#include "workbench/window/PrioritiesDialog.h"
-#include "workbench/window/Spoken.h"
+#include "workbench/words/Spoken.h"
 
 namespace ostrand {
 

@@ -6,7 +6,7 @@
 #include <QPushButton>
 
 #include "platform/base/NumberText.h"
-#include "workbench/window/Spoken.h"
+#include "workbench/words/Spoken.h"
 
 namespace ostrand {
 

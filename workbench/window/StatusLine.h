@@ -5,7 +5,7 @@
 
 #include "host/Host.h"
 #include "workbench/render/Theme.h"
-#include "workbench/window/Texts.h"
+#include "workbench/words/Texts.h"
 
 class QLabel;
 class QProgressBar;

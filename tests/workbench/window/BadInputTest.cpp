@@ -4,9 +4,9 @@
 #include <QProcess>
 #include <csignal>
 
+#include "workbench/WindowBench.h"
 #include "workbench/window/FileMenu.h"
 #include "workbench/window/SettingsMenu.h"
-#include "workbench/window/WindowBench.h"
 
 namespace ostrand::test {
 namespace {

@@ -4,8 +4,8 @@
 
 #include "platform/base/NumberText.h"
 #include "platform/controls/EditControl.h"
+#include "workbench/WindowBench.h"
 #include "workbench/window/DeviceMenu.h"
-#include "workbench/window/WindowBench.h"
 
 namespace ostrand::test {
 namespace {

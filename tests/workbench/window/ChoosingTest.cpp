@@ -2,7 +2,7 @@
 #include <deque>
 
 #include "platform/controls/CommandButton.h"
-#include "workbench/window/WindowBench.h"
+#include "workbench/WindowBench.h"
 
 namespace ostrand::test {
 namespace {

@@ -11,11 +11,11 @@
 #include <array>
 #include <set>
 
+#include "workbench/WindowBench.h"
+#include "workbench/dialogs/PrioritiesDialog.h"
 #include "workbench/window/DeviceMenu.h"
-#include "workbench/window/Phrases.h"
-#include "workbench/window/PrioritiesDialog.h"
 #include "workbench/window/SettingsMenu.h"
-#include "workbench/window/WindowBench.h"
+#include "workbench/words/Phrases.h"
 
 namespace ostrand::test {
 namespace {
@@ -178,7 +178,8 @@ TEST_F(DialogsTest, EveryWordOfTheWindowIsInTheTable) {
   }
   const QRegularExpression spoken(QStringLiteral("(?:\\bsay|asks)\\(\"((?:[^\"\\\\]|\\\\.)*)\"|(?:speak|asks)\\([^;]*?\",\\s*\"((?:[^\"\\\\]|\\\\.)*)\""));
   int found = 0;
-  for (const auto& file : std::filesystem::directory_iterator(std::string(OSTRAND_SOURCE_DIR) + "/workbench/window")) {
+  for (const auto& file : std::filesystem::recursive_directory_iterator(std::string(OSTRAND_SOURCE_DIR) + "/workbench")) {
+    if (!file.is_regular_file()) continue;
     const QString source = QString::fromStdString(readWholeFile(file.path()));
     for (auto match = spoken.globalMatch(source); match.hasNext(); ++found) {
       const QRegularExpressionMatch each = match.next();

@@ -5,8 +5,8 @@
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/CtrTextEdit.h"
 #include "platform/controls/ListView.h"
+#include "workbench/WindowBench.h"
 #include "workbench/window/DeviceMenu.h"
-#include "workbench/window/WindowBench.h"
 
 namespace ostrand::test {
 namespace {

@@ -7,10 +7,10 @@
 #include "platform/controls/CommandButton.h"
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/CtrMonitoring.h"
+#include "workbench/WindowBench.h"
 #include "workbench/window/DeviceMenu.h"
 #include "workbench/window/FileMenu.h"
 #include "workbench/window/SettingsMenu.h"
-#include "workbench/window/WindowBench.h"
 
 namespace ostrand::test {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "platform/base/NumberText.h"
 #include "platform/controls/CtrTextEdit.h"
+#include "workbench/WindowBench.h"
 #include "workbench/window/SettingsMenu.h"
-#include "workbench/window/WindowBench.h"
 
 namespace ostrand::test {
 namespace {

@@ -1,0 +1,89 @@
+#include <gmock/gmock.h>
+
+#include <QLineEdit>
+#include <QTest>
+#include <vector>
+
+#include "workbench/desktop/QtDesktop.h"
+
+namespace ostrand::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+double secondsOf(LocalTime::duration time) { return std::chrono::duration<double>(time).count(); }
+
+TEST(QtDesktopTest, AWaitLastsUntilTheClockHasPassed) {
+  QtDesktop desktop;
+  const LocalTime begin = desktop.now();
+  desktop.wait(0.05);
+  EXPECT_GE(secondsOf(desktop.now() - begin), 0.05);
+}
+
+TEST(QtDesktopTest, TimersComeInTheOrderOfTheirTimes) {
+  QtDesktop desktop;
+  std::vector<int> order;
+  desktop.schedule(0.03, [&] { order.push_back(3); });
+  desktop.schedule(0.01, [&] { order.push_back(1); });
+  desktop.schedule(0.01, [&] { order.push_back(2); });
+  const auto cancelled = desktop.schedule(0.02, [&] { order.push_back(9); });
+  desktop.cancel(cancelled);
+  EXPECT_THAT(order, IsEmpty());
+  desktop.wait(0.06);
+  EXPECT_THAT(order, ElementsAre(1, 2, 3));
+}
+
+TEST(QtDesktopTest, WaitsNestAndTimersGoOnInThem) {
+  QtDesktop desktop;
+  std::vector<int> order;
+  int ended = 0;
+  desktop.onLastWaitEnded = [&] { ++ended; };
+  desktop.schedule(0.01, [&] {
+    order.push_back(1);
+    desktop.wait(0.05);
+    EXPECT_EQ(desktop.waits(), 1);
+    order.push_back(3);
+  });
+  desktop.schedule(0.02, [&] { order.push_back(2); });
+  desktop.wait(0.01);
+  EXPECT_THAT(order, ElementsAre(1, 2, 3)) << "a wait ends after those that began in it";
+  EXPECT_EQ(ended, 1);
+}
+
+TEST(QtDesktopTest, KeysAreDownWhileTheyAreHeld) {
+  QtDesktop desktop;
+  QLineEdit edit;
+  edit.show();
+  QTest::keyPress(&edit, Qt::Key_Tab);
+  EXPECT_TRUE(desktop.keyDown(Desktop::Key::Tab));
+  EXPECT_FALSE(desktop.keyDown(Desktop::Key::Shift));
+  QTest::keyRelease(&edit, Qt::Key_Tab);
+  EXPECT_FALSE(desktop.keyDown(Desktop::Key::Tab));
+  QTest::keyPress(&edit, Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_TRUE(desktop.keyDown(Desktop::Key::Shift));
+  QTest::keyRelease(&edit, Qt::Key_Backtab);
+}
+
+TEST(QtDesktopTest, TheLocaleIsTheUsers) {
+  QtDesktop desktop;
+  EXPECT_TRUE(desktop.setLocale("fi"));
+  EXPECT_EQ(desktop.locale().decimalSeparator, ',');
+  EXPECT_FALSE(desktop.setLocale("xx"));
+  EXPECT_EQ(desktop.locale().name, "fi");
+}
+
+TEST(QtDesktopTest, TheClockMayRunFasterThanTheUsers) {
+  QtDesktop desktop;
+  const LocalTime before = desktop.now();
+  desktop.setPace(1000);
+  bool fired = false;
+  desktop.schedule(20, [&] { fired = true; });
+  desktop.wait(60);
+  EXPECT_TRUE(fired);
+  desktop.setPace(1);
+  EXPECT_GE(desktop.now() - before, std::chrono::seconds(60));
+}
+
+}  // namespace
+}  // namespace ostrand::test

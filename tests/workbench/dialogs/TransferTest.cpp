@@ -1,0 +1,141 @@
+#include <gmock/gmock.h>
+
+#include <QTableWidget>
+
+#include "platform/base/NumberText.h"
+#include "workbench/WindowBench.h"
+#include "workbench/dialogs/CompareDialog.h"
+#include "workbench/dialogs/FaultsDialog.h"
+#include "workbench/dialogs/TransferDialog.h"
+#include "workbench/window/DeviceMenu.h"
+
+namespace ostrand::test {
+namespace {
+
+using testing::HasSubstr;
+
+class TransferTest : public WindowBench {
+ protected:
+  void SetUp() override {
+    open();
+    ASSERT_TRUE(show("measurement", "activeRecipe"));
+  }
+  DataSet& dataSet() { return *workbench->host().dataSet(); }
+  int shownRows(const QTableWidget& table) {
+    int rows = 0;
+    for (int row = 0; row < table.rowCount(); ++row) rows += !table.isRowHidden(row);
+    return rows;
+  }
+  QTableWidget& compared() {
+    EXPECT_TRUE(until([&] { return window->deviceMenu().compareDialog()->table().rowCount() > 0; }));
+    return window->deviceMenu().compareDialog()->table();
+  }
+  QString cell(QTableWidget& table, const QString& parameter, int column) {
+    for (int row = 0; row < table.rowCount(); ++row)
+      if (table.item(row, 0)->toolTip() == parameter) return table.item(row, column)->text();
+    return {};
+  }
+};
+
+TEST_F(TransferTest, AComparisonShowsTheDifferenceAndWritesWhatIsTicked) {
+  dataSet().edit("damping", "5.5");
+  window->deviceMenu().compare();
+  QTableWidget& table = compared();
+  EXPECT_EQ(cell(table, "damping", 1), QStringLiteral("5.5 s"));
+  EXPECT_EQ(cell(table, "damping", 2), QStringLiteral("2.0 s"));
+  EXPECT_EQ(cell(table, "damping", 3), QStringLiteral("-3.5"));
+  EXPECT_LT(shownRows(table), table.rowCount());
+  if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->deviceMenu().compareDialog()->grab().save(QString::fromLatin1(folder) + "/compare.png");
+
+  window->deviceMenu().compareDialog()->tick("damping", true);
+  window->deviceMenu().compareDialog()->writeTicked();
+  EXPECT_TRUE(until([&] { return table.rowCount() > 0 && cell(table, "damping", 2) == QStringLiteral("5.5 s"); }));
+  EXPECT_EQ(cell(table, "damping", 3), QStringLiteral("–"));
+}
+
+TEST_F(TransferTest, WhatIsTickedIsReadIntoTheDataSet) {
+  dataSet().edit("damping", "5.5");
+  window->deviceMenu().compare();
+  compared();
+  window->deviceMenu().compareDialog()->tick("damping", true);
+  window->deviceMenu().compareDialog()->readTicked();
+  EXPECT_TRUE(until([&] { return parseNumber(dataSet().value("damping"), '.') == 2.0 && !workbench->host().transfer().running(); }));
+}
+
+TEST_F(TransferTest, WhatFailedIsListedAndTriedAgain) {
+  Device& device = *workbench->host().communication().device();
+  device.setFault("refuse", "outputSignal hartCmdErrAccessRestricted");
+  window->deviceMenu().readAll();
+  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  TransferDialog* const dialog = window->deviceMenu().transferDialog();
+  const int items = static_cast<int>(dataSet().readItems("outputSignal").size());
+  ASSERT_TRUE(until([&] { return dialog->failuresShown() == items; }));
+  if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog->grab().save(QString::fromLatin1(folder) + "/transfer.png");
+  device.setFault("none", "");
+  dialog->retry();
+  EXPECT_TRUE(until([&] { return !workbench->host().transfer().running() && dialog->failuresShown() == 0; }));
+}
+
+TEST_F(TransferTest, ADeviceThatDoesNotAnswerIsTold) {
+  workbench->host().communication().device()->setFault("silent", "");
+  window->deviceMenu().readPage();
+  ASSERT_TRUE(until([&] { return !workbench->current().status().answers(); }));
+  EXPECT_THAT(window->status().statusText().toStdString(), HasSubstr("does not answer"));
+  EXPECT_EQ(workbench->current().status().state(ne107Order()), std::nullopt);
+  QTest::qWait(20);
+  grab("no-answer");
+  workbench->host().communication().device()->setFault("none", "");
+  EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "1");
+}
+
+TEST_F(TransferTest, GarbageCostsTheAnswerOnly) {
+  workbench->host().communication().device()->setFault("garbage", "");
+  window->deviceMenu().readPage();
+  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  workbench->host().communication().device()->setFault("none", "");
+  EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "1");
+}
+
+TEST_F(TransferTest, TheDeviceStateFollowsItsStatusBits) {
+  DeviceStatus& status = workbench->current().status();
+  EXPECT_TRUE(until([&] { return status.state(ne107Order()) == Ne107::Good; }));
+  workbench->host().communication().device()->setFault("failure", "sensor");
+  status.refresh();
+  EXPECT_TRUE(until([&] { return status.state(ne107Order()) == Ne107::Failure; }));
+  QTest::qWait(20);
+  grab("failure");
+}
+
+TEST_F(TransferTest, WaitingRequestsAreCancelled) {
+  workbench->host().communication().device()->setFault("slow", "10");
+  workbench->host().readAll();
+  ASSERT_GT(workbench->host().communication().waiting(), 0u);
+  workbench->host().communication().cancelWaiting();
+  EXPECT_EQ(workbench->host().communication().waiting(), 0u);
+  workbench->host().communication().device()->setFault("slow", "0.01");
+}
+
+TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
+  FaultsDialog dialog(workbench->host(), window->theme(), workbench->texts(), window.get());
+  dialog.setAttribute(Qt::WA_DeleteOnClose, false);
+  EXPECT_THROW(dialog.set("failure", "nothing of the kind"), RuntimeError);
+  EXPECT_NO_THROW(dialog.set("silent", ""));
+  EXPECT_NO_THROW(dialog.set("none", ""));
+}
+
+TEST_F(TransferTest, LocalAcceptanceTakesEditsIntoTheDataSet) {
+  window->deviceMenu().setMode(10);
+  EXPECT_EQ(workbench->host().submit("", "<communicationRequest name=\"outputSignal\" access=\"write\"><item name=\"damping\" unit=\"s\"><floatVal>7</floatVal></item></communicationRequest>", "outputSignal", "", 0, 0), "");
+  settle();
+  EXPECT_EQ(dataSet().offlineValue("damping"), "7");
+  EXPECT_TRUE(workbench->current().hasPendingEdits());
+
+  window->deviceMenu().setMode(11);
+  window->deviceMenu().applyEdits();
+  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  EXPECT_EQ(dataSet().offlineValue("damping"), "");
+  EXPECT_EQ(parseNumber(deviceValue("outputSignal", "damping"), '.'), 7.0);
+}
+
+}  // namespace
+}  // namespace ostrand::test
