@@ -10,7 +10,6 @@
 
 #include "platform/base/File.h"
 #include "platform/controls/EditControl.h"
-#include "workbench/window/DeviceMenu.h"
 
 namespace ostrand {
 
@@ -105,7 +104,7 @@ void Pictures::readAll() {
   if (host.communication().device()) host.communication().device()->setFault("slow", "0.001");
   for (const PlantTree::Place& place : mWindow.tree().places(mWindow.workbench().current())) {
     mWindow.show(place);
-    mWindow.deviceMenu().readPage();
+    mWindow.transfers().readPage();
     for (int i = 0; i < 100 && !host.communication().idle(); ++i) mWindow.workbench().desktop().wait(0.01);
   }
   if (host.communication().device()) host.communication().device()->setFault("none", "");

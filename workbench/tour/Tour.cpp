@@ -7,8 +7,6 @@
 #include "platform/base/RuntimeError.h"
 #include "workbench/dialogs/CompareDialog.h"
 #include "workbench/tour/Pictures.h"
-#include "workbench/window/DeviceMenu.h"
-#include "workbench/window/SettingsMenu.h"
 
 namespace ostrand {
 
@@ -102,7 +100,7 @@ void Tour::play() {
 void Tour::activeRecipe() {
   step("A blade transmitter on HART. The page with the active recipe is open and is read from the device.");
   show("measurement", "activeRecipe");
-  mWindow.deviceMenu().readPage();
+  mWindow.transfers().readPage();
   settle(1.0);
   tell("active-recipe");
 }
@@ -143,7 +141,7 @@ void Tour::laboratory() {
 void Tour::recipes() {
   step("The recipes are read back: the device has given recipe 1 another slope and offset.");
   show("calibration", "recipes");
-  mWindow.deviceMenu().readPage();
+  mWindow.transfers().readPage();
   settle(2.0);
   tell("recipes");
 }
@@ -178,7 +176,7 @@ void Tour::loopTest() {
 void Tour::eventLog() {
   step("What the device has noted since its logs were reset last.");
   show("diagnostics", "eventLog");
-  mWindow.deviceMenu().readPage();
+  mWindow.transfers().readPage();
   settle(2.0);
   tell("event-log");
 }
@@ -200,7 +198,7 @@ void Tour::anotherLanguage() {
   settings.setLanguage("fi");
   settings.setLocale("fi");
   mWindow.workbench().setTheme(Theme::Kind::Dark, 1.0);
-  mWindow.deviceMenu().readPage();
+  mWindow.transfers().readPage();
   settle(2.0);
   tell("recipes-finnish-dark");
   settings.setLanguage("en");
@@ -211,9 +209,9 @@ void Tour::anotherLanguage() {
 void Tour::comparison() {
   step("Data set and device side by side.");
   device().setFault("slow", "0.1");
-  mWindow.deviceMenu().compare();
+  mWindow.transfers().compare();
   settle(2.0);
-  if (CompareDialog* const compare = mWindow.deviceMenu().compareDialog()) {
+  if (CompareDialog* const compare = mWindow.transfers().compareDialog()) {
     picture(*compare, "compare");
     compare->close();
   }
@@ -225,7 +223,7 @@ void Tour::silence() {
   step("A device that has fallen silent: the window says so, and goes on.");
   device().setFault("silent", "");
   show("measurement", "activeRecipe");
-  mWindow.deviceMenu().readPage();
+  mWindow.transfers().readPage();
   settle(1.0);
   tell("no-answer");
   device().setFault("none", "");

@@ -16,37 +16,11 @@
 
 #include "host/transcript/ControlPath.h"
 #include "platform/base/RuntimeError.h"
-#include "platform/controls/CommandButton.h"
-#include "platform/controls/EditControl.h"
-#include "workbench/window/DeviceMenu.h"
-#include "workbench/window/FileMenu.h"
-#include "workbench/window/SettingsMenu.h"
+#include "workbench/window/WhyDisabled.h"
 #include "workbench/window/WindowStyle.h"
 #include "workbench/words/Spoken.h"
 
 namespace ostrand {
-
-// The keyboard focus leaves a view by its own wish.
-class MainWindow::FocusWatch : private HostObserver {
- public:
-  FocusWatch(MainWindow& window, Host& host) : mWindow(window), mHost(host) { mHost.observers().add(*this); }
-  ~FocusWatch() { mHost.observers().remove(*this); }
-
- private:
-  void focusLeft(const std::string&) override {
-    // The view is still in the middle of losing the focus.
-    const bool forward = !mWindow.mWorkbench.desktop().keyDown(Desktop::Key::Shift);
-    QTimer::singleShot(0, &mWindow, [window = &mWindow, forward] {
-      if (forward)
-        window->conversation().setFocus(Qt::TabFocusReason);
-      else
-        window->tree().setFocus(Qt::BacktabFocusReason);
-    });
-  }
-
-  MainWindow& mWindow;
-  Host& mHost;
-};
 
 MainWindow::MainWindow(Workbench& workbench)
     : mWorkbench(workbench),
@@ -55,13 +29,20 @@ MainWindow::MainWindow(Workbench& workbench)
       mPanel(new ViewPanel),
       mConversation(new ConversationPanel(workbench.log())),
       mStatus(new StatusLine),
-      mTools(new QToolBar) {
+      mTools(new QToolBar),
+      mUser(workbench, *mStatus),
+      mDeparture(workbench, *mPanel, mUser),
+      mDataSets(workbench, *mPanel, mUser, mDeparture),
+      mTranscripts(workbench, *mPanel, mUser, *this, [this] { showFront(); }),
+      mTransfers(workbench, *mPanel, mUser, *this),
+      mEdits(workbench, *mPanel, mUser, mTransfers),
+      mConnection(workbench, *mPanel, *this),
+      mFileMenu(*this, *mTools, {mDataSets, mTranscripts}, workbench, *mPanel, mUser),
+      mDeviceMenu(*this, *mTools, {mTransfers, mEdits, mConnection}, workbench),
+      mSettingsMenu(*this, workbench, *mPanel, mUser) {
   mWorkbench.desktop().setWindow(this);
   mWorkbench.prompt().setWindow(this);
   layOut();
-  mFileMenu = std::make_unique<FileMenu>(*this, *mTools);
-  mDeviceMenu = std::make_unique<DeviceMenu>(*this, *mTools);
-  mSettingsMenu = std::make_unique<SettingsMenu>(*this);
   connectPanel();
   connectWorkbench();
   mTree->setDevices(mWorkbench.devices());
@@ -97,7 +78,11 @@ void MainWindow::layOut() {
   for (const auto& device : mWorkbench.devices()) {
     mBanners.push_back(new LoopTestBanner(*device));
     pageLayout->addWidget(mBanners.back());
-    mFocusWatches.push_back(std::make_unique<FocusWatch>(*this, device->host()));
+    mFocusWatches.push_back(std::make_unique<FocusWatch>(device->host(), [this] {
+      // The view is still in the middle of losing the focus.
+      const bool forward = !mWorkbench.desktop().keyDown(Desktop::Key::Shift);
+      QTimer::singleShot(0, this, [this, forward] { leaveView(forward); });
+    }));
   }
   pageLayout->addWidget(mPanel, 1);
 
@@ -134,7 +119,7 @@ void MainWindow::layOut() {
 }
 
 void MainWindow::connectPanel() {
-  mPanel->whyDisabled = [this](const Control& control) { return whyDisabled(control); };
+  mPanel->whyDisabled = [this](const Control& control) { return whyDisabled(control, mWorkbench.current(), mWorkbench.texts()); };
   mPanel->onInput = [this](const Control& control, const UserInput& input) { return recorded(control, input); };
   mPanel->onRefused = [this](const RuntimeError& error) { mStatus->say(qt(error.description())); };
   mPanel->onUnhandled = [this](const RuntimeError& error) {
@@ -142,12 +127,14 @@ void MainWindow::connectPanel() {
     if (TranscriptRecorder* const recorder = this->recorder()) recorder->unhandled({error.number(), error.description()});
     mStatus->say(mWorkbench.texts().say("The view reported an error: %1").arg(qt(error.description())));
   };
-  mPanel->onTabOut = [this](bool forward) {
-    if (forward)
-      mConversation->setFocus(Qt::TabFocusReason);
-    else
-      mTree->setFocus(Qt::BacktabFocusReason);
-  };
+  mPanel->onTabOut = [this](bool forward) { leaveView(forward); };
+}
+
+void MainWindow::leaveView(bool forward) {
+  if (forward)
+    mConversation->setFocus(Qt::TabFocusReason);
+  else
+    mTree->setFocus(Qt::BacktabFocusReason);
 }
 
 void MainWindow::connectWorkbench() {
@@ -158,8 +145,17 @@ void MainWindow::connectWorkbench() {
   mWorkbench.desktop().onLastWaitEnded = [this] {
     if (std::exchange(mCloseAfterWait, false)) QTimer::singleShot(0, this, [this] { close(); });
   };
-  mConversation->onSave = [this] { mFileMenu->saveTranscript(); };
-  mConversation->onRecord = [this](bool on) { mFileMenu->record(on); };
+  mConversation->onSave = [this] { mTranscripts.save(); };
+  mConversation->onRecord = [this](bool on) { mTranscripts.record(on); };
+  mTranscripts.onRecording = [this] {
+    mFileMenu.refresh();
+    mConversation->setRecording(mTranscripts.isRecording());
+  };
+  mEdits.onChanged = [this] { mDeviceMenu.refresh(); };
+  mConnection.onMode = [this] {
+    mHeader->refresh();
+    mDeviceMenu.refresh();
+  };
 }
 
 TranscriptRecorder* MainWindow::recorder() const {
@@ -186,26 +182,7 @@ void MainWindow::applySettings() {
     if (mAppliedScale > 0 && mAppliedScale != settings.scale) rescale(settings.scale / mAppliedScale);
     mAppliedTheme = settings.theme;
     mAppliedScale = settings.scale;
-    theme.apply(*static_cast<QApplication*>(QApplication::instance()));
-    setStyleSheet(windowStyle(theme));
-    menuBar()->setFont(theme.font());
-    mTools->setFont(theme.font());
-    mTree->setFont(theme.font());
-    mTree->setMinimumWidth(theme.px(200));
-    for (QToolButton* const button : mTools->findChildren<QToolButton*>()) button->setFont(theme.font());
-    mHeader->setTheme(theme);
-    mPanel->setTheme(theme);
-    mConversation->setTheme(theme);
-    mStatus->setTheme(theme);
-    // What was measured in another style is measured again.
-    for (QWidget* const each : findChildren<QWidget*>()) {
-      each->ensurePolished();
-      each->updateGeometry();
-    }
-    mTree->doItemsLayout();
-    // Not by the style sheet, whose padding counts only from the second style on.
-    const int margin = theme.px(4);
-    mTools->layout()->setContentsMargins(margin, margin, margin, margin);
+    applyTheme(theme);
   }
   mPanel->setTexts(host().textTable(), settings.language);
   speakAnew(*this, mWorkbench.texts());
@@ -216,10 +193,33 @@ void MainWindow::applySettings() {
   mHeader->setPriorities(settings.priorities);
   mStatus->setTexts(mWorkbench.texts());
   for (LoopTestBanner* const banner : mBanners) banner->setTexts(mWorkbench.texts());
-  mFileMenu->refresh();
-  mDeviceMenu->refresh();
-  mSettingsMenu->refresh();
+  mFileMenu.refresh();
+  mDeviceMenu.refresh();
+  mSettingsMenu.refresh();
   mPanel->refresh();
+}
+
+void MainWindow::applyTheme(const Theme& theme) {
+  theme.apply(*static_cast<QApplication*>(QApplication::instance()));
+  setStyleSheet(windowStyle(theme));
+  menuBar()->setFont(theme.font());
+  mTools->setFont(theme.font());
+  mTree->setFont(theme.font());
+  mTree->setMinimumWidth(theme.px(200));
+  for (QToolButton* const button : mTools->findChildren<QToolButton*>()) button->setFont(theme.font());
+  mHeader->setTheme(theme);
+  mPanel->setTheme(theme);
+  mConversation->setTheme(theme);
+  mStatus->setTheme(theme);
+  // What was measured in another style is measured again.
+  for (QWidget* const each : findChildren<QWidget*>()) {
+    each->ensurePolished();
+    each->updateGeometry();
+  }
+  mTree->doItemsLayout();
+  // Not by the style sheet, whose padding counts only from the second style on.
+  const int margin = theme.px(4);
+  mTools->layout()->setContentsMargins(margin, margin, margin, margin);
 }
 
 // The window and its parts grow with the text, as far as the screen allows.
@@ -250,7 +250,7 @@ void MainWindow::refreshLater() {
     mHeader->refresh();
     mStatus->refresh();
     for (LoopTestBanner* const banner : mBanners) banner->refresh();
-    mDeviceMenu->refresh();
+    mDeviceMenu.refresh();
     DataSet* const dataSet = host().dataSet();
     const std::string file = dataSet ? dataSet->file().filename().string() : std::string();
     setWindowTitle(QStringLiteral("%1[*] – %2 – Ostrand").arg(qt(file), qt(mWorkbench.current().title())));
@@ -269,13 +269,13 @@ bool MainWindow::show(const PlantTree::Place& place) {
   mChoosing = true;
   PlantDevice& before = mWorkbench.current();
   bool shown = false;
-  attempt(mWorkbench.texts().say("The page could not be opened"), [&] {
+  mUser.attempt(mWorkbench.texts().say("The page could not be opened"), [&] {
     mPanel->commit();
     shown = mWorkbench.show(*place.device, place.branch, place.frame);
   });
   mChoosing = false;
   showFront();
-  if (&before != &mWorkbench.current()) warnOfForcedOutput(before);
+  if (&before != &mWorkbench.current()) mDeparture.warnOfForcedOutput(before);
   return shown;
 }
 
@@ -283,37 +283,12 @@ void MainWindow::showFront() {
   ViewSite* const front = host().front();
   mPanel->setView(front ? Ref<ITaviView>(front->view()) : nullptr);
   mTree->setShown(place());
-  mFileMenu->refresh();
-  mDeviceMenu->refresh();
+  mFileMenu.refresh();
+  mDeviceMenu.refresh();
   refreshLater();
 }
 
-QString MainWindow::whyDisabled(const Control& control) const {
-  if (const auto* const edit = dynamic_cast<const EditControl*>(&control); edit && edit->info().readOnly) return mWorkbench.texts().say("The device does not let this value be written");
-  Communication& communication = host().communication();
-  if (dynamic_cast<const CommandButton*>(&control)) {
-    if (communication.isBusy()) return mWorkbench.texts().say("The communication is busy");
-    if (host().session().level < 3) return mWorkbench.texts().say("Needs user level 3 or more");
-  }
-  if (const std::string busy = mWorkbench.current().busyWith(); !busy.empty()) return mWorkbench.texts().say("Not while this is running: %1").arg(mWorkbench.texts()(busy));
-  return {};
-}
-
 // --- the user
-
-bool MainWindow::attempt(const QString& trying, const std::function<void()>& command) {
-  try {
-    command();
-    return true;
-  } catch (...) {
-    const ErrorText error = currentError();
-    mWorkbench.current().tap().note(ConversationLog::Kind::Error, (trying + QStringLiteral(": ")).toStdString() + error.description);
-    tell(trying, qt(error.description));
-    return false;
-  }
-}
-
-void MainWindow::tell(const QString& title, const QString& text) { mWorkbench.prompt().show(title.toStdString(), text.toStdString()); }
 
 void MainWindow::nextArea(bool forward) {
   const std::vector<QWidget*> areas{mTree, mPanel, mConversation};
@@ -325,38 +300,6 @@ void MainWindow::nextArea(bool forward) {
   if (areas[next] != mPanel || !mPanel->enter(true)) areas[next]->setFocus(Qt::ShortcutFocusReason);
 }
 
-bool MainWindow::asks(const char* title, const char* message, const QString& what) {
-  const Texts& texts = mWorkbench.texts();
-  const QString asked = texts.say(message);
-  return mWorkbench.prompt().ask(texts.say(title).toStdString(), (what.isEmpty() ? asked : asked.arg(what)).toStdString()) == UserPrompt::kGoOn;
-}
-
-void MainWindow::warnOfForcedOutput(PlantDevice& device) {
-  if (!device.outputs().mayBeForced()) return;
-  const Texts& texts = mWorkbench.texts();
-  tell(texts.say("The output may still be forced"),
-       texts.say("%1 has not answered that its loop test is over. Read the device, or stop the test there, before the loop goes back to automatic control.").arg(qt(device.title())));
-}
-
-bool MainWindow::mayClose() {
-  mPanel->commit();
-  QStringList driven;
-  bool running = false, edits = false;
-  for (const auto& device : mWorkbench.devices()) {
-    if (device->outputs().mayBeForced()) driven << qt(device->title());
-    running = running || (!device->busyWith().empty() && !device->outputs().mayBeForced());
-    edits = edits || device->hasUnsavedEdits();
-  }
-  if (!driven.isEmpty() &&
-      !asks("The output may still be forced", "%1: the device has not answered that the loop test is over. Close all the same, and leave the output as it is?",
-            driven.join(QStringLiteral(", "))))
-    return false;
-  if (running && !asks("A test or a sampling is running", "The device goes on with it when the window is closed. Close all the same?")) return false;
-  if (edits && !asks("There are edits that nobody has saved", "They are lost when the window is closed. Close all the same?")) return false;
-  ViewSite* const front = host().front();
-  return !front || running || !driven.isEmpty() || front->leave();
-}
-
 void MainWindow::closeEvent(QCloseEvent* event) {
   // A view that waits must come back first: what it waits on lies below us.
   if (mWorkbench.desktop().waits() > 0) {
@@ -364,11 +307,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  if (mChoosing || !mayClose()) {
+  if (mChoosing || !mDeparture.mayClose()) {
     event->ignore();
     return;
   }
-  mFileMenu->record(false);
+  mTranscripts.record(false);
   event->accept();
 }
 

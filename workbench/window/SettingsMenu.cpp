@@ -2,11 +2,13 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 
 #include "workbench/dialogs/PrioritiesDialog.h"
-#include "workbench/window/MainWindow.h"
+#include "workbench/render/ViewPanel.h"
+#include "workbench/window/UserTalk.h"
 #include "workbench/words/Spoken.h"
 
 namespace ostrand {
@@ -28,7 +30,8 @@ constexpr std::pair<int, const char*> kLevels[] = {{1, "1 – Observer"}, {2, "2
 
 }  // namespace
 
-SettingsMenu::SettingsMenu(MainWindow& window) : mWindow(window) {
+SettingsMenu::SettingsMenu(QMainWindow& window, Workbench& workbench, ViewPanel& panel, const UserTalk& user)
+    : mWindow(window), mWorkbench(workbench), mPanel(panel), mUser(user) {
   QMenu* const menu = window.menuBar()->addMenu(QString());
   speak(*menu, "title", "&Settings");
   mLevels = menu->addMenu(QString());
@@ -61,16 +64,16 @@ void SettingsMenu::refresh() {
 
 void SettingsMenu::fillLanguages() {
   mLanguages->clear();
-  for (const TextTables::Language& language : mWindow.host().textTables().languages())
-    addChoice(*mLanguages, qt(language.name), language.code == mWindow.workbench().settings().language, [this, code = language.code] { setLanguage(code); });
+  for (const TextTables::Language& language : mWorkbench.host().textTables().languages())
+    addChoice(*mLanguages, qt(language.name), language.code == mWorkbench.settings().language, [this, code = language.code] { setLanguage(code); });
   mLanguages->addSeparator();
-  addChoice(*mLanguages, say("Keys of the text table"), mWindow.workbench().settings().language == "keys", [this] { setLanguage("keys"); });
+  addChoice(*mLanguages, mUser.say("Keys of the text table"), mWorkbench.settings().language == "keys", [this] { setLanguage("keys"); });
 }
 
 void SettingsMenu::fillUnits() {
   mUnits->clear();
-  const Texts& texts = mWindow.workbench().texts();
-  for (const UnitService::Quantity& quantity : mWindow.host().units()->quantities()) {
+  const Texts& texts = mWorkbench.texts();
+  for (const UnitService::Quantity& quantity : mWorkbench.host().units()->quantities()) {
     if (quantity.units.size() < 2) continue;
     // Two spellings of one unit are no choice.
     if (texts.unit(quantity.units[0]) == texts.unit(quantity.units[1])) continue;
@@ -84,55 +87,53 @@ void SettingsMenu::fillUnits() {
 void SettingsMenu::fillLocales() {
   mLocales->clear();
   for (const auto& [name, text] : kLocales)
-    addChoice(*mLocales, say(text), mWindow.workbench().settings().locale == name, [this, name = std::string(name)] { setLocale(name); });
+    addChoice(*mLocales, mUser.say(text), mWorkbench.settings().locale == name, [this, name = std::string(name)] { setLocale(name); });
 }
 
 void SettingsMenu::fillLevels() {
   mLevels->clear();
   for (const auto& [level, text] : kLevels)
-    addChoice(*mLevels, say(text), mWindow.workbench().settings().level == level, [this, level = level] { setLevel(level); });
+    addChoice(*mLevels, mUser.say(text), mWorkbench.settings().level == level, [this, level = level] { setLevel(level); });
 }
 
 void SettingsMenu::fillLooks() {
   mLooks->clear();
-  const Settings& settings = mWindow.workbench().settings();
+  const Settings& settings = mWorkbench.settings();
   for (const auto& [kind, text] : {std::pair(Theme::Kind::Light, "Light"), std::pair(Theme::Kind::Dark, "Dark")})
-    addChoice(*mLooks, say(text), settings.theme == kind, [this, kind = kind] { mWindow.workbench().setTheme(kind, mWindow.workbench().settings().scale); });
+    addChoice(*mLooks, mUser.say(text), settings.theme == kind, [this, kind = kind] { mWorkbench.setTheme(kind, mWorkbench.settings().scale); });
   mLooks->addSeparator();
   for (const int percent : {100, 125, 150, 200})
     addChoice(*mLooks, QStringLiteral("%1 %").arg(percent), static_cast<int>(settings.scale * 100.0 + 0.5) == percent,
-              [this, percent] { mWindow.workbench().setTheme(mWindow.workbench().settings().theme, percent / 100.0); });
+              [this, percent] { mWorkbench.setTheme(mWorkbench.settings().theme, percent / 100.0); });
 }
 
 // What is typed belongs to the settings in which it was typed.
 
 void SettingsMenu::setLanguage(const std::string& code) {
-  mWindow.panel().commit();
-  mWindow.attempt(say("The language \"%1\" cannot be used; nothing has changed").arg(qt(code)), [&] { mWindow.workbench().setLanguage(code); });
+  mPanel.commit();
+  mUser.attempt(mUser.say("The language \"%1\" cannot be used; nothing has changed").arg(qt(code)), [&] { mWorkbench.setLanguage(code); });
   refresh();
 }
 
 void SettingsMenu::setLocale(const std::string& name) {
-  mWindow.panel().commit();
-  mWindow.attempt(say("Numbers cannot be written so"), [&] { mWindow.workbench().setLocale(name); });
+  mPanel.commit();
+  mUser.attempt(mUser.say("Numbers cannot be written so"), [&] { mWorkbench.setLocale(name); });
   refresh();
 }
 
 void SettingsMenu::setLevel(int level) {
-  mWindow.workbench().setLevel(level);
+  mWorkbench.setLevel(level);
   refresh();
 }
 
 void SettingsMenu::setUnit(const std::string& quantity, const std::string& unit) {
-  mWindow.panel().commit();
-  mWindow.attempt(say("The unit cannot be used"), [&] { mWindow.workbench().setUnit(quantity, unit); });
+  mPanel.commit();
+  mUser.attempt(mUser.say("The unit cannot be used"), [&] { mWorkbench.setUnit(quantity, unit); });
   refresh();
 }
 
 void SettingsMenu::choosePriorities() {
-  if (const auto chosen = PrioritiesDialog::choose(mWindow, mWindow.workbench().texts(), mWindow.workbench().settings().priorities)) mWindow.workbench().setPriorities(*chosen);
+  if (const auto chosen = PrioritiesDialog::choose(mWindow, mWorkbench.texts(), mWorkbench.settings().priorities)) mWorkbench.setPriorities(*chosen);
 }
-
-QString SettingsMenu::say(const char* english) const { return mWindow.workbench().texts().say(english); }
 
 }  // namespace ostrand

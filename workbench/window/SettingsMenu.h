@@ -1,18 +1,20 @@
 #pragma once
 
-#include <QString>
 #include <string>
 
+class QMainWindow;
 class QMenu;
 
 namespace ostrand {
 
-class MainWindow;
+class UserTalk;
+class ViewPanel;
+class Workbench;
 
 // Who the user is, and how he wants to see things: level, language, units, decimals, theme, size, order of the device signals.
 class SettingsMenu {
  public:
-  explicit SettingsMenu(MainWindow& window);
+  SettingsMenu(QMainWindow& window, Workbench& workbench, ViewPanel& panel, const UserTalk& user);
 
   void refresh();
 
@@ -28,9 +30,11 @@ class SettingsMenu {
   void fillLocales();
   void fillLevels();
   void fillLooks();
-  QString say(const char* english) const;
 
-  MainWindow& mWindow;
+  QMainWindow& mWindow;
+  Workbench& mWorkbench;
+  ViewPanel& mPanel;
+  const UserTalk& mUser;
   QMenu* mLanguages;
   QMenu* mUnits;
   QMenu* mLocales;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <filesystem>
 #include <string>
 
 #include "host/TextTables.h"
@@ -29,5 +30,7 @@ class Texts {
 };
 
 inline QString qt(const std::string& text) { return QString::fromStdString(text); }
+// A file as it is called to the user: without its folder.
+inline QString fileName(const std::filesystem::path& file) { return QString::fromStdU16String(file.filename().u16string()); }
 
 }  // namespace ostrand

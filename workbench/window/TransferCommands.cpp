@@ -1,0 +1,45 @@
+#include "workbench/window/TransferCommands.h"
+
+#include "workbench/dialogs/CompareDialog.h"
+#include "workbench/dialogs/TransferDialog.h"
+
+namespace ostrand {
+
+TransferDialog* TransferCommands::transferDialog() const { return mTransfer; }
+
+CompareDialog* TransferCommands::compareDialog() const { return mCompare; }
+
+bool TransferCommands::mayBegin() {
+  mPanel.commit();
+  if (!mWorkbench.host().transfer().running()) return true;
+  mUser.remark(mUser.say("A transfer is running; wait for its end"));
+  return false;
+}
+
+void TransferCommands::show() {
+  if (!mTransfer) mTransfer = new TransferDialog(mWorkbench.host(), mWorkbench.texts(), &mWindow);
+  mTransfer->begin();
+}
+
+void TransferCommands::readPage() {
+  if (!mayBegin()) return;
+  mUser.attempt(mUser.say("The page could not be read"), [&] {
+    mWorkbench.host().readGroup(mWorkbench.current().frame(), [this, alive = QPointer(&mWindow)] {
+      // One page needs no list of its own, unless something failed.
+      if (alive && !mWorkbench.host().transfer().failures().empty()) show();
+    });
+  });
+}
+
+void TransferCommands::readAll() {
+  if (!mayBegin()) return;
+  if (mUser.attempt(mUser.say("The device could not be read"), [&] { mWorkbench.host().readAll(); })) show();
+}
+
+void TransferCommands::compare() {
+  mPanel.commit();
+  if (!mCompare) mCompare = new CompareDialog(mWorkbench.host(), mWorkbench.texts(), &mWindow);
+  mUser.attempt(mUser.say("Data set and device could not be compared"), [&] { mCompare->begin(); });
+}
+
+}  // namespace ostrand
