@@ -50,6 +50,7 @@ int run(QApplication& application, const Options& options, bool hasDisplay) {
   workbench.setTheme(options.theme == "dark" ? Theme::Kind::Dark : Theme::Kind::Light, options.scale / 100.0);
   if (!options.dataSet.empty()) workbench.openDataSet(options.dataSet);
   window.QWidget::show();
+  if (options.takesPictures || !hasDisplay) workbench.desktop().setLeaping(true);
   if (options.takesPictures) {
     std::printf("%d pictures are in %s\n", Pictures(window, options.pictures).takeAll(), options.pictures.c_str());
     return 0;

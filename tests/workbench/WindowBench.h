@@ -5,7 +5,9 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -36,7 +38,7 @@ class TestCatalog : public ComponentCatalog {
   RegisteredComponents mRegistered;
 };
 
-// The workbench's window over a copy of the mill's data, before a device that is a hundred times faster than a real one.
+// The workbench's window over a copy of the mill's data. The clock stands, and leaps to what is due when a test waits.
 class WindowBench : public testing::Test {
  protected:
   WindowBench() : data(mFolder / "data") {
@@ -53,13 +55,13 @@ class WindowBench : public testing::Test {
 
   void open() {
     workbench = std::make_unique<Workbench>(data, &catalog);
+    workbench->desktop().setLeaping(true);
     workbench->setLocale("en");
     workbench->prompt().standIn = [this](const std::string& title, const std::string& message) {
       asked.push_back(title + ": " + message);
       return answer;
     };
     workbench->desktop().fileStandIn = [this](const FileDialog&) { return nextFile; };
-    workbench->current().host().communication().device()->setFault("slow", "0.01");
     window = std::make_unique<MainWindow>(*workbench);
     window->QWidget::show();
     window->activateWindow();
@@ -72,17 +74,47 @@ class WindowBench : public testing::Test {
   }
   // Until nothing is on its way to the device.
   void settle() {
-    until([&] { return workbench->host().communication().idle(); });
-    QTest::qWait(20);
+    EXPECT_TRUE(until([&] { return workbench->host().communication().idle(); })) << "the device is not done";
+    pump();
     window->panel().refresh();
   }
-  // Pumps events until it is so.
-  bool until(const std::function<bool()>& isSo) { return QTest::qWaitFor(isSo, 20000); }
+  // What waits in the event loop, and what that brings there.
+  static void pump() {
+    for (int turn = 0; turn < 3; ++turn) QApplication::processEvents();
+  }
+  // Lets time pass until it is so; false if nothing more would happen, or only what comes again for ever.
+  bool until(const std::function<bool()>& isSo) {
+    constexpr int kMostLeaps = 20000;
+    for (int leaps = 0; leaps < kMostLeaps; ++leaps) {
+      pump();
+      if (isSo()) return true;
+      if (!workbench->desktop().leap()) break;
+    }
+    return isSo();
+  }
 
   void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* const focused = QApplication::focusWidget();
     QTest::keyClick(focused ? focused : window.get(), key, modifiers);
-    QTest::qWait(5);
+    pump();
+  }
+  // Does something to the dialog that opens next.
+  void inDialog(std::function<void(QWidget&)> act) {
+    auto* const poll = new QTimer(window.get());
+    QObject::connect(poll, &QTimer::timeout, [poll, act = std::move(act)] {
+      QWidget* const dialog = QApplication::activeModalWidget();
+      if (!dialog) return;
+      poll->stop();
+      poll->deleteLater();
+      act(*dialog);
+    });
+    poll->start(0);
+  }
+  static void clickButton(QWidget& dialog, const QString& text) {
+    for (QPushButton* const button : dialog.findChildren<QPushButton*>())
+      if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
+    ADD_FAILURE() << "no button " << text.toStdString();
+    dialog.close();
   }
   // A control of the view in front.
   template <class T>
@@ -114,7 +146,6 @@ class WindowBench : public testing::Test {
     throw RuntimeError(RuntimeError::BadArgument, "no device " + kind);
   }
   bool show(PlantDevice& of, const std::string& branch, const std::string& frame) {
-    of.host().communication().device()->setFault("slow", "0.01");
     const bool shown = window->show({&of, branch, frame});
     settle();
     return shown;

@@ -41,13 +41,27 @@ QtDesktop::QtDesktop() : mLocale(&userLocale()), mStart(wallClock()), mSteadySta
 
 QtDesktop::~QtDesktop() = default;
 
-LocalTime QtDesktop::now() const { return mStart + duration_cast<milliseconds>((steady_clock::now() - mSteadyStart) * mPace); }
+LocalTime QtDesktop::now() const { return mLeaping ? mStart : mStart + duration_cast<milliseconds>((steady_clock::now() - mSteadyStart) * mPace); }
 
 void QtDesktop::setPace(double pace) {
   mStart = now();
   mSteadyStart = steady_clock::now();
   mPace = pace;
   arm();
+}
+
+void QtDesktop::setLeaping(bool leaping) {
+  mStart = now();
+  mSteadyStart = steady_clock::now();
+  mLeaping = leaping;
+  arm();
+}
+
+bool QtDesktop::leap() {
+  if (mTimers.empty()) return false;
+  mStart = std::max(mStart, mTimers.nextDue());
+  mTimers.runNext();
+  return true;
 }
 
 // In the user's milliseconds.
@@ -59,13 +73,30 @@ int QtDesktop::untilThen(LocalTime then) const {
 void QtDesktop::wait(double seconds) {
   const LocalTime target = now() + millisecondsOf(seconds);
   ++mWaits;
+  if (mLeaping)
+    leapTo(target);
+  else
+    passTo(target);
+  if (--mWaits == 0 && onLastWaitEnded) onLastWaitEnded();
+}
+
+void QtDesktop::passTo(LocalTime target) {
   // The loop may be ended from outside, when the program ends: then there is nothing left to wait for.
   for (bool ended = false; !ended && now() < target;) {
     QEventLoop loop;
     QTimer::singleShot(untilThen(target), Qt::PreciseTimer, &loop, [&] { loop.exit(1); });
     ended = loop.exec() != 1;
   }
-  if (--mWaits == 0 && onLastWaitEnded) onLastWaitEnded();
+}
+
+// What waits in the event loop comes before what is due.
+void QtDesktop::leapTo(LocalTime target) {
+  for (QCoreApplication::processEvents(); now() < target; QCoreApplication::processEvents()) {
+    if (!mTimers.empty() && mTimers.nextDue() <= target)
+      leap();
+    else
+      mStart = target;
+  }
 }
 
 Desktop::TimerId QtDesktop::schedule(double seconds, std::function<void()> work) {
@@ -75,7 +106,7 @@ Desktop::TimerId QtDesktop::schedule(double seconds, std::function<void()> work)
 }
 
 void QtDesktop::arm() {
-  if (mTimers.empty())
+  if (mTimers.empty() || mLeaping)
     mTimer.stop();
   else
     mTimer.start(untilThen(mTimers.nextDue()));

@@ -35,6 +35,10 @@ class QtDesktop : public QObject, public Desktop {
   int waits() const { return mWaits; }
   // How many seconds pass on the clock in one of the user's, 1 at first: for programs that run without a user.
   void setPace(double pace);
+  // For programs that run without a user: the clock stands, and leaps to what is due next when somebody waits, or by leap().
+  void setLeaping(bool leaping);
+  // Carries out what is due next; false if nothing is.
+  bool leap();
   // What file dialogs belong to; may be nullptr.
   void setWindow(QWidget* window) { mWindow = window; }
 
@@ -48,6 +52,8 @@ class QtDesktop : public QObject, public Desktop {
 
  private:
   void arm();
+  void passTo(LocalTime target);
+  void leapTo(LocalTime target);
   int untilThen(LocalTime then) const;
   void fire();
   QString filterOf(const FileDialog& dialog) const;
@@ -58,6 +64,7 @@ class QtDesktop : public QObject, public Desktop {
   LocalTime mStart;
   std::chrono::steady_clock::time_point mSteadyStart;
   double mPace = 1.0;
+  bool mLeaping = false;
   QWidget* mWindow = nullptr;
   bool mTabDown = false;
   bool mShiftDown = false;

@@ -14,6 +14,24 @@ using testing::IsEmpty;
 
 double secondsOf(LocalTime::duration time) { return std::chrono::duration<double>(time).count(); }
 
+TEST(QtDesktopTest, AClockThatLeapsStandsUntilSomebodyWaits) {
+  QtDesktop desktop;
+  desktop.setLeaping(true);
+  const LocalTime begin = desktop.now();
+  std::vector<double> fired;
+  const auto note = [&] { fired.push_back(secondsOf(desktop.now() - begin)); };
+  for (const double seconds : {3600.0, 20.0, 7200.0}) desktop.schedule(seconds, note);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(desktop.now(), begin);
+  EXPECT_TRUE(desktop.leap());
+  EXPECT_THAT(fired, ElementsAre(20.0));
+  desktop.wait(5000);
+  EXPECT_THAT(fired, ElementsAre(20.0, 3600.0));
+  EXPECT_EQ(secondsOf(desktop.now() - begin), 5020.0);
+  EXPECT_TRUE(desktop.leap());
+  EXPECT_FALSE(desktop.leap()) << "nothing is left";
+}
+
 TEST(QtDesktopTest, AWaitLastsUntilTheClockHasPassed) {
   QtDesktop desktop;
   const LocalTime begin = desktop.now();

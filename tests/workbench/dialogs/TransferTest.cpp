@@ -7,7 +7,6 @@
 #include "workbench/dialogs/CompareDialog.h"
 #include "workbench/dialogs/FaultsDialog.h"
 #include "workbench/dialogs/TransferDialog.h"
-#include "workbench/window/DeviceMenu.h"
 
 namespace ostrand::test {
 namespace {
@@ -27,8 +26,8 @@ class TransferTest : public WindowBench {
     return rows;
   }
   QTableWidget& compared() {
-    EXPECT_TRUE(until([&] { return window->deviceMenu().compareDialog()->table().rowCount() > 0; }));
-    return window->deviceMenu().compareDialog()->table();
+    EXPECT_TRUE(until([&] { return window->transfers().compareDialog()->table().rowCount() > 0; }));
+    return window->transfers().compareDialog()->table();
   }
   QString cell(QTableWidget& table, const QString& parameter, int column) {
     for (int row = 0; row < table.rowCount(); ++row)
@@ -39,35 +38,35 @@ class TransferTest : public WindowBench {
 
 TEST_F(TransferTest, AComparisonShowsTheDifferenceAndWritesWhatIsTicked) {
   dataSet().edit("damping", "5.5");
-  window->deviceMenu().compare();
+  window->transfers().compare();
   QTableWidget& table = compared();
   EXPECT_EQ(cell(table, "damping", 1), QStringLiteral("5.5 s"));
   EXPECT_EQ(cell(table, "damping", 2), QStringLiteral("2.0 s"));
   EXPECT_EQ(cell(table, "damping", 3), QStringLiteral("-3.5"));
   EXPECT_LT(shownRows(table), table.rowCount());
-  if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->deviceMenu().compareDialog()->grab().save(QString::fromLatin1(folder) + "/compare.png");
+  if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->transfers().compareDialog()->grab().save(QString::fromLatin1(folder) + "/compare.png");
 
-  window->deviceMenu().compareDialog()->tick("damping", true);
-  window->deviceMenu().compareDialog()->writeTicked();
+  window->transfers().compareDialog()->tick("damping", true);
+  window->transfers().compareDialog()->writeTicked();
   EXPECT_TRUE(until([&] { return table.rowCount() > 0 && cell(table, "damping", 2) == QStringLiteral("5.5 s"); }));
   EXPECT_EQ(cell(table, "damping", 3), QStringLiteral("–"));
 }
 
 TEST_F(TransferTest, WhatIsTickedIsReadIntoTheDataSet) {
   dataSet().edit("damping", "5.5");
-  window->deviceMenu().compare();
+  window->transfers().compare();
   compared();
-  window->deviceMenu().compareDialog()->tick("damping", true);
-  window->deviceMenu().compareDialog()->readTicked();
+  window->transfers().compareDialog()->tick("damping", true);
+  window->transfers().compareDialog()->readTicked();
   EXPECT_TRUE(until([&] { return parseNumber(dataSet().value("damping"), '.') == 2.0 && !workbench->host().transfer().running(); }));
 }
 
 TEST_F(TransferTest, WhatFailedIsListedAndTriedAgain) {
   Device& device = *workbench->host().communication().device();
   device.setFault("refuse", "outputSignal hartCmdErrAccessRestricted");
-  window->deviceMenu().readAll();
+  window->transfers().readAll();
   ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
-  TransferDialog* const dialog = window->deviceMenu().transferDialog();
+  TransferDialog* const dialog = window->transfers().transferDialog();
   const int items = static_cast<int>(dataSet().readItems("outputSignal").size());
   ASSERT_TRUE(until([&] { return dialog->failuresShown() == items; }));
   if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog->grab().save(QString::fromLatin1(folder) + "/transfer.png");
@@ -78,11 +77,11 @@ TEST_F(TransferTest, WhatFailedIsListedAndTriedAgain) {
 
 TEST_F(TransferTest, ADeviceThatDoesNotAnswerIsTold) {
   workbench->host().communication().device()->setFault("silent", "");
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   ASSERT_TRUE(until([&] { return !workbench->current().status().answers(); }));
   EXPECT_THAT(window->status().statusText().toStdString(), HasSubstr("does not answer"));
   EXPECT_EQ(workbench->current().status().state(ne107Order()), std::nullopt);
-  QTest::qWait(20);
+  pump();
   grab("no-answer");
   workbench->host().communication().device()->setFault("none", "");
   EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "1");
@@ -90,7 +89,7 @@ TEST_F(TransferTest, ADeviceThatDoesNotAnswerIsTold) {
 
 TEST_F(TransferTest, GarbageCostsTheAnswerOnly) {
   workbench->host().communication().device()->setFault("garbage", "");
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
   workbench->host().communication().device()->setFault("none", "");
   EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "1");
@@ -102,7 +101,7 @@ TEST_F(TransferTest, TheDeviceStateFollowsItsStatusBits) {
   workbench->host().communication().device()->setFault("failure", "sensor");
   status.refresh();
   EXPECT_TRUE(until([&] { return status.state(ne107Order()) == Ne107::Failure; }));
-  QTest::qWait(20);
+  pump();
   grab("failure");
 }
 
@@ -112,7 +111,6 @@ TEST_F(TransferTest, WaitingRequestsAreCancelled) {
   ASSERT_GT(workbench->host().communication().waiting(), 0u);
   workbench->host().communication().cancelWaiting();
   EXPECT_EQ(workbench->host().communication().waiting(), 0u);
-  workbench->host().communication().device()->setFault("slow", "0.01");
 }
 
 TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
@@ -124,14 +122,14 @@ TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
 }
 
 TEST_F(TransferTest, LocalAcceptanceTakesEditsIntoTheDataSet) {
-  window->deviceMenu().setMode(10);
+  window->connection().setMode(10);
   EXPECT_EQ(workbench->host().submit("", "<communicationRequest name=\"outputSignal\" access=\"write\"><item name=\"damping\" unit=\"s\"><floatVal>7</floatVal></item></communicationRequest>", "outputSignal", "", 0, 0), "");
   settle();
   EXPECT_EQ(dataSet().offlineValue("damping"), "7");
   EXPECT_TRUE(workbench->current().hasPendingEdits());
 
-  window->deviceMenu().setMode(11);
-  window->deviceMenu().applyEdits();
+  window->connection().setMode(11);
+  window->edits().apply();
   ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
   EXPECT_EQ(dataSet().offlineValue("damping"), "");
   EXPECT_EQ(parseNumber(deviceValue("outputSignal", "damping"), '.'), 7.0);

@@ -5,8 +5,6 @@
 #include <csignal>
 
 #include "workbench/WindowBench.h"
-#include "workbench/window/FileMenu.h"
-#include "workbench/window/SettingsMenu.h"
 
 namespace ostrand::test {
 namespace {
@@ -36,21 +34,21 @@ class BadInputTest : public WindowBench {
 
 TEST_F(BadInputTest, ADataSetThatIsNoDocument) {
   write("broken.xml", "<data:dtm");
-  window->fileMenu().open();
+  window->dataSets().open();
   EXPECT_THAT(asked, ElementsAre(HasSubstr("broken.xml")));
   expectStillThere();
 }
 
 TEST_F(BadInputTest, ADocumentThatIsNoDataSet) {
   write("other.xml", "<shopping><item/></shopping>");
-  window->fileMenu().open();
+  window->dataSets().open();
   EXPECT_THAT(asked, ElementsAre(HasSubstr("other.xml")));
   expectStillThere();
 }
 
 TEST_F(BadInputTest, ADataSetThatIsNotThere) {
   nextFile = data / "none.xml";
-  window->fileMenu().open();
+  window->dataSets().open();
   EXPECT_THAT(asked, ElementsAre(HasSubstr("none.xml")));
   expectStillThere();
 }
@@ -59,7 +57,7 @@ TEST_F(BadInputTest, ASaveThatFailsLeavesTheOldFile) {
   // A folder in the place of the file: nothing can be renamed over it.
   nextFile = data / "taken.xml";
   std::filesystem::create_directories(*nextFile / "inside");
-  window->fileMenu().saveAs();
+  window->dataSets().saveAs();
   EXPECT_THAT(asked, ElementsAre(HasSubstr("could not be saved")));
   EXPECT_TRUE(std::filesystem::is_directory(*nextFile / "inside"));
   expectStillThere();
@@ -75,7 +73,7 @@ TEST_F(BadInputTest, AFullDiskLeavesTheOldFileWhole) {
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit tight{4096, old.rlim_max};
   setrlimit(RLIMIT_FSIZE, &tight);
-  window->fileMenu().save();
+  window->dataSets().save();
   setrlimit(RLIMIT_FSIZE, &old);
   std::signal(SIGXFSZ, handler);
   EXPECT_THAT(asked, ElementsAre(HasSubstr("could not be saved")));
@@ -99,7 +97,7 @@ TEST_F(BadInputTest, ADisplayThatCannotBeUsedIsToldAndEndsTheProgram) {
 
 TEST_F(BadInputTest, ATranscriptOfAnotherVersion) {
   write("old.transcript", "> create VwMeasurement\n> teleport somewhere\n");
-  window->fileMenu().replay();
+  window->transcripts().replay();
   EXPECT_THAT(asked, ElementsAre(testing::AllOf(HasSubstr("old.transcript"), HasSubstr("teleport"))));
 }
 
@@ -121,8 +119,8 @@ TEST_F(BadInputTest, ALanguageThatIsNotThere) {
 TEST_F(BadInputTest, ADataSetOfItsOwnIsSavedAndOpenedAgain) {
   workbench->host().dataSet()->edit("damping", "4.5");
   nextFile = data / "copy.xml";
-  window->fileMenu().saveAs();
-  window->fileMenu().open();
+  window->dataSets().saveAs();
+  window->dataSets().open();
   EXPECT_EQ(workbench->host().dataSet()->current("damping"), "4.5");
   EXPECT_EQ(workbench->host().dataSet()->file(), *nextFile);
   EXPECT_THAT(asked, IsEmpty());

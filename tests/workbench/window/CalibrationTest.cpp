@@ -5,7 +5,6 @@
 #include "platform/base/NumberText.h"
 #include "platform/controls/EditControl.h"
 #include "workbench/WindowBench.h"
-#include "workbench/window/DeviceMenu.h"
 
 namespace ostrand::test {
 namespace {
@@ -15,15 +14,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 // An engineer calibrates a transmitter against the laboratory. The mill moves to another consistency while he waits for the
-// second sample; the clock runs so much faster meanwhile.
+// second sample.
 class CalibrationTest : public WindowBench, public testing::WithParamInterface<const char*> {
  protected:
   void SetUp() override {
     open();
     mStart = workbench->desktop().now();
-    workbench->desktop().setPace(40);
   }
-  void TearDown() override { workbench->desktop().setPace(1); }
 
   PlantDevice& transmitter() { return device(GetParam()); }
   Device& simulated() { return *transmitter().host().communication().device(); }
@@ -77,7 +74,7 @@ TEST_P(CalibrationTest, TheReadingMovesToTheLaboratorysValue) {
 
   const double slope = parseNumber(transmitter().host().dataSet()->value("recipe1LinearizationSlopeP1"), '.').value_or(0);
   ASSERT_TRUE(show(transmitter(), "calibration", "recipes"));
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   settle();
   EXPECT_NE(shown("cteSlope(0)"), slope) << "the recipes have been read back";
 

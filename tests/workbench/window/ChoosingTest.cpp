@@ -117,7 +117,7 @@ TEST_F(ChoosingTest, ASecondChoiceUnderAnOpenQuestionIsNotTaken) {
 TEST_F(ChoosingTest, ASecondClickDuringAWaitReachesTheView) {
   ASSERT_TRUE(show("diagnostics", "resetingEventLog"));
   QWidget* const button = widget("cmdWait");
-  QTimer::singleShot(30, window.get(), [&] { QTest::mouseClick(button, Qt::LeftButton); });
+  workbench->desktop().schedule(0.03, [&] { QTest::mouseClick(button, Qt::LeftButton); });
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_EQ(asking->clicks, 2);
   EXPECT_EQ(asking->deepest, 2);
@@ -126,7 +126,7 @@ TEST_F(ChoosingTest, ASecondClickDuringAWaitReachesTheView) {
 
 TEST_F(ChoosingTest, AnotherPageMayBeChosenDuringAWait) {
   ASSERT_TRUE(show("diagnostics", "resetingEventLog"));
-  QTimer::singleShot(30, window.get(), [&] { click(item("measurement", "activeRecipe")); });
+  workbench->desktop().schedule(0.03, [&] { click(item("measurement", "activeRecipe")); });
   QTest::mouseClick(widget("cmdWait"), Qt::LeftButton);
   settle();
   EXPECT_EQ(window->place().frame, "activeRecipe");
@@ -136,7 +136,7 @@ TEST_F(ChoosingTest, AnotherPageMayBeChosenDuringAWait) {
 TEST_F(ChoosingTest, TheWindowClosesOnlyAfterAWait) {
   ASSERT_TRUE(show("diagnostics", "resetingEventLog"));
   bool visibleInWait = false;
-  QTimer::singleShot(30, window.get(), [&] {
+  workbench->desktop().schedule(0.03, [&] {
     window->close();
     visibleInWait = window->isVisible();
   });

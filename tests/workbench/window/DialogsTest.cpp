@@ -13,8 +13,6 @@
 
 #include "workbench/WindowBench.h"
 #include "workbench/dialogs/PrioritiesDialog.h"
-#include "workbench/window/DeviceMenu.h"
-#include "workbench/window/SettingsMenu.h"
 #include "workbench/words/Phrases.h"
 
 namespace ostrand::test {
@@ -29,22 +27,8 @@ class DialogsTest : public WindowBench {
     ASSERT_TRUE(show("measurement", "activeRecipe"));
     workbench->prompt().standIn = nullptr;
   }
-  // Does something to the dialog that opens next.
-  void inDialog(std::function<void(QWidget&)> act) {
-    QTimer::singleShot(50, window.get(), [act = std::move(act)] {
-      QWidget* const dialog = QApplication::activeModalWidget();
-      ASSERT_NE(dialog, nullptr);
-      act(*dialog);
-    });
-  }
   static void picture(QWidget& dialog, const char* name) {
     if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog.grab().save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name));
-  }
-  static void clickButton(QWidget& dialog, const QString& text) {
-    for (QPushButton* const button : dialog.findChildren<QPushButton*>())
-      if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
-    ADD_FAILURE() << "no button " << text.toStdString();
-    dialog.close();
   }
   int ask() { return workbench->prompt().ask("Sampling", "Sampling is running and will be stopped if you leave this page. Do you want to leave?"); }
 };
@@ -67,7 +51,7 @@ TEST_F(DialogsTest, NoEnterAndEscapeStop) {
 }
 
 TEST_F(DialogsTest, AnswersArriveUnderAnOpenQuestion) {
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   const auto answers = [&] {
     std::size_t count = 0;
     for (const std::string& line : said(ConversationLog::Kind::Data)) count += line == "online \"activeRecipe\"";
@@ -77,10 +61,11 @@ TEST_F(DialogsTest, AnswersArriveUnderAnOpenQuestion) {
   std::size_t during = before;
   QTimer poll;
   QObject::connect(&poll, &QTimer::timeout, [&] {
+    workbench->desktop().leap();
     during = answers();
     if (QWidget* const dialog = QApplication::activeModalWidget(); dialog && during > before) dialog->close();
   });
-  poll.start(20);
+  poll.start(0);
   ask();
   EXPECT_GT(during, before);
 }
@@ -90,7 +75,7 @@ TEST_F(DialogsTest, AMessageWaitsForTheUser) {
     picture(dialog, "message.png");
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
-  window->tell(QStringLiteral("copy.xml could not be saved; the file is as it was"), QStringLiteral("/full/copy.xml: no space left on the device"));
+  window->user().tell(QStringLiteral("copy.xml could not be saved; the file is as it was"), QStringLiteral("/full/copy.xml: no space left on the device"));
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
@@ -109,8 +94,8 @@ TEST_F(DialogsTest, TheUserPutsTheDeviceSignalsInOrder) {
 }
 
 TEST_F(DialogsTest, TheSimulatorIsChangedInItsDialog) {
-  window->deviceMenu().simulator();
-  QTest::qWait(20);
+  window->connection().simulator();
+  pump();
   QDialog* dialog = nullptr;
   for (QDialog* const each : window->findChildren<QDialog*>())
     if (each->windowTitle() == QStringLiteral("Simulated device")) dialog = each;
@@ -121,7 +106,7 @@ TEST_F(DialogsTest, TheSimulatorIsChangedInItsDialog) {
 
 TEST_F(DialogsTest, TheWindowServesAtTwiceTheSize) {
   workbench->setTheme(Theme::Kind::Dark, 2.0);
-  QTest::qWait(20);
+  pump();
   grab("twice");
   EXPECT_GE(widget("cceActiveRecipe")->fontMetrics().height(), 30);
   EXPECT_GE(window->tree().fontMetrics().height(), 30);
@@ -136,14 +121,14 @@ std::array<int, 4> toolBarLines(const MainWindow& window) {
 }
 
 TEST_F(DialogsTest, TheToolBarLooksTheSameAfterAnotherThemeAndBack) {
-  QTest::qWait(20);
+  pump();
   const std::array<int, 4> before = toolBarLines(*window);
   EXPECT_LE(std::abs(before[2] - before[3]), 2) << "in the middle of the bar";
   workbench->setTheme(Theme::Kind::Dark, 1.0);
-  QTest::qWait(20);
+  pump();
   EXPECT_EQ(toolBarLines(*window), before);
   workbench->setTheme(Theme::Kind::Light, 1.0);
-  QTest::qWait(20);
+  pump();
   EXPECT_EQ(toolBarLines(*window), before);
 }
 
@@ -154,14 +139,14 @@ TEST_F(DialogsTest, OneMessageOfSeveralViewsIsReadOnce) {
   workbench->prompt().show("Error", "No answer");
   workbench->prompt().show("Error", "Another");
   EXPECT_EQ(boxes, 2);
-  QTest::qWait(5);
+  pump();
   workbench->prompt().show("Error", "Another");
   EXPECT_EQ(boxes, 3) << "said again later, it is told again";
 }
 
 TEST_F(DialogsTest, TheWindowSpeaksTheUsersLanguage) {
   window->settingsMenu().setLanguage("fi");
-  QTest::qWait(20);
+  pump();
   EXPECT_EQ(window->menuBar()->actions().front()->text(), QStringLiteral("&Tiedosto"));
   window->settingsMenu().setLanguage("en");
   EXPECT_EQ(window->menuBar()->actions().front()->text(), QStringLiteral("&File"));

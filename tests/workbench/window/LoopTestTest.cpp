@@ -6,7 +6,6 @@
 #include "platform/controls/CtrTextEdit.h"
 #include "platform/controls/ListView.h"
 #include "workbench/WindowBench.h"
-#include "workbench/window/DeviceMenu.h"
 
 namespace ostrand::test {
 namespace {
@@ -180,7 +179,7 @@ class EventLogTest : public WindowBench {
 TEST_F(EventLogTest, TheLogIsReadAndReset) {
   PlantDevice& transmitter = device("profibusBlade");
   ASSERT_TRUE(show(transmitter, "diagnostics", "eventLog"));
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   settle();
   EXPECT_EQ(cell("lsvEventLog(0)", 1, 1), "Supply voltage too low");
   EXPECT_NE(cell("lsvEventLog(0)", 1, 2), "0");
@@ -195,7 +194,7 @@ TEST_F(EventLogTest, TheLogIsReadAndReset) {
   workbench->desktop().wait(1.5);
   settle();
   ASSERT_TRUE(show(transmitter, "diagnostics", "eventLog"));
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   settle();
   EXPECT_EQ(deviceValue("eventLog", "eventLogErrorCount01"), "0");
   EXPECT_EQ(deviceValue("eventLog", "eventLogWarningCount01"), warnings) << "only what was ticked";

@@ -8,9 +8,6 @@
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/CtrMonitoring.h"
 #include "workbench/WindowBench.h"
-#include "workbench/window/DeviceMenu.h"
-#include "workbench/window/FileMenu.h"
-#include "workbench/window/SettingsMenu.h"
 
 namespace ostrand::test {
 namespace {
@@ -78,7 +75,7 @@ TEST_F(MeasurementTest, LiveValuesMoveWhileTheirPageIsInFront) {
   grab("live-values");
   ASSERT_TRUE(show("measurement", "activeRecipe"));
   const std::size_t before = answers();
-  QTest::qWait(200);
+  workbench->desktop().wait(10);
   EXPECT_LE(answers(), before + 1) << "what was under way may still come";
 }
 
@@ -159,24 +156,24 @@ TEST_F(MeasurementTest, ClosingWithoutEditsAsksNothing) {
 TEST_F(MeasurementTest, OpeningADataSetAsksOnlyForTheEditsOfItsDevice) {
   editRecipe();
   nextFile = data / "devices" / "profibusBlade.xml";
-  window->fileMenu().open();
+  window->dataSets().open();
   EXPECT_TRUE(asked.empty());
   EXPECT_TRUE(workbench->current().hasUnsavedEdits());
   nextFile = data / "devices" / "hartBlade.xml";
-  window->fileMenu().open();
+  window->dataSets().open();
   EXPECT_EQ(asked.size(), 1u);
 }
 
 TEST_F(MeasurementTest, AnEditIsUndone) {
   editRecipe();
-  window->deviceMenu().undoEdit();
+  window->edits().undo();
   EXPECT_EQ(recipe().Text(), "recipe1");
   EXPECT_FALSE(recipe().Modified());
 }
 
 TEST_F(MeasurementTest, AllEditsAreDiscarded) {
   editRecipe();
-  window->deviceMenu().discardEdits();
+  window->edits().discardAll();
   EXPECT_EQ(recipe().Text(), "recipe1");
   EXPECT_FALSE(workbench->current().hasPendingEdits());
 }
@@ -186,14 +183,14 @@ TEST_F(MeasurementTest, AllEditsAreDiscarded) {
 TEST_F(MeasurementTest, TheSavedConversationReplaysGreen) {
   editRecipe();
   writeByKeyboard();
-  window->deviceMenu().readPage();
+  window->transfers().readPage();
   settle();
   window->settingsMenu().setLevel(2);
-  window->deviceMenu().setMode(10);
+  window->connection().setMode(10);
   window->settingsMenu().setLanguage("sv");
   ASSERT_TRUE(show("measurement", "monitoringVariables"));
   nextFile = data / "conversation.transcript";
-  window->fileMenu().saveTranscript();
+  window->transcripts().save();
   const Replay::Result result = Replay(catalog, data).compare(*nextFile);
   EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
   EXPECT_THAT(readWholeFile(*nextFile), HasSubstr("> choose cceActiveRecipe"));
@@ -204,10 +201,10 @@ TEST_F(MeasurementTest, AnEditThatWasTakenBackReplaysGreen) {
   press(Qt::Key_Escape);
   EXPECT_FALSE(recipe().Modified());
   editRecipe();
-  window->deviceMenu().undoEdit();
+  window->edits().undo();
   writeByKeyboard();
   nextFile = data / "undone.transcript";
-  window->fileMenu().saveTranscript();
+  window->transcripts().save();
   const Replay::Result result = Replay(catalog, data).compare(*nextFile);
   EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
 }
@@ -215,35 +212,34 @@ TEST_F(MeasurementTest, AnEditThatWasTakenBackReplaysGreen) {
 TEST_F(MeasurementTest, AConversationWithWaitsReplaysGreen) {
   for (const auto& device : workbench->devices()) {
     if (device->kind().name != "profibusBlade") continue;
-    device->host().communication().device()->setFault("slow", "0.01");
     ASSERT_TRUE(window->show({device.get(), "measurement", "activeRecipe"}));
   }
   ASSERT_EQ(workbench->current().kind().name, "profibusBlade");
   settle();
   editRecipe();
   // The bus waits for the device; the user looks elsewhere meanwhile.
-  QTimer::singleShot(300, window.get(), [&] { window->show({&workbench->current(), "measurement", "monitoringVariables"}); });
+  workbench->desktop().schedule(0.3, [&] { window->show({&workbench->current(), "measurement", "monitoringVariables"}); });
   QTest::mouseClick(widget("cmdActiveRecipeSetButton"), Qt::LeftButton);
   settle();
   EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "3");
   EXPECT_EQ(window->place().frame, "monitoringVariables");
   nextFile = data / "waits.transcript";
-  window->fileMenu().saveTranscript();
+  window->transcripts().save();
   const Replay::Result result = Replay(catalog, data).compare(*nextFile);
   EXPECT_EQ(result.outcome, Replay::Outcome::Matches) << result.text;
 }
 
 TEST_F(MeasurementTest, ARecordingBeginsWithANewViewAndReplaysGreen) {
   editRecipe();
-  window->deviceMenu().undoEdit();
+  window->edits().undo();
   nextFile = data / "recorded.transcript";
-  window->fileMenu().record(true);
+  window->transcripts().record(true);
   settle();
-  ASSERT_TRUE(window->fileMenu().isRecording());
+  ASSERT_TRUE(window->transcripts().isRecording());
   editRecipe();
   writeByKeyboard();
   ASSERT_TRUE(show("information", "identification"));
-  window->fileMenu().record(false);
+  window->transcripts().record(false);
   const std::string text = readWholeFile(*nextFile);
   EXPECT_EQ(text.find("> create"), text.rfind("> create"));
   const Replay::Result result = Replay(catalog, data).compare(*nextFile);

@@ -3,7 +3,6 @@
 #include "platform/base/NumberText.h"
 #include "platform/controls/CtrTextEdit.h"
 #include "workbench/WindowBench.h"
-#include "workbench/window/SettingsMenu.h"
 
 namespace ostrand::test {
 namespace {
