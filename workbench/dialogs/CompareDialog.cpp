@@ -12,7 +12,7 @@
 #include <algorithm>
 
 #include "platform/base/NumberText.h"
-#include "platform/xml/Vocabulary.h"
+#include "workbench/plant/ValueText.h"
 
 namespace ostrand {
 
@@ -29,13 +29,15 @@ QTableWidgetItem* cell(const QString& text) {
 
 }  // namespace
 
-CompareDialog::CompareDialog(Host& host, const Texts& texts, QWidget* parent)
-    : QDialog(parent), mHost(host), mTexts(texts), mNote(new QLabel), mProgress(new QProgressBar), mTable(new QTableWidget), mOnlyDifferences(new QCheckBox(mTexts.say("Only differences"))) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(mTexts.say("Data set and device"));
+CompareDialog::CompareDialog(Workbench& workbench, QWidget* parent)
+    : DeviceDialog(workbench, "Data set and device", parent),
+      mNote(new QLabel),
+      mProgress(new QProgressBar),
+      mTable(new QTableWidget),
+      mOnlyDifferences(new QCheckBox(texts().say("Only differences"))) {
   mProgress->setTextVisible(false);
   mTable->setColumnCount(kColumns);
-  mTable->setHorizontalHeaderLabels({mTexts.say("Value"), mTexts.say("Data set"), mTexts.say("Device"), mTexts.say("Difference")});
+  mTable->setHorizontalHeaderLabels({texts().say("Value"), texts().say("Data set"), texts().say("Device"), texts().say("Difference")});
   mTable->verticalHeader()->hide();
   mTable->setShowGrid(false);
   mTable->setAlternatingRowColors(false);
@@ -47,10 +49,10 @@ CompareDialog::CompareDialog(Host& host, const Texts& texts, QWidget* parent)
   connect(mOnlyDifferences, &QCheckBox::toggled, this, [this] { filter(); });
 
   auto* const buttons = new QDialogButtonBox;
-  mAgain = buttons->addButton(mTexts.say("Compare again"), QDialogButtonBox::ActionRole);
-  mRead = buttons->addButton(mTexts.say("Read ticked into data set"), QDialogButtonBox::ActionRole);
-  mWrite = buttons->addButton(mTexts.say("Write ticked to device"), QDialogButtonBox::ActionRole);
-  QPushButton* const close = buttons->addButton(mTexts.say("Close"), QDialogButtonBox::RejectRole);
+  mAgain = buttons->addButton(texts().say("Compare again"), QDialogButtonBox::ActionRole);
+  mRead = buttons->addButton(texts().say("Read ticked into data set"), QDialogButtonBox::ActionRole);
+  mWrite = buttons->addButton(texts().say("Write ticked to device"), QDialogButtonBox::ActionRole);
+  QPushButton* const close = buttons->addButton(texts().say("Close"), QDialogButtonBox::RejectRole);
   for (QPushButton* const each : {mAgain, mRead, mWrite}) each->setAutoDefault(false);
   connect(mAgain, &QPushButton::clicked, this, [this] { begin(); });
   connect(mRead, &QPushButton::clicked, this, [this] { readTicked(); });
@@ -60,26 +62,23 @@ CompareDialog::CompareDialog(Host& host, const Texts& texts, QWidget* parent)
   auto* const top = new QHBoxLayout;
   top->addWidget(mNote, 1);
   top->addWidget(mOnlyDifferences);
-  auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setSpacing(12);
-  layout->addLayout(top);
-  layout->addWidget(mProgress);
-  layout->addWidget(mTable, 1);
-  layout->addWidget(buttons);
+  column().addLayout(top);
+  column().addWidget(mProgress);
+  column().addWidget(mTable, 1);
+  column().addWidget(buttons);
   mTable->setFocus();
   resize(860, 560);
-  mHost.observers().add(*this);
+  host().observers().add(*this);
 }
 
-CompareDialog::~CompareDialog() { mHost.observers().remove(*this); }
+CompareDialog::~CompareDialog() { host().observers().remove(*this); }
 
 void CompareDialog::begin() {
   mRunning = true;
   mTable->setRowCount(0);
   show();
   raise();
-  mHost.comparison().start([this, alive = std::weak_ptr(mAlive)] {
+  host().comparison().start([this, alive = std::weak_ptr(mAlive)] {
     if (alive.expired()) return;
     mRunning = false;
     fill();
@@ -89,31 +88,25 @@ void CompareDialog::begin() {
 }
 
 void CompareDialog::refreshProgress() {
-  const Transfer& transfer = mHost.comparison().transfer();
+  const Transfer& transfer = host().comparison().transfer();
   mProgress->setVisible(mRunning);
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.done());
-  for (QPushButton* const each : {mAgain, mRead, mWrite}) each->setEnabled(!mRunning);
-  if (mRunning) mNote->setText(mTexts.say("Asking the device: %1 of %2 requests").arg(transfer.done()).arg(transfer.total()));
+  const QString why = whyNoWriting();
+  for (QPushButton* const each : {mAgain, mRead}) each->setEnabled(!mRunning);
+  mWrite->setEnabled(!mRunning && why.isEmpty());
+  mWrite->setToolTip(why);
+  if (mRunning) mNote->setText(texts().say("Asking the device: %1 of %2 requests").arg(transfer.done()).arg(transfer.total()));
 }
 
 QString CompareDialog::shown(const Comparison::Row& row, const std::string& value) const {
-  DataSet* const dataSet = mHost.dataSet();
-  if (!dataSet || value.empty()) return {};
-  const ParameterInfo info = dataSet->info(row.parameter);
-  if (const Node choices = mapping(dataSet->document(), row.parameter))
-    for (Node choice = choices.firstChild(); choice; choice = choice.nextSibling())
-      if (choice.findAttribute("value").value_or("") == value) return mTexts(std::string(choice.findAttribute("key").value_or("")));
-  std::string text = value;
-  if (const auto number = info.isFloat() ? parseNumber(value, '.') : std::nullopt) text = fixedText(*number, info.decimals.value_or(2), mHost.desktop().locale().decimalSeparator);
-  const QString unit = mTexts.unit(row.unit);
-  return unit.isEmpty() ? qt(text) : QStringLiteral("%1 %2").arg(qt(text), unit);
+  return withUnit(valueText(host(), texts(), row.parameter, value), texts().unit(row.unit));
 }
 
 QString CompareDialog::difference(const Comparison::Row& row) const {
-  if (!row.errorCode.empty()) return mTexts(row.errorCode);
+  if (!row.errorCode.empty()) return texts()(row.errorCode);
   if (row.same) return QStringLiteral("–");
-  const ParameterInfo info = mHost.dataSet()->info(row.parameter);
+  const ParameterInfo info = host().dataSet()->info(row.parameter);
   const int decimals = info.decimals.value_or(2);
   // Of the numbers as they are shown, so that the row adds up.
   const auto asShown = [&](const std::string& text) {
@@ -121,17 +114,17 @@ QString CompareDialog::difference(const Comparison::Row& row) const {
     return number ? parseNumber(fixedText(*number, decimals, '.'), '.') : number;
   };
   const auto ours = asShown(row.dataSet), theirs = asShown(row.device);
-  if (!info.isFloat() || !ours || !theirs) return mTexts.say("differs");
-  return qt((*theirs > *ours ? "+" : "") + fixedText(*theirs - *ours, decimals, mHost.desktop().locale().decimalSeparator));
+  if (!info.isFloat() || !ours || !theirs) return texts().say("differs");
+  return qt((*theirs > *ours ? "+" : "") + fixedText(*theirs - *ours, decimals, host().desktop().locale().decimalSeparator));
 }
 
 void CompareDialog::fill() {
-  const std::vector<Comparison::Row>& rows = mHost.comparison().rows();
+  const std::vector<Comparison::Row>& rows = host().comparison().rows();
   mTable->setRowCount(static_cast<int>(rows.size()));
   int differences = 0, failures = 0;
   for (int i = 0; i < mTable->rowCount(); ++i) {
     const Comparison::Row& row = rows[static_cast<std::size_t>(i)];
-    QTableWidgetItem* const name = cell(mTexts(row.parameter));
+    QTableWidgetItem* const name = cell(texts()(row.parameter));
     name->setFlags(name->flags() | Qt::ItemIsUserCheckable);
     name->setCheckState(Qt::Unchecked);
     name->setData(kParameterRole, qt(row.parameter));
@@ -144,8 +137,8 @@ void CompareDialog::fill() {
     failures += !row.errorCode.empty();
     differences += row.errorCode.empty() && !row.same;
   }
-  QString note = differences == 0 ? mTexts.say("%1 values compared, none differs").arg(rows.size()) : mTexts.say("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
-  if (failures > 0) note += QStringLiteral(", ") + mTexts.say("%1 could not be read").arg(failures);
+  QString note = differences == 0 ? texts().say("%1 values compared, none differs").arg(rows.size()) : texts().say("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
+  if (failures > 0) note += QStringLiteral(", ") + texts().say("%1 could not be read").arg(failures);
   mNote->setText(note);
   filter();
 }
@@ -169,13 +162,14 @@ std::vector<std::string> CompareDialog::ticked() const {
 }
 
 void CompareDialog::readTicked() {
-  if (const auto names = ticked(); !names.empty()) mHost.readParameters(names, [this, alive = std::weak_ptr(mAlive)] {
+  if (const auto names = ticked(); !names.empty()) host().readParameters(names, [this, alive = std::weak_ptr(mAlive)] {
       if (!alive.expired()) begin();
     });
 }
 
 void CompareDialog::writeTicked() {
-  if (const auto names = ticked(); !names.empty()) mHost.writeParameters(names, [this, alive = std::weak_ptr(mAlive)] {
+  if (!whyNoWriting().isEmpty()) return;
+  if (const auto names = ticked(); !names.empty()) host().writeParameters(names, [this, alive = std::weak_ptr(mAlive)] {
       if (!alive.expired()) begin();
     });
 }

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QDialog>
 #include <string>
 #include <vector>
 
-#include "host/Host.h"
-#include "workbench/words/Texts.h"
+#include "workbench/dialogs/DeviceDialog.h"
 
 class QCheckBox;
 class QLabel;
@@ -17,9 +15,9 @@ namespace ostrand {
 
 // The data set beside the device: a row for each value, the difference within the decimals that are shown. Ticked rows are
 // read into the data set or written to the device.
-class CompareDialog : public QDialog, private HostObserver {
+class CompareDialog : public DeviceDialog, private HostObserver {
  public:
-  CompareDialog(Host& host, const Texts& texts, QWidget* parent);
+  CompareDialog(Workbench& workbench, QWidget* parent);
   ~CompareDialog() override;
 
   // Asks the device. RuntimeError 91 without a data set.
@@ -34,6 +32,7 @@ class CompareDialog : public QDialog, private HostObserver {
   enum Column { Value, DataSetSays, DeviceSays, Difference, kColumns };
 
   void requestFinished(const Request&, Outcome) override { refreshProgress(); }
+  void settingsChanged() override { refreshProgress(); }
   void refreshProgress();
   void fill();
   void filter();
@@ -41,8 +40,6 @@ class CompareDialog : public QDialog, private HostObserver {
   QString shown(const Comparison::Row& row, const std::string& value) const;
   QString difference(const Comparison::Row& row) const;
 
-  Host& mHost;
-  Texts mTexts;
   QLabel* mNote;
   QProgressBar* mProgress;
   QTableWidget* mTable;

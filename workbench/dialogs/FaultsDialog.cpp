@@ -11,7 +11,6 @@
 #include "platform/base/RuntimeError.h"
 #include "simulator/Device.h"
 #include "workbench/render/ComboEditRenderer.h"
-#include "workbench/words/Texts.h"
 
 namespace ostrand {
 
@@ -23,44 +22,43 @@ constexpr std::pair<const char*, const char*> kSpeeds[] = {{"As on the bus", "1"
 
 }  // namespace
 
-FaultsDialog::FaultsDialog(Host& host, const Theme& theme, const Texts& texts, QWidget* parent)
-    : QDialog(parent), mHost(host), mTexts(texts), mFault(new ChoiceBox(theme, this)), mArgument(new QLineEdit), mDescription(new QLabel), mInForce(new QLabel(mTexts.say("none"))) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(mTexts.say("Simulated device"));
+FaultsDialog::FaultsDialog(Workbench& workbench, const Theme& theme, QWidget* parent)
+    : DeviceDialog(workbench, "Simulated device", parent),
+      mFault(new ChoiceBox(theme, this)),
+      mArgument(new QLineEdit),
+      mDescription(new QLabel),
+      mInForce(new QLabel(texts().say("none"))) {
   for (const FaultKind& fault : Device::faults())
     if (fault.name != "slow") mFault->addItem(view(fault.name));
   mDescription->setProperty("role", QStringLiteral("note"));
   mDescription->setWordWrap(true);
   mInForce->setWordWrap(true);
   auto* const speed = new ChoiceBox(theme, this);
-  for (const auto& [text, factor] : kSpeeds) speed->addItem(mTexts.say(text), QString::fromLatin1(factor));
+  for (const auto& [text, factor] : kSpeeds) speed->addItem(texts().say(text), QString::fromLatin1(factor));
   connect(mFault, &QComboBox::currentIndexChanged, this, [this] { describe(); });
   connect(speed, &QComboBox::activated, this, [this, speed] { set("slow", speed->currentData().toString().toStdString()); });
 
   auto* const form = new QFormLayout;
   form->setHorizontalSpacing(16);
   form->setVerticalSpacing(10);
-  form->addRow(mTexts.say("Speed"), speed);
-  form->addRow(mTexts.say("Fault"), mFault);
+  form->addRow(texts().say("Speed"), speed);
+  form->addRow(texts().say("Fault"), mFault);
   form->addRow(QString(), mDescription);
-  form->addRow(mTexts.say("Argument"), mArgument);
-  form->addRow(mTexts.say("In force"), mInForce);
+  form->addRow(texts().say("Argument"), mArgument);
+  form->addRow(texts().say("In force"), mInForce);
   auto* const buttons = new QDialogButtonBox;
-  QPushButton* const setButton = buttons->addButton(mTexts.say("Set"), QDialogButtonBox::ActionRole);
-  QPushButton* const end = buttons->addButton(mTexts.say("End all faults"), QDialogButtonBox::ActionRole);
-  QPushButton* const close = buttons->addButton(mTexts.say("Close"), QDialogButtonBox::RejectRole);
+  QPushButton* const setButton = buttons->addButton(texts().say("Set"), QDialogButtonBox::ActionRole);
+  QPushButton* const end = buttons->addButton(texts().say("End all faults"), QDialogButtonBox::ActionRole);
+  QPushButton* const close = buttons->addButton(texts().say("Close"), QDialogButtonBox::RejectRole);
   connect(setButton, &QPushButton::clicked, this, [this] { setChosen(); });
   connect(end, &QPushButton::clicked, this, [this, speed] {
     set("none", {});
     speed->setCurrentIndex(0);
   });
   connect(close, &QPushButton::clicked, this, &QDialog::close);
-  auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setSpacing(16);
-  layout->addLayout(form);
-  layout->addStretch(1);
-  layout->addWidget(buttons);
+  column().addLayout(form);
+  column().addStretch(1);
+  column().addWidget(buttons);
   resize(480, 320);
   describe();
 }
@@ -76,19 +74,19 @@ void FaultsDialog::describe() {
 }
 
 void FaultsDialog::set(const std::string& fault, const std::string& argument) {
-  Device* const device = mHost.communication().device();
+  Device* const device = host().communication().device();
   if (!device) throwNothingThere("the device");
   device->setFault(fault, argument);
   if (fault == "none") mSet.clear();
   else mSet << qt(argument.empty() ? fault : fault + " " + argument);
-  mInForce->setText(mSet.isEmpty() ? mTexts.say("none") : mSet.join(QStringLiteral(", ")));
+  mInForce->setText(mSet.isEmpty() ? texts().say("none") : mSet.join(QStringLiteral(", ")));
 }
 
 void FaultsDialog::setChosen() {
   try {
     set(mFault->currentText().toStdString(), mArgument->text().toStdString());
   } catch (const RuntimeError& error) {
-    mInForce->setText(mTexts.say("Not set: %1").arg(qt(error.description())));
+    mInForce->setText(texts().say("Not set: %1").arg(qt(error.description())));
   }
 }
 

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QDialog>
-
-#include "host/Host.h"
+#include "workbench/dialogs/DeviceDialog.h"
 #include "workbench/render/Theme.h"
-#include "workbench/words/Texts.h"
 
 class QComboBox;
 class QLabel;
@@ -13,9 +10,9 @@ class QLineEdit;
 namespace ostrand {
 
 // What is wrong with the simulated device, and how fast it is.
-class FaultsDialog : public QDialog {
+class FaultsDialog : public DeviceDialog {
  public:
-  FaultsDialog(Host& host, const Theme& theme, const Texts& texts, QWidget* parent);
+  FaultsDialog(Workbench& workbench, const Theme& theme, QWidget* parent);
 
   // RuntimeError 5 for an argument that cannot be used.
   void set(const std::string& fault, const std::string& argument);
@@ -24,8 +21,6 @@ class FaultsDialog : public QDialog {
   void describe();
   void setChosen();
 
-  Host& mHost;
-  Texts mTexts;
   QComboBox* mFault;
   QLineEdit* mArgument;
   QLabel* mDescription;

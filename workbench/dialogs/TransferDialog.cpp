@@ -12,35 +12,30 @@
 
 namespace ostrand {
 
-TransferDialog::TransferDialog(Host& host, const Texts& texts, QWidget* parent)
-    : QDialog(parent), mHost(host), mTexts(texts), mNote(new QLabel), mProgress(new QProgressBar), mFailures(new QTreeWidget) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  setWindowTitle(mTexts.say("Transfer"));
+TransferDialog::TransferDialog(Workbench& workbench, QWidget* parent)
+    : DeviceDialog(workbench, "Transfer", parent), mNote(new QLabel), mProgress(new QProgressBar), mFailures(new QTreeWidget) {
   mProgress->setTextVisible(false);
   mFailures->setColumnCount(3);
-  mFailures->setHeaderLabels({mTexts.say("Value"), mTexts.say("Page"), mTexts.say("What went wrong")});
+  mFailures->setHeaderLabels({texts().say("Value"), texts().say("Page"), texts().say("What went wrong")});
   mFailures->setRootIsDecorated(false);
   mFailures->setUniformRowHeights(true);
   mFailures->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   auto* const buttons = new QDialogButtonBox;
-  mRetry = buttons->addButton(mTexts.say("Retry what failed"), QDialogButtonBox::ActionRole);
-  mCancel = buttons->addButton(mTexts.say("Cancel what waits"), QDialogButtonBox::ActionRole);
-  QPushButton* const close = buttons->addButton(mTexts.say("Close"), QDialogButtonBox::RejectRole);
+  mRetry = buttons->addButton(texts().say("Retry what failed"), QDialogButtonBox::ActionRole);
+  mCancel = buttons->addButton(texts().say("Cancel what waits"), QDialogButtonBox::ActionRole);
+  QPushButton* const close = buttons->addButton(texts().say("Close"), QDialogButtonBox::RejectRole);
   connect(mRetry, &QPushButton::clicked, this, [this] { retry(); });
-  connect(mCancel, &QPushButton::clicked, this, [this] { mHost.communication().cancelWaiting(); });
+  connect(mCancel, &QPushButton::clicked, this, [this] { host().communication().cancelWaiting(); });
   connect(close, &QPushButton::clicked, this, &QDialog::close);
-  auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(16, 16, 16, 16);
-  layout->setSpacing(12);
-  layout->addWidget(mNote);
-  layout->addWidget(mProgress);
-  layout->addWidget(mFailures, 1);
-  layout->addWidget(buttons);
+  column().addWidget(mNote);
+  column().addWidget(mProgress);
+  column().addWidget(mFailures, 1);
+  column().addWidget(buttons);
   resize(860, 420);
-  mHost.observers().add(*this);
+  host().observers().add(*this);
 }
 
-TransferDialog::~TransferDialog() { mHost.observers().remove(*this); }
+TransferDialog::~TransferDialog() { host().observers().remove(*this); }
 
 void TransferDialog::begin() {
   refresh();
@@ -49,7 +44,7 @@ void TransferDialog::begin() {
 }
 
 void TransferDialog::retry() {
-  mHost.transfer().retry([alive = QPointer(this)] {
+  host().transfer().retry([alive = QPointer(this)] {
     if (alive) alive->refreshLater();
   });
   refresh();
@@ -66,20 +61,20 @@ void TransferDialog::refreshLater() {
 }
 
 void TransferDialog::refresh() {
-  const Transfer& transfer = mHost.transfer();
+  const Transfer& transfer = host().transfer();
   const auto& failures = transfer.failures();
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.total() == 0 ? 1 : transfer.done());
-  QString note = mTexts.say("%1 of %2 requests").arg(transfer.done()).arg(transfer.total());
-  if (!transfer.running()) note = failures.empty() ? mTexts.say("Done: all %1 requests were answered.").arg(transfer.total()) : mTexts.say("Done, but %1 values failed.").arg(failures.size());
+  QString note = texts().say("%1 of %2 requests").arg(transfer.done()).arg(transfer.total());
+  if (!transfer.running()) note = failures.empty() ? texts().say("Done: all %1 requests were answered.").arg(transfer.total()) : texts().say("Done, but %1 values failed.").arg(failures.size());
   mNote->setText(note);
   if (mFailures->topLevelItemCount() > static_cast<int>(failures.size())) mFailures->clear();
   for (std::size_t i = static_cast<std::size_t>(mFailures->topLevelItemCount()); i < failures.size(); ++i) {
     const Transfer::Failure& failure = failures[i];
-    new QTreeWidgetItem(mFailures, {mTexts(failure.item), mTexts(failure.group), failure.errorCode.empty() ? qt(failure.reason) : mTexts(failure.errorCode)});
+    new QTreeWidgetItem(mFailures, {texts()(failure.item), texts()(failure.group), failure.errorCode.empty() ? qt(failure.reason) : texts()(failure.errorCode)});
   }
   mRetry->setEnabled(!transfer.running() && !failures.empty());
-  mCancel->setEnabled(mHost.communication().waiting() > 0);
+  mCancel->setEnabled(host().communication().waiting() > 0);
 }
 
 }  // namespace ostrand

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QDialog>
-
-#include "host/Host.h"
-#include "workbench/words/Texts.h"
+#include "workbench/dialogs/DeviceDialog.h"
 
 class QLabel;
 class QProgressBar;
@@ -13,9 +10,9 @@ class QTreeWidget;
 namespace ostrand {
 
 // How far the host's transfer is, and what of it failed, with another try for that. The window goes on beside it.
-class TransferDialog : public QDialog, private HostObserver {
+class TransferDialog : public DeviceDialog, private HostObserver {
  public:
-  TransferDialog(Host& host, const Texts& texts, QWidget* parent);
+  TransferDialog(Workbench& workbench, QWidget* parent);
   ~TransferDialog() override;
 
   // Shows the transfer that is running, or that has just ended.
@@ -29,8 +26,6 @@ class TransferDialog : public QDialog, private HostObserver {
   void refreshLater();
   void refresh();
 
-  Host& mHost;
-  Texts mTexts;
   QLabel* mNote;
   QProgressBar* mProgress;
   QTreeWidget* mFailures;

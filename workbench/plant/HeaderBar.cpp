@@ -5,10 +5,10 @@
 #include <QVBoxLayout>
 
 #include "platform/base/RuntimeError.h"
-#include "platform/xml/Vocabulary.h"
 #include "workbench/plant/DevicePicture.h"
 #include "workbench/plant/ElidedLabel.h"
 #include "workbench/plant/SignalSymbol.h"
+#include "workbench/plant/ValueText.h"
 #include "workbench/words/Spoken.h"
 
 namespace ostrand {
@@ -27,15 +27,6 @@ QLabel* with(QLabel* label, const char* role) {
 // Texts of any length may be cut.
 QLabel* cuttable(const char* role) { return with(new ElidedLabel, role); }
 QLabel* whole(const char* role) { return with(new QLabel, role); }
-
-// A coded value as its choice is called.
-QString valueText(DataSet& dataSet, const Texts& texts, const char* parameter) {
-  const std::string value = dataSet.current(parameter);
-  if (const Node choices = mapping(dataSet.document(), parameter))
-    for (Node choice = choices.firstChild(); choice; choice = choice.nextSibling())
-      if (choice.findAttribute("value").value_or("") == value) return texts(std::string(choice.findAttribute("key").value_or("")));
-  return qt(value);
-}
 
 }  // namespace
 
@@ -182,7 +173,7 @@ void HeaderBar::refresh() {
   show(*mTag, qt(mDevice->title()));
   show(*mDescription, qt(dataSet.current("description")));
   show(*mType.name, mTexts("deviceType"));
-  show(*mType.value, valueText(dataSet, mTexts, "deviceType"));
+  show(*mType.value, valueText(mDevice->host(), mTexts, "deviceType", dataSet.current("deviceType")));
   show(*mSerial.name, mTexts("sensorSerialNumber"));
   show(*mSerial.value, qt(dataSet.current("sensorSerialNumber")));
   show(*mBus.name, mTexts.say("Bus"));

@@ -12,7 +12,7 @@ void ConnectionCommands::setMode(int mode) {
 }
 
 void ConnectionCommands::simulator() {
-  if (!mFaults) mFaults = new FaultsDialog(mWorkbench.host(), mPanel.theme(), mWorkbench.texts(), &mWindow);
+  if (!mFaults || !mFaults->isVisible()) mFaults = new FaultsDialog(mWorkbench, mPanel.theme(), &mWindow);
   mFaults->show();
   mFaults->raise();
 }

@@ -17,16 +17,18 @@ bool TransferCommands::mayBegin() {
 }
 
 void TransferCommands::show() {
-  if (!mTransfer) mTransfer = new TransferDialog(mWorkbench.host(), mWorkbench.texts(), &mWindow);
+  // One that was closed may still be there for a moment, and is of another device.
+  if (!mTransfer || !mTransfer->isVisible()) mTransfer = new TransferDialog(mWorkbench, &mWindow);
   mTransfer->begin();
 }
 
 void TransferCommands::readPage() {
   if (!mayBegin()) return;
   mUser.attempt(mUser.say("The page could not be read"), [&] {
-    mWorkbench.host().readGroup(mWorkbench.current().frame(), [this, alive = QPointer(&mWindow)] {
+    PlantDevice& device = mWorkbench.current();
+    device.host().readGroup(device.frame(), [this, &device, alive = QPointer(&mWindow)] {
       // One page needs no list of its own, unless something failed.
-      if (alive && !mWorkbench.host().transfer().failures().empty()) show();
+      if (alive && &device == &mWorkbench.current() && !device.host().transfer().failures().empty()) show();
     });
   });
 }
@@ -38,7 +40,7 @@ void TransferCommands::readAll() {
 
 void TransferCommands::compare() {
   mPanel.commit();
-  if (!mCompare) mCompare = new CompareDialog(mWorkbench.host(), mWorkbench.texts(), &mWindow);
+  if (!mCompare || !mCompare->isVisible()) mCompare = new CompareDialog(mWorkbench, &mWindow);
   mUser.attempt(mUser.say("Data set and device could not be compared"), [&] { mCompare->begin(); });
 }
 

@@ -1,6 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <QDialog>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
 #include <QTableWidget>
+#include <QTreeWidget>
 
 #include "platform/base/NumberText.h"
 #include "workbench/WindowBench.h"
@@ -50,6 +55,43 @@ TEST_F(TransferTest, AComparisonShowsTheDifferenceAndWritesWhatIsTicked) {
   window->transfers().compareDialog()->writeTicked();
   EXPECT_TRUE(until([&] { return table.rowCount() > 0 && cell(table, "damping", 2) == QStringLiteral("5.5 s"); }));
   EXPECT_EQ(cell(table, "damping", 3), QStringLiteral("–"));
+}
+
+TEST_F(TransferTest, ADialogNamesItsDeviceAndClosesWhenTheUserGoesToAnother) {
+  QTest::keyClick(window.get(), Qt::Key_F7);
+  window->connection().simulator();
+  pump();
+  const QPointer<QDialog> compare(window->transfers().compareDialog());
+  ASSERT_TRUE(compare && compare->isVisible());
+  EXPECT_THAT(compare->windowTitle().toStdString(), HasSubstr("QC-1201"));
+  EXPECT_THAT(compare->findChild<QLabel*>()->text().toStdString(), HasSubstr("QC-1201")) << "the first line";
+  QTreeWidgetItem* const other = window->tree().itemOf({&device("profibusBlade"), "measurement", "activeRecipe"});
+  window->tree().scrollToItem(other);
+  QTest::mouseClick(window->tree().viewport(), Qt::LeftButton, {}, window->tree().visualItemRect(other).center());
+  settle();
+  EXPECT_EQ(workbench->current().kind().name, "profibusBlade");
+  EXPECT_TRUE(!compare || !compare->isVisible());
+  for (const QDialog* const each : window->findChildren<QDialog*>()) EXPECT_FALSE(each->isVisible()) << each->windowTitle().toStdString();
+  QTest::keyClick(window.get(), Qt::Key_F7);
+  ASSERT_TRUE(window->transfers().compareDialog()->isVisible());
+  EXPECT_THAT(window->transfers().compareDialog()->windowTitle().toStdString(), HasSubstr(device("profibusBlade").title()));
+}
+
+TEST_F(TransferTest, BelowLevelThreeNoTickedRowIsWrittenAndTheButtonSaysWhy) {
+  dataSet().edit("damping", "5.5");
+  window->transfers().compare();
+  compared();
+  CompareDialog& dialog = *window->transfers().compareDialog();
+  dialog.tick("damping", true);
+  window->settingsMenu().setLevel(2);
+  for (QPushButton* const button : dialog.findChildren<QPushButton*>())
+    if (button->text() == QStringLiteral("Write ticked to device")) {
+      EXPECT_FALSE(button->isEnabled());
+      EXPECT_THAT(button->toolTip().toStdString(), HasSubstr("level 3"));
+    }
+  clickButton(dialog, QStringLiteral("Write ticked to device"));
+  settle();
+  EXPECT_EQ(dataSet().offlineValue("damping"), "5.5") << "it still waits";
 }
 
 TEST_F(TransferTest, WhatIsTickedIsReadIntoTheDataSet) {
@@ -114,7 +156,7 @@ TEST_F(TransferTest, WaitingRequestsAreCancelled) {
 }
 
 TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
-  FaultsDialog dialog(workbench->host(), window->theme(), workbench->texts(), window.get());
+  FaultsDialog dialog(*workbench, window->theme(), window.get());
   dialog.setAttribute(Qt::WA_DeleteOnClose, false);
   EXPECT_THROW(dialog.set("failure", "nothing of the kind"), RuntimeError);
   EXPECT_NO_THROW(dialog.set("silent", ""));

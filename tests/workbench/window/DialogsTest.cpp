@@ -98,7 +98,7 @@ TEST_F(DialogsTest, TheSimulatorIsChangedInItsDialog) {
   pump();
   QDialog* dialog = nullptr;
   for (QDialog* const each : window->findChildren<QDialog*>())
-    if (each->windowTitle() == QStringLiteral("Simulated device")) dialog = each;
+    if (each->windowTitle() == QStringLiteral("Simulated device – QC-1201")) dialog = each;
   ASSERT_NE(dialog, nullptr);
   picture(*dialog, "simulator.png");
   clickButton(*dialog, QStringLiteral("Close"));
