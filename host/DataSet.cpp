@@ -165,7 +165,9 @@ std::optional<std::string> usableValue(const Node& item, const ParameterInfo& in
   const Node element = valueElement(item, info.type);
   if (!element) return std::nullopt;
   std::string text = element.text();
-  if (!info.isNumeric() || text == "NaN" || text == "-Inf") return text;
+  if (!info.isNumeric()) return text;
+  text = trimmed(text);
+  if (text == "NaN" || text == "-Inf") return text;
   const auto number = parseNumber(text, '.');
   if (!number) return std::nullopt;
   const std::string unit = named(item, "unit");

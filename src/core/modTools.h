@@ -15,7 +15,7 @@ double ToLocalNumber(std::string_view text, const Locale& locale);
 // The text of a double for a request, with a point.
 std::string ToDocumentNumber(double value, const Locale& locale);
 
-// A stamp "31/12/2020 23:59:59" (any separators) as "2020-12-31 23:59:59". The pieces are cut by position,
+// A stamp "31/12/2020 23:59:59" (any single characters between) as "2020-12-31 23:59:59". The pieces are cut by position,
 // so what is missing leaves an empty piece.
 std::string StandardizeDatafileDate(std::string_view stamp);
 // The same in the user's short date and long time; what is no date gives an empty text and a trace.

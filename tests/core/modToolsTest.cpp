@@ -44,10 +44,19 @@ TEST_F(modToolsTest, ATextThatIsNoNumberIsAnErrorOfTheCaller) {
   EXPECT_THAT(traces, IsEmpty()) << "the number routines have no trap";
 }
 
+TEST_F(modToolsTest, ANumberMayStandBetweenTabsAndLineBreaks) {
+  for (const char* locale : {"en", "de"}) {
+    desktop.setLocale(locale);
+    EXPECT_EQ(ToLocalNumber("\n\t4.25\r\n", desktop.locale()), 4.25) << locale;
+  }
+}
+
 TEST_F(modToolsTest, StampsAreCutByPosition) {
   EXPECT_EQ(StandardizeDatafileDate("31/12/2020 23:59:59"), "2020-12-31 23:59:59");
   EXPECT_EQ(StandardizeDatafileDate("31.12.2020x23.59.59"), "2020-12-31 23.59.59");
   EXPECT_EQ(StandardizeDatafileDate("31-12-2020 of 23:59:59"), "2020-12-31 23:59:59") << "the last eight characters";
+  EXPECT_EQ(StandardizeDatafileDate("31·12·2020—23:59:59"), "2020-12-31 23:59:59") << "characters of two bytes, and of three";
+  EXPECT_EQ(StandardizeDatafileDate("31年12月2020 23·59·59"), "2020-12-31 23·59·59");
   EXPECT_EQ(StandardizeDatafileDate("31/12"), "-12-31 31/12");
   EXPECT_EQ(StandardizeDatafileDate(""), "-- ");
   EXPECT_THAT(traces, IsEmpty());
@@ -57,6 +66,7 @@ TEST_F(modToolsTest, LocalizesAStampToShortDateAndLongTime) {
   for (const auto& [locale, text] : {std::pair{"en", "12/31/2020 11:59:59 PM"}, {"de", "31.12.2020 23:59:59"}, {"fi", "31.12.2020 23.59.59"}, {"sv", "2020-12-31 23:59:59"}}) {
     desktop.setLocale(locale);
     EXPECT_EQ(LocalizeDatafileDate("31/12/2020 23:59:59", desktop), text);
+    EXPECT_EQ(LocalizeDatafileDate("31·12·2020·23:59:59", desktop), text);
   }
 }
 

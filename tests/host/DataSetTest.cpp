@@ -136,6 +136,8 @@ TEST_F(DataSetTest, NamesValuesThatItCannotUse) {
   EXPECT_EQ(set.value("mode"), "3");
   EXPECT_TRUE(set.takeAnswer(answer("drive", "read", {{"speed", "NaN"}}), desktop.now(), nullptr).empty());
   EXPECT_EQ(set.value("speed"), "NaN");
+  EXPECT_TRUE(set.takeAnswer(answer("drive", "read", {{"speed", "\r\n\t2.5\r\n"}}), desktop.now(), nullptr).empty());
+  EXPECT_EQ(set.value("speed"), "2.5") << "printed over many lines";
 }
 
 TEST_F(DataSetTest, TellsAValueInItsOwnUnit) {

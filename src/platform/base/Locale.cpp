@@ -4,6 +4,8 @@
 #include <charconv>
 #include <initializer_list>
 
+#include "platform/base/NumberText.h"
+
 namespace ostrand {
 
 namespace {
@@ -83,12 +85,6 @@ Numbers numbersIn(std::string_view text, std::string_view separators) {
     at = next + 1;
   }
   return {};
-}
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
 }
 
 constexpr std::size_t kLocales = 4;

@@ -58,8 +58,7 @@ bool isTiny(std::string_view number) {
 
 Parsed parse(std::string_view text, char separator, double& value) {
   if (parseShort(text, separator, value)) return Parsed::Number;
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  text = trimmed(text);
   if (!text.empty() && text.front() == '+') {
     text.remove_prefix(1);
     if (!text.empty() && text.front() == '-') return Parsed::NoNumber;
@@ -153,6 +152,13 @@ std::string special(double value) { return std::isnan(value) ? "NaN" : value < 0
 
 }  // namespace
 
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kSpace = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(kSpace);
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
+}
+
 std::optional<double> parseNumber(std::string_view text, char separator) {
   double value = 0;
   if (parse(text, separator, value) != Parsed::Number) return std::nullopt;
@@ -170,8 +176,7 @@ double requireNumber(std::string_view text, char separator) {
 }
 
 std::optional<long long> parseInteger(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  text = trimmed(text);
   if (text.size() > 1 && text.front() == '+' && text[1] != '-') text.remove_prefix(1);
   long long value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);

@@ -8,12 +8,15 @@ namespace ostrand {
 
 // Numbers as text. Never through the process's locale: a toolkit changes it under our feet.
 
-// A decimal number with this separator: sign, digits, exponent; blanks around it are passed over, blanks
-// and group separators inside are not. "NaN", "-Inf" and an empty text are no numbers.
+// A text without the blanks, tabs and line breaks around it: a document may be printed over many lines.
+std::string_view trimmed(std::string_view text);
+
+// A decimal number with this separator: sign, digits, exponent. It may stand between blanks, tabs and line breaks; blanks and
+// group separators inside it are errors. "NaN", "-Inf" and an empty text are no numbers.
 std::optional<double> parseNumber(std::string_view text, char separator);
 // As parseNumber, but an error: 13 for no number, 6 for one that is too large.
 double requireNumber(std::string_view text, char separator);
-// A whole number in decimal digits with an optional sign, or nothing.
+// A whole number in decimal digits with an optional sign, between the same; or nothing.
 std::optional<long long> parseInteger(std::string_view text);
 
 // The plain text: up to 15 significant digits (of a single: 7) in the shortest form that shows them, with

@@ -50,6 +50,24 @@ TEST(ParseNumber, PassesOverBlanksAroundTheNumberOnly) {
   EXPECT_EQ(parseNumber("+ 1", '.'), std::nullopt);
 }
 
+// As a document that is printed over many lines has them.
+TEST(ParseNumber, PassesOverTabsAndLineBreaksAroundTheNumber) {
+  EXPECT_EQ(parseNumber("\r\n\t\t4.25\r\n\t", '.'), 4.25);
+  EXPECT_EQ(parseNumber("\n-4,25E1\t", ','), -42.5);
+  EXPECT_EQ(requireNumber("\t7\n", '.'), 7.0);
+  EXPECT_EQ(parseNumber("4\n25", '.'), std::nullopt);
+  EXPECT_EQ(parseNumber("\n\t ", '.'), std::nullopt);
+  EXPECT_EQ(parseInteger("\r\n\t42\n"), 42);
+  EXPECT_EQ(parseInteger("4\t2"), std::nullopt);
+}
+
+TEST(Trimmed, LeavesWhatStandsInside) {
+  EXPECT_EQ(trimmed(" \t\r\na \n b\t "), "a \n b");
+  EXPECT_EQ(trimmed("a"), "a");
+  EXPECT_EQ(trimmed(" \n"), "");
+  EXPECT_EQ(trimmed(""), "");
+}
+
 TEST(ParseNumber, TakesNoGroupSeparators) {
   EXPECT_EQ(parseNumber("1,000.5", '.'), std::nullopt);
   EXPECT_EQ(parseNumber("1.000,5", ','), std::nullopt);
@@ -59,7 +77,7 @@ TEST(ParseNumber, TakesNoGroupSeparators) {
 
 TEST(ParseNumber, RefusesWhatIsNoDecimalNumber) {
   for (const char* text : {"", " ", ".", "+", "-", "+-1", "-+1", "++1", "--1", "1-2", "e5", "1e", "1e+", "1E5.5", "NaN", "nan", "-Inf", "Inf", "inf",
-                           "infinity", "0x10", "1f", "abc", "1.5%", "1\t", "1\n", "\xC2\xA0" "1", "1;5"}) {
+                           "infinity", "0x10", "1f", "abc", "1.5%", "\xC2\xA0" "1", "1;5"}) {
     EXPECT_EQ(parseNumber(text, '.'), std::nullopt) << '"' << text << '"';
     EXPECT_EQ(errorOf(text), RuntimeError::NotConvertible) << '"' << text << '"';
   }
