@@ -324,7 +324,7 @@ void setErrorData(Component& view, Document doc) {
 
 void forwardSyncChanges(const std::string& name, bool succeeded, std::string& status, const Ref<Messenger>& messenger) {
   Procedure proc(messenger, nullptr, "modView forwardSyncChanges");
-  proc.step([&] { ostrand::forwardSyncChanges(name, succeeded, status, messenger.get()); });
+  proc.step([&] { ostrand::forwardSyncChanges(name, succeeded, status, messenger); });
 }
 
 std::string selectView(Procedure& proc, const std::string& name, const std::string& ownTag, const std::vector<Control*>& views) {

@@ -45,7 +45,7 @@ void CtrModuleSelection::initialize() {
 }
 
 void CtrModuleSelection::terminate() {
-  for (int row = 0; row < kModules; ++row) cceModule(row).detach();
+  cceModule.each([](int, CtrComboEdit& choice) { choice.detach(); });
   mMappings = {};
   Panel::terminate();
 }
@@ -53,7 +53,7 @@ void CtrModuleSelection::terminate() {
 void CtrModuleSelection::SetMessenger(const Ref<Messenger>& messenger) {
   Panel::SetMessenger(messenger);
   Procedure proc(*this, "ITaviComponent_SetMessenger");
-  for (int row = 0; row < kModules; ++row) proc.step([&] { cceModule(row).SetMessenger(messenger); });
+  cceModule.each([&](int, CtrComboEdit& choice) { proc.step([&] { choice.SetMessenger(messenger); }); });
 }
 
 void CtrModuleSelection::Localize(const Ref<ITextTable>& textTable) {
@@ -63,7 +63,7 @@ void CtrModuleSelection::Localize(const Ref<ITextTable>& textTable) {
   for (Control* const control : controls())
     if (auto* const caption = dynamic_cast<Label*>(control); caption && !caption->Tag().empty())
       proc.step([&] { caption->Caption(label(caption->Tag())); });
-  for (int row = 0; row < kModules; ++row) proc.step([&] { cceModule(row).Localize(textTable); });
+  cceModule.each([&](int, CtrComboEdit& choice) { proc.step([&] { choice.Localize(textTable); }); });
 }
 
 void CtrModuleSelection::RequestFocus() {
@@ -94,7 +94,7 @@ void CtrModuleSelection::SetOfflineData(const Document& doc) {
     }
   });
   mCount = row;
-  for (row = 0; row < kModules; ++row) proc.step([&] { showRow(row, row < mCount); });
+  cceModule.each([&](int at, CtrComboEdit&) { proc.step([&] { showRow(at, at < mCount); }); });
   // The sum stands below the last row.
   proc.step([&] { lblTotal.Move(kLeft, rowTop(mCount + 1), kModuleWidth, kHeight); });
   proc.step([&] { lblTotalBytes.Move(kBytesLeft, rowTop(mCount + 1), kBytesWidth, kHeight); });

@@ -35,16 +35,18 @@ void CtrMonitoring::resized() {
 }
 
 void CtrMonitoring::terminate() {
-  stopListening(mMessenger, *this);
+  stopListening(std::exchange(mMessenger, nullptr), *this);
   mDataSet = {};
   Panel::terminate();
 }
 
 void CtrMonitoring::SetMessenger(const Ref<Messenger>& messenger) {
-  stopListening(mMessenger, *this);
-  mMessenger = messenger;
+  const Ref<Component> pin(this);
+  const Ref<Messenger> host = messenger;
+  stopListening(std::exchange(mMessenger, nullptr), *this);
+  mMessenger = host;
   Procedure proc(*this, "ITaviComponent_SetMessenger");
-  if (messenger) proc.step([&] { messenger->Subscribe(*this); });
+  if (host) proc.step([&] { host->Subscribe(*this); });
 }
 
 void CtrMonitoring::RequestFocus() {
@@ -110,14 +112,16 @@ void CtrMonitoring::SetOnlineData(const Document& doc) {
       const std::string_view name = item.findAttribute("name").value_or("");
       const auto known = mRows.find(std::string(name));
       int row = known == mRows.end() ? 0 : known->second;
+      Ref<Variable> variable;
       if (row == 0) {
         // A recipe or a serial number that somebody reads meanwhile is no live value.
         if (answer.findAttribute("name").value_or("") != tag()) continue;
         const Node found = parameter(mDataSet, name);
         if (!found) continue;
-        variableOf(found, row);
+        variable = variableOf(found, row);
+      } else {
+        variable = mVariables[static_cast<std::size_t>(row) - 1];
       }
-      const Ref<Variable> variable = mVariables.at(static_cast<std::size_t>(row) - 1);
       if (const Node element = valueElement(item, variable->info.type)) take(*variable, row, element.text());
     }
   });
@@ -150,9 +154,10 @@ void CtrMonitoring::take(Variable& variable, int row, const std::string& value) 
 
 void CtrMonitoring::showTexts(const Variable& variable, int row) {
   lsvMonitoring.Cell(row, Name, label(variable.info.name));
-  const std::string& unit = variable.translator.displayUnit();
+  const std::string unit = variable.translator.displayUnit();
   std::string shown = unit == "noUnit" ? std::string() : unit;
-  if (mTextTable && !shown.empty()) shown = mTextTable->GetSectionText(unit, "unit");
+  const Ref<ITextTable> texts = mTextTable;
+  if (texts && !shown.empty()) shown = texts->GetSectionText(unit, "unit");
   lsvMonitoring.Cell(row, Unit, shown);
 }
 

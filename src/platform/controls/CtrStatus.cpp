@@ -141,10 +141,13 @@ void CtrStatus::rebuild() {
   };
   std::vector<Row> rows(1);
   const auto categoryText = [&](Ne107 category) { return (category == Ne107::Good ? std::string() : std::string(1, letterOf(category)) + "  ") + text(std::string(keyOf(category))); };
-  const std::string& wanted = txtSearch.Text();
-  mWorst = Ne107::Good;
+  // The host may change everything below while it is asked for texts; what it changes is shown by a rebuild of its own.
+  const int turn = ++mRebuilds;
+  const std::vector<Branch> branches = mBranches;
+  const std::string wanted = txtSearch.Text();
+  Ne107 worstOfAll = Ne107::Good;
   bool anyNew = false;
-  for (const Branch& branch : mBranches) {
+  for (const Branch& branch : branches) {
     Ne107 worst = Ne107::Good;
     bool branchNew = false;
     std::vector<Row> leaves;
@@ -156,14 +159,17 @@ void CtrStatus::rebuild() {
       leaves.push_back({std::string(kIndent) + kIndent + name, !mLastRead ? std::string() : text(leaf.raised ? "on" : "off"),
                         leaf.raised ? categoryText(leaf.category) : std::string(), leaf.isNew ? text("new") : std::string(), leaf.raised});
     }
-    mWorst = std::max(mWorst, worst);
+    worstOfAll = std::max(worstOfAll, worst);
     anyNew = anyNew || branchNew;
     if (leaves.empty()) continue;
     rows.push_back({kIndent + text(branch.key), {}, mLastRead ? categoryText(worst) : std::string(), branchNew ? text("new") : std::string(), worst != Ne107::Good});
     rows.insert(rows.end(), leaves.begin(), leaves.end());
   }
   rows[0] = {text(tag()), mFailed ? text("syncError") : mLastRead ? desktop().locale().dateAndTime(*mLastRead) : text("notRead"),
-             mLastRead ? categoryText(mWorst) : std::string(), anyNew ? text("new") : std::string(), mWorst != Ne107::Good};
+             mLastRead ? categoryText(worstOfAll) : std::string(), anyNew ? text("new") : std::string(), worstOfAll != Ne107::Good};
+
+  if (turn != mRebuilds) return;
+  mWorst = worstOfAll;
 
   const int count = static_cast<int>(rows.size());
   while (lsvStatus.Count() > count) lsvStatus.RemoveRow(lsvStatus.Count());

@@ -70,6 +70,7 @@ class CtrStatus : public Panel {
   std::optional<LocalTime> mLastRead;
   bool mFailed = false;
   Ne107 mWorst = Ne107::Good;
+  int mRebuilds = 0;
 };
 
 }  // namespace ostrand

@@ -28,12 +28,18 @@ class Panel : public Component, public ITaviView, public ITaviDataUser, public I
   bool offerInterface(const Guid& id, void** out) noexcept override;
 
   // Until the panel is localized a key stands for its own text.
-  std::string text(const std::string& key) const { return mTextTable ? mTextTable->GetText(key) : key; }
-  std::string label(const std::string& key) const { return mTextTable ? mTextTable->GetLabel(key) : key; }
+  std::string text(const std::string& key) const { return told(key, &ITextTable::GetText); }
+  std::string label(const std::string& key) const { return told(key, &ITextTable::GetLabel); }
 
   Ref<ITextTable> mTextTable;
 
  private:
+  // The key is a copy and the table is held: both may be changed while it is asked.
+  std::string told(std::string key, std::string (ITextTable::*member)(const std::string&)) const {
+    const Ref<ITextTable> texts = mTextTable;
+    return texts ? ((*texts).*member)(key) : key;
+  }
+
   std::string mSelectedView;
 };
 

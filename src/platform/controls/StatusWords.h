@@ -22,11 +22,12 @@ inline const std::string kSyncError = "syncError";
 inline const std::string kReSync = "reSync";
 }  // namespace SyncWord
 
-// One reading of a value: moves its sync word and tells the host if it moved. A messenger may be absent.
-void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word, Messenger* messenger);
+// One reading of a value: moves its sync word and tells the host if it moved. A messenger may be absent. The word must outlive
+// the call; the name is not looked at any more once the host was called.
+void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word, const Ref<Messenger>& messenger);
 
 // Moves the edit word of a value, by three rules of which each sees the result of the one before, and
 // tells the host each move.
-void forwardEditChanges(std::string_view name, bool modified, bool correct, std::string& word, Messenger* messenger);
+void forwardEditChanges(std::string_view name, bool modified, bool correct, std::string& word, const Ref<Messenger>& messenger);
 
 }  // namespace ostrand

@@ -2,9 +2,9 @@
 
 namespace ostrand {
 
-bool findUserUnit(IUnitConverter& converter, std::string_view parameterName, std::string& unit) {
+bool findUserUnit(IUnitConverter& converter, std::string parameterName, std::string& unit) {
   std::string found;
-  std::string name(parameterName);
+  std::string name = parameterName;
   if (converter.GetUnitInfo(name, found)) {
     unit = std::move(found);
     return true;

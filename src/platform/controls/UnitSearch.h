@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "platform/types/IUnitConverter.h"
 
@@ -10,6 +9,6 @@ namespace ostrand {
 // The user's unit for a parameter: asks the host for the name, then for the lower-cased rest of the name
 // from each capital (or digit) on, so that "sample1Torque" finds what is registered for "torque". False if
 // the host knows none; `unit` is then untouched.
-bool findUserUnit(IUnitConverter& converter, std::string_view parameterName, std::string& unit);
+bool findUserUnit(IUnitConverter& converter, std::string parameterName, std::string& unit);
 
 }  // namespace ostrand

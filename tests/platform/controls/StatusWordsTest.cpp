@@ -17,11 +17,11 @@ struct StatusWordsTest : testing::Test {
   Ref<FakeMessenger> messenger{new FakeMessenger(calls)};
 
   std::string edit(std::string word, bool modified, bool correct) {
-    forwardEditChanges("p", modified, correct, word, messenger.get());
+    forwardEditChanges("p", modified, correct, word, messenger);
     return word;
   }
   std::string sync(std::string word, bool succeeded) {
-    forwardSyncChanges("p", succeeded, word, messenger.get());
+    forwardSyncChanges("p", succeeded, word, messenger);
     return word;
   }
 };
@@ -75,6 +75,16 @@ TEST_F(StatusWordsTest, WithoutAHostTheWordsMoveAllTheSame) {
   word = "original";
   forwardEditChanges("p", true, false, word, nullptr);
   EXPECT_EQ(word, "editedError");
+}
+
+// A host may change what the name was taken from while it is told a word.
+TEST_F(StatusWordsTest, TheNameIsNotBorrowedAcrossCalls) {
+  std::string name = "a name that is too long to stand inside the string itself";
+  std::string word = "original";
+  calls.during("SetParameterStatus", [&] { name.assign(200, '#'), name.shrink_to_fit(); });
+  forwardEditChanges(name, true, false, word, messenger);
+  EXPECT_THAT(calls.take(), ElementsAre(R"(SetParameterStatus "a name that is too long to stand inside the string itself" "edited")",
+                                        R"(SetParameterStatus "a name that is too long to stand inside the string itself" "editedError")"));
 }
 
 }  // namespace
