@@ -65,6 +65,9 @@ void ChoiceEdit::choose(const std::string& key) {
   pick(key);
 }
 
-std::string ChoiceEdit::label(const std::string& key) const { return textTable() && !key.empty() ? textTable()->GetLabel(key) : key; }
+std::string ChoiceEdit::label(const std::string& key) const {
+  const Ref<ITextTable> texts = textTable();
+  return texts && !key.empty() ? texts->GetLabel(std::string(key)) : key;
+}
 
 }  // namespace ostrand

@@ -31,10 +31,17 @@ void CtrTextEdit::AddValueRelation(CtrTextEdit& lower, const std::string& relati
 
 void CtrTextEdit::ClearValueRelations() {
   announce("ClearValueRelations");
-  const std::vector<CtrTextEdit*> uppers = mUppers;
+  const Ref<Component> pin(owner());
+  const std::vector<Upper> uppers = heldUppers();
   clearRelations();
   recheck();
-  for (CtrTextEdit* upper : uppers) upper->recheck();
+  for (const Upper& upper : uppers) upper.edit->recheck();
+}
+
+std::vector<CtrTextEdit::Upper> CtrTextEdit::heldUppers() const {
+  std::vector<Upper> held;
+  for (CtrTextEdit* const upper : mUppers) held.push_back({upper, Ref<Component>(upper->owner())});
+  return held;
 }
 
 void CtrTextEdit::clearRelations() {
@@ -45,7 +52,7 @@ void CtrTextEdit::clearRelations() {
 }
 
 void CtrTextEdit::recheckOthers() {
-  for (CtrTextEdit* upper : std::vector(mUppers)) upper->recheck();
+  for (const Upper& upper : heldUppers()) upper.edit->recheck();
 }
 
 // --- between document and screen
@@ -58,11 +65,27 @@ std::string CtrTextEdit::shown(const std::string& documentText) const {
 
 std::optional<std::string> CtrTextEdit::told() const {
   if (!mTyped) return mStored;
-  if (!mInfo.isNumeric() || mTyped->text.empty()) return mTyped->text;
-  const auto value = ValueTranslator::typedNumber(mTyped->text);
+  return told(Typed(*mTyped));
+}
+
+std::optional<std::string> CtrTextEdit::told(const Typed& typed) const {
+  if (!mInfo.isNumeric() || typed.text.empty()) return typed.text;
+  const auto value = ValueTranslator::typedNumber(typed.text);
   if (!value) return std::nullopt;
-  if (mTyped->unit == mInfo.unit) return withSeparator(mTyped->text, ',', '.');
-  return ValueTranslator::told(mInfo, *value, mTyped->unit, converter().get());
+  if (typed.unit == mInfo.unit) return withSeparator(typed.text, ',', '.');
+  return ValueTranslator::told(mInfo, *value, typed.unit, converter().get());
+}
+
+// The same number, told in another unit, may come out at another last digit.
+bool CtrTextEdit::isStored(const Typed& typed) const {
+  const auto text = told(typed);
+  if (!text) return !ValueTranslator::typedNumber(typed.text) && typed.text == mStored;
+  const auto value = mInfo.isNumeric() ? parseNumber(*text, '.') : std::nullopt;
+  const auto stored = mInfo.isNumeric() ? parseNumber(mStored, '.') : std::nullopt;
+  if (!value || !stored) return *text == mStored;
+  if (typed.unit == mInfo.unit) return *value == *stored;
+  const auto shownValue = ValueTranslator::typedNumber(typed.text);
+  return std::abs(*value - *stored) <= 1e-12 * std::max({std::abs(*value), std::abs(*stored), std::abs(shownValue.value_or(0))});
 }
 
 std::optional<double> CtrTextEdit::number() const {
@@ -72,34 +95,41 @@ std::optional<double> CtrTextEdit::number() const {
 
 bool CtrTextEdit::passes() const {
   if (!mInfo.isNumeric()) return true;
+  // What is asked of the host below may bring another value.
+  const std::optional<Typed> typed = mTyped;
   // An empty field is wrong only where the user has emptied it.
-  if (mTyped ? mTyped->text.empty() : mStored.empty()) return !mTyped || !mTyped->byUser || mStored.empty();
+  if (typed ? typed->text.empty() : mStored.empty()) return !typed || !typed->byUser || mStored.empty();
   const auto value = number();
   if (!value) return false;
   if (mInfo.isInteger() && *value != std::floor(*value)) return false;
   // A limit told in another unit is rounded to the shown decimals; typing what the screen shows must pass.
   double tolerance = 1e-9 * std::max(1.0, std::abs(*value));
-  if (mTyped && mTyped->unit != mInfo.unit) {
+  if (typed && typed->unit != mInfo.unit) {
     double one = 0, zero = 0;
+    const std::string unit = mInfo.unit;
     const Ref<IUnitConverter> service = converter();
-    if (service && service->ConvertValue(1.0, mTyped->unit, mInfo.unit, one) && service->ConvertValue(0.0, mTyped->unit, mInfo.unit, zero))
+    if (service && service->ConvertValue(1.0, typed->unit, unit, one) && service->ConvertValue(0.0, typed->unit, unit, zero))
       tolerance += 0.5 * std::pow(10.0, -mInfo.decimals.value_or(6)) * std::abs(one - zero);
   }
   if (mInfo.min && *value < *mInfo.min - tolerance) return false;
   if (mInfo.max && *value > *mInfo.max + tolerance) return false;
-  return std::all_of(mLowers.begin(), mLowers.end(), [&](const Lower& lower) {
-    const auto bound = lower.edit->number();
-    return !bound || *value >= *bound + lower.margin - tolerance;
+  if (mLowers.empty()) return true;
+  // Held meanwhile: the other edits ask the host too.
+  std::vector<std::pair<Lower, Ref<Component>>> lowers;
+  for (const Lower& lower : mLowers) lowers.emplace_back(lower, lower.edit->owner());
+  return std::all_of(lowers.begin(), lowers.end(), [&](const auto& held) {
+    const auto bound = held.first.edit->number();
+    return !bound || *value >= *bound + held.first.margin - tolerance;
   });
 }
 
 std::string CtrTextEdit::received(const Node& item, std::string value) const {
   if (!mInfo.isNumeric() || !mInfo.hasConvertibleUnit()) return value;
-  const std::string_view unit = item.findAttribute("unit").value_or("");
+  const std::string unit(item.findAttribute("unit").value_or(""));
   if (unit.empty() || unit == "noUnit" || unit == mInfo.unit) return value;
   const auto number = parseNumber(value, '.');
   if (!number) return value;
-  return ValueTranslator::told(mInfo, *number, std::string(unit), converter().get()).value_or(value);
+  return ValueTranslator::told(mInfo, *number, unit, converter().get()).value_or(value);
 }
 
 std::string CtrTextEdit::shownLimit(const std::optional<double>& limit) const {
@@ -123,34 +153,42 @@ void CtrTextEdit::unitsChanged() {
 }
 
 std::string CtrTextEdit::typedOnScreen() const {
+  const Typed typed = *mTyped;
+  const std::string unit = mTranslator.displayUnit();
   // What code has set stands as it was set, for as long as its unit is on the screen.
-  if (!mInfo.isNumeric() || (!mTyped->byUser && mTyped->unit == mTranslator.displayUnit())) return mTyped->text;
-  auto value = ValueTranslator::typedNumber(mTyped->text);
-  if (!value) return mTyped->text;
+  if (!mInfo.isNumeric() || (!typed.byUser && typed.unit == unit)) return typed.text;
+  auto value = ValueTranslator::typedNumber(typed.text);
+  if (!value) return typed.text;
   // A fraction where a whole number is wanted stands there as it was typed, not rounded to what would pass.
-  if (mInfo.isInteger() && *value != std::floor(*value)) return withSeparator(mTyped->text, '.', locale().decimalSeparator);
-  if (mTyped->unit != mTranslator.displayUnit()) {
+  if (mInfo.isInteger() && *value != std::floor(*value)) return withSeparator(typed.text, '.', locale().decimalSeparator);
+  if (typed.unit != unit) {
     const Ref<IUnitConverter> service = converter();
-    if (!service || !service->ConvertValue(*value, mTyped->unit, mTranslator.displayUnit(), *value)) return mTyped->text;
+    if (!service || !service->ConvertValue(*value, typed.unit, unit, *value)) return typed.text;
   }
   return ValueTranslator::format(mInfo, *value, locale());
 }
 
 void CtrTextEdit::takeTyped(std::string text, std::string unit, bool byUser) {
-  mTyped = Typed{std::move(text), std::move(unit), byUser};
-  if (byUser && mInfo.isNumeric()) {
-    if (const auto value = ValueTranslator::typedNumber(mTyped->text)) {
+  const Ref<Component> pin(owner());
+  Typed typed{std::move(text), std::move(unit), byUser};
+  bool edited = (byUser || (mModified && !typed.text.empty())) && !isStored(typed);
+  if (byUser && edited && mInfo.isNumeric()) {
+    if (const auto value = ValueTranslator::typedNumber(typed.text)) {
       // The decimals are those of the screen, so what is told in another unit keeps its own.
-      const bool onScreen = mTyped->unit == mTranslator.displayUnit();
+      const bool onScreen = typed.unit == mTranslator.displayUnit();
       const bool rounds = onScreen && mInfo.decimals && !(mInfo.isInteger() && *value != std::floor(*value));
-      mTyped->text = rounds ? fixedText(*value, *mInfo.decimals, '.') : plainText(*value, '.');
+      typed.text = rounds ? fixedText(*value, *mInfo.decimals, '.') : plainText(*value, '.');
+      edited = !isStored(typed);
     }
   }
-  std::string screen = typedOnScreen();
-  // What was typed back to the stored value is no edit any more.
-  const bool modified = byUser && screen != shown(mStored);
-  if (byUser && !modified) mTyped.reset();
-  update(std::move(screen), modified);
+  if (byUser && !edited) {
+    // What was typed back to the stored value is no edit any more.
+    mTyped.reset();
+    update(shown(mStored), false);
+    return;
+  }
+  mTyped = std::move(typed);
+  update(typedOnScreen(), edited);
 }
 
 void CtrTextEdit::loadEdit(const std::string& documentText) {

@@ -58,12 +58,22 @@ class CtrTextEdit : public EditControl {
     double margin;
   };
 
+  struct Upper {
+    CtrTextEdit* edit;
+    Ref<Component> held;  // its view
+  };
+
   void takeTyped(std::string text, std::string unit, bool byUser);
+  std::optional<std::string> told(const Typed& typed) const;
+  // Whether it is the stored value, as a number in the data unit.
+  bool isStored(const Typed& typed) const;
   std::string typedOnScreen() const;
   std::string restricted(const std::string& text) const;
   // The value in the data unit, if it is a number.
   std::optional<double> number() const;
   void clearRelations();
+  // What the edits above ask of the host may end their view.
+  std::vector<Upper> heldUppers() const;
 
   ValueTranslator mTranslator;
   std::optional<Typed> mTyped;

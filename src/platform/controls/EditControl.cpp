@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "platform/base/NumberText.h"
 #include "platform/base/Procedure.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
@@ -42,13 +43,16 @@ void EditControl::Text(const std::string& text) {
 
 void EditControl::Modified(bool modified) {
   if (probe()) probeSetting("Modified", modified);
-  if (!modified)
-    if (const auto value = told()) mStored = *value;
-  update(mText, modified);
+  mark(modified);
 }
 
 void EditControl::MarkEdited(bool edited) {
   if (probe()) announce("MarkEdited", edited ? " true" : " false");
+  mark(edited);
+}
+
+void EditControl::mark(bool edited) {
+  const Ref<Component> pin(owner());
   if (!edited)
     if (const auto value = told()) mStored = *value;
   update(mText, edited);
@@ -66,23 +70,25 @@ bool EditControl::HasParameter() const {
 
 Node EditControl::GetXmlItem(bool ignoreErrors) {
   if (probe()) announce("GetXmlItem", ignoreErrors ? " true" : "");
-  if (!ignoreErrors && !mCorrect) return {};
+  const std::optional<std::string> value = told();
   const Ref<Tree> tree(new Tree);
   pugi::xml_node item = tree->document.append_child("item");
   item.append_attribute("name").set_value(std::string(parameterName()).c_str());
-  item.append_attribute("unit").set_value(mInfo.unit.c_str());
-  item.append_child(mInfo.wireType().c_str()).append_child(pugi::node_pcdata).set_value(told().value_or(mText).c_str());
+  // What cannot be told in the data set's unit bears the one in which it stands on the screen.
+  item.append_attribute("unit").set_value((value ? mInfo.unit : displayUnit()).c_str());
+  item.append_child(mInfo.wireType().c_str()).append_child(pugi::node_pcdata).set_value(value.value_or(mText).c_str());
   return {tree, item};
 }
 
 // --- documents
 
 void EditControl::takeParameter(const Node& parameter) {
+  const Ref<Component> pin(owner());
   AllSteps all;
   mHasParameter = static_cast<bool>(parameter);
   const ParameterValues values = mInfo.read(parameter);
-  std::string stored(values.value);
-  const std::string offline(values.offlineValue);
+  std::string stored(mInfo.isNumeric() ? trimmed(values.value) : values.value);
+  const std::string offline(mInfo.isNumeric() ? trimmed(values.offlineValue) : values.offlineValue);
   all.step([&] { parameterChanged(); });
   if (mReadOnly != mInfo.readOnly) {
     mReadOnly = mInfo.readOnly;
@@ -100,19 +106,23 @@ void EditControl::takeParameter(const Node& parameter) {
 }
 
 void EditControl::takeOnlineData(const Node& item) {
+  const Ref<Component> pin(owner());
   if (!item || !loadItem(item)) return;
   mLastRead = desktop().now();
-  forwardSyncChanges(parameterName(), true, mSyncWord, mMessenger.get());
+  forwardSyncChanges(parameterName(), true, mSyncWord, mMessenger);
 }
 
 void EditControl::takeLocalData(const Node& item) {
+  const Ref<Component> pin(owner());
   if (item) loadItem(item);
 }
 
 bool EditControl::loadItem(const Node& item) {
   const Node element = valueElement(item, mInfo.type);
   if (!element) return false;
-  load(received(item, element.text()));
+  std::string value = element.text();
+  if (mInfo.isNumeric()) value = trimmed(value);
+  load(received(item, std::move(value)));
   return true;
 }
 
@@ -130,11 +140,12 @@ void EditControl::load(std::string documentText) {
 }
 
 void EditControl::takeError(const std::string& code) {
+  const Ref<Component> pin(owner());
   if (mError != code) {
     mError = code;
     changedNow();
   }
-  forwardSyncChanges(parameterName(), false, mSyncWord, mMessenger.get());
+  forwardSyncChanges(parameterName(), false, mSyncWord, mMessenger);
 }
 
 // --- state
@@ -155,13 +166,13 @@ void EditControl::update(std::string text, bool modified) {
 }
 
 void EditControl::recheck() {
+  const Ref<Component> pin(owner());
   const bool correct = passes();
   if (correct != mCorrect) {
     mCorrect = correct;
     changedNow();
   }
-  const Ref<Messenger> host = mMessenger;
-  forwardEditChanges(parameterName(), mModified, mCorrect, mEditWord, host.get());
+  forwardEditChanges(parameterName(), mModified, mCorrect, mEditWord, mMessenger);
 }
 
 void EditControl::requireEditable() const {
@@ -191,18 +202,20 @@ Ref<IUnitConverter> EditControl::converter() const {
 }
 
 void EditControl::SetMessenger(const Ref<Messenger>& messenger) {
-  stopListening(mMessenger, *this);
-  mMessenger = messenger;
-  if (mMessenger) mMessenger->Subscribe(*this);
+  const Ref<Component> pin(owner());
+  const Ref<Messenger> host = messenger;
+  stopListening(std::exchange(mMessenger, nullptr), *this);
+  mMessenger = host;
+  if (host) host->Subscribe(*this);
 }
 
 void EditControl::detach() {
-  stopListening(mMessenger, *this);
-  mMessenger = nullptr;
+  stopListening(std::exchange(mMessenger, nullptr), *this);
   mTextTable = nullptr;
 }
 
 void EditControl::Localize(const Ref<ITextTable>& textTable) {
+  const Ref<Component> pin(owner());
   mTextTable = textTable;
   unitsChanged();
   changedNow();
@@ -229,7 +242,8 @@ void EditControl::ViewGetChanges(int& mode) {
     if (!value) return;
     const Ref<ITextTable> texts = mTextTable;
     const std::string caption = texts ? texts->GetLabel(name) : name;
-    proc.messenger().AddChange(name, caption, mStored, *value, mInfo.unit, mInfo.type, mContextTag);
+    const std::string stored = mStored, unit = mInfo.unit, type = mInfo.type, group = mContextTag;
+    proc.messenger().AddChange(name, caption, stored, *value, unit, type, group);
   });
 }
 

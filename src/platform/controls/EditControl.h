@@ -15,13 +15,15 @@ namespace ostrand {
 // documents have it (mStored) and the text on the screen (mText) are two things; the derived class
 // translates between them.
 //
-// A value counts as edited from the user's action (or MarkEdited) until a document brings a new one.
+// A value counts as edited from the user's action (or MarkEdited) until a document brings a new one, or until it is the stored
+// one again.
 class EditControl : public Control, public ITaviComponent, public ITaviDataEditor, public ILocalizable, public MessengerEvents {
  public:
   using Control::Control;
   ~EditControl() override { detach(); }
 
-  // What is on the screen: a text, or the key of the choice. Set by code it is no edit, until MarkEdited.
+  // What is on the screen: a text, or the key of the choice. A text that code sets leaves Modified as it was, but an empty one, or
+  // one that tells the stored value, clears it.
   const std::string& Text() const { return read(mText, "Text"); }
   void Text(const std::string& text);
   // The value differs from the stored one.
@@ -44,7 +46,7 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   // The key of the last failed read or write, empty after a good one.
   const std::string& Error() const { return read(mError, "Error"); }
 
-  // ITaviDataEditor; without an argument: as with ignoreErrors off.
+  // ITaviDataEditor. The item holds whatever the edit holds, with or without the flag: what may be sent is decided by who asks.
   Node GetXmlItem(bool ignoreErrors) override;
   Node GetXmlItem() { return GetXmlItem(false); }
 
@@ -125,6 +127,7 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   bool mCorrect = true;
 
  private:
+  void mark(bool edited);
   void takeParameter(const Node& parameter);
   bool loadItem(const Node& item);
   void load(std::string documentText);

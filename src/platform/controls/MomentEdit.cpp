@@ -22,9 +22,9 @@ void MomentEdit::takeTyped(const std::string& text, bool byUser) {
   const bool readable = readScreen(text, moment);
   mTyped = Typed{readable ? documentForm(moment) : text, readable};
   std::string screen = typedOnScreen();
-  const bool modified = byUser && screen != shown(mStored);
-  if (byUser && !modified) mTyped.reset();
-  update(std::move(screen), modified);
+  const bool edited = (byUser || (mModified && !text.empty())) && screen != shown(mStored);
+  if (byUser && !edited) mTyped.reset();
+  update(std::move(screen), edited);
 }
 
 void MomentEdit::takeText(const std::string& text) { takeTyped(text, false); }

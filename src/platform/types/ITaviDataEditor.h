@@ -9,8 +9,8 @@ class ITaviDataEditor : public virtual IObject {
  public:
   static constexpr Guid kId = Guid::of("6f0a41d2-5d0e-4a52-9f3c-0d6c1c9b1a0b");
 
-  // The `item` element that a write request carries. With `ignoreErrors` off, a value that is not correct
-  // gives an empty node.
+  // What a write request carries: the `item` element of an edit, whatever the edit holds. An editor of many values gives an
+  // empty node while one of them is not correct, unless `ignoreErrors` is set.
   virtual Node GetXmlItem(bool ignoreErrors) = 0;
 };
 

@@ -1,9 +1,8 @@
 #include "platform/controls/CtrTextEdit.h"
 
-#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
-#include "support/ControlBench.h"
 #include "support/ErrorOf.h"
+#include "support/TextEditBench.h"
 
 namespace ostrand {
 namespace {
@@ -12,24 +11,7 @@ using namespace test;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr const char* kTemperature = R"(name="x" type="floatVal" value="20" unit="degC" decimals="1" minVal="0" maxVal="100" access="readWrite")";
-
-struct CtrTextEditTest : ControlBench<CtrTextEdit> {
-  void offline(const std::string& attributes) { edit().setOfflineData(parameterNode(attributes)); }
-  void offlineFloat(const std::string& value, const std::string& rest = {}) { offline("name=\"x\" type=\"floatVal\" value=\"" + value + "\" " + rest); }
-  // Temperatures in degF, as the user wants them.
-  void fahrenheit() {
-    messenger->converter->userUnits["x"] = "degF";
-    messenger->raiseUnits();
-  }
-  std::string sent(bool ignoreErrors = true) {
-    const Node item = edit().GetXmlItem(ignoreErrors);
-    return item ? item.xml() : "nothing";
-  }
-  static std::string item(const std::string& value, const std::string& type = "floatVal", const std::string& unit = "noUnit") {
-    return "<item name=\"x\" unit=\"" + unit + "\"><" + type + ">" + value + "</" + type + "></item>";
-  }
-};
+using CtrTextEditTest = TextEditBench;
 
 // --- showing
 
@@ -52,7 +34,7 @@ TEST_F(CtrTextEditTest, WhatIsNoNumberStandsAsItIsAndIsNotCorrect) {
     EXPECT_FALSE(edit().Correct());
     EXPECT_FALSE(edit().Modified());
     EXPECT_EQ(sent(), item(text));
-    EXPECT_EQ(sent(false), "nothing");
+    EXPECT_EQ(sent(false), item(text));
   }
 }
 
@@ -165,9 +147,53 @@ TEST_F(CtrTextEditTest, WhatIsTypedBackIsNoEdit) {
   offlineFloat("4.2561", "decimals=\"2\"");
   edit().type("5");
   EXPECT_TRUE(edit().Modified());
-  edit().type("4.26");
+  edit().type("4.2561");
   EXPECT_FALSE(edit().Modified());
+  EXPECT_EQ(edit().Text(), "4.26");
   EXPECT_EQ(sent(), item("4.2561")) << "and the stored digits are whole again";
+}
+
+// Else a value could never be written that the screen cannot tell from the stored one.
+TEST_F(CtrTextEditTest, ANumberIsAnEditWhenItDiffersThoughItIsShownTheSame) {
+  connect();
+  offlineFloat("3.456", "decimals=\"2\"");
+  EXPECT_EQ(edit().Text(), "3.46");
+  take();
+  edit().type("3.46");
+  EXPECT_TRUE(edit().Modified());
+  EXPECT_EQ(edit().Text(), "3.46");
+  EXPECT_EQ(sent(), item("3.46"));
+  EXPECT_THAT(take(), ElementsAre(R"(SetParameterStatus "x" "edited")"));
+  messenger->raiseGetChanges(2);
+  EXPECT_THAT(take(), ElementsAre(R"(AddChange "x" "x" "3.456" "3.46" "noUnit" "floatVal" "")"));
+  edit().restore();
+  EXPECT_EQ(sent(), item("3.456"));
+
+  offlineFloat("1.5", "decimals=\"0\"");
+  edit().type("2");
+  EXPECT_TRUE(edit().Modified());
+  EXPECT_EQ(sent(), item("2"));
+  offlineFloat("2", "decimals=\"2\"");
+  edit().type("2.001");
+  EXPECT_EQ(edit().Text(), "2.00");
+  EXPECT_FALSE(edit().Modified()) << "what the screen makes of it is the stored value";
+  for (const char* same : {"2", "2.00", "2,0", "+2", "2e0", " 2 "}) {
+    edit().type(same);
+    EXPECT_FALSE(edit().Modified()) << same;
+    EXPECT_EQ(sent(), item("2"));
+  }
+}
+
+TEST_F(CtrTextEditTest, InAnotherUnitTheNumberOfTheDataUnitCounts) {
+  connect();
+  messenger->converter->userUnits["x"] = "ftlbf";
+  offline(R"(name="x" type="floatVal" value="1" unit="Nm" decimals="2")");
+  EXPECT_EQ(edit().Text(), "0.74");
+  edit().type("0.74");
+  EXPECT_TRUE(edit().Modified()) << "0.74 ftlbf are no 1 Nm";
+  edit().type("1 Nm");
+  EXPECT_FALSE(edit().Modified());
+  EXPECT_EQ(sent(), item("1", "floatVal", "Nm"));
 }
 
 TEST_F(CtrTextEditTest, AnotherUnitMayStandBehindTheNumber) {
@@ -245,6 +271,29 @@ TEST_F(CtrTextEditTest, ARestrictedEditTakesWhatItsTypeCanHold) {
 
 // --- set by code
 
+TEST_F(CtrTextEditTest, ATextSetByCodeLeavesTheMarkAsItWas) {
+  connect();
+  offline(kTemperature);
+  edit().type("30.4");
+  take();
+  edit().Text("30");
+  EXPECT_TRUE(edit().Modified()) << "rounded by its view, it is what the user wants";
+  EXPECT_EQ(sent(), item("30", "floatVal", "degC"));
+  EXPECT_THAT(take(), IsEmpty());
+  edit().Text("20.0");
+  EXPECT_FALSE(edit().Modified()) << "the stored value";
+  EXPECT_EQ(edit().Text(), "20.0");
+  EXPECT_THAT(take(), ElementsAre(R"(SetParameterStatus "x" "original")"));
+  edit().type("30.4");
+  edit().Text("");
+  EXPECT_FALSE(edit().Modified()) << "what code has emptied is not sent";
+  EXPECT_TRUE(edit().Correct());
+  edit().Modified(true);
+  EXPECT_TRUE(edit().Modified()) << "until it says otherwise";
+  edit().Text("");
+  EXPECT_FALSE(edit().Modified());
+}
+
 TEST_F(CtrTextEditTest, ATextSetByCodeIsNoEditUntilMarked) {
   connect();
   offline(kTemperature);
@@ -300,7 +349,6 @@ TEST_F(CtrTextEditTest, ModifiedCanBePutBackAfterATextInBetween) {
   edit().Text("0");
   EXPECT_EQ(sent(), item("0", "floatVal", "degC"));
   edit().Text("42.0");
-  EXPECT_FALSE(edit().Modified());
   edit().Modified(true);
   EXPECT_TRUE(edit().Modified());
   EXPECT_EQ(sent(), item("42.0", "floatVal", "degC"));
@@ -425,153 +473,15 @@ TEST_F(CtrTextEditTest, AFailingConverterIsReportedUnderTheEditsName) {
   EXPECT_EQ(edit().Text(), "68.0");
 }
 
-// A value is what it was, however often the user changes units and locale, whether he edited it or not.
-TEST_F(CtrTextEditTest, UnitsAndLocalesNeverChangeAValue) {
-  connect();
-  const Ref<FakeTextTable> table = messenger->textTable;
-  unsigned state = 12345;
-  const auto random = [&](unsigned n) { return (state = state * 1103515245u + 12345u) >> 16 & 0x7fff ? (state >> 16) % n : 0u; };
-  const char* units[] = {"degC", "degF", "K"};
-  const char* locales[] = {"en", "fi", "sv", "de"};
-  for (int round = 0; round < 300; ++round) {
-    const std::string value = plainText((static_cast<double>(random(30000)) - 10000.0) / 97.0, '.');
-    const std::string decimals = std::to_string(random(4));
-    messenger->converter->userUnits["x"] = units[random(3)];
-    desktop.setLocale(locales[random(4)]);
-    offline("name=\"x\" type=\"floatVal\" value=\"" + value + "\" unit=\"degC\" decimals=\"" + decimals + "\"");
-    const int how = static_cast<int>(random(3));
-    if (how == 1) edit().type(plainText(static_cast<double>(random(9000)) / 31.0, '.'));
-    if (how == 2) edit().type(plainText(static_cast<double>(random(9000)) / 31.0, '.') + " " + units[random(3)]);
-    const bool modified = edit().Modified();
-    const std::string before = sent();
-    if (how == 0) {
-      ASSERT_FALSE(modified);
-      ASSERT_EQ(before, item(value, "floatVal", "degC"));
-    }
-    const std::string unit = edit().displayUnit(), text = edit().Text(), locale = desktop.locale().name;
-    for (int change = 0; change < 5; ++change) {
-      messenger->converter->userUnits["x"] = units[random(3)];
-      desktop.setLocale(locales[random(4)]);
-      random(2) ? messenger->raiseUnits() : edit().Localize(table);
-      ASSERT_EQ(sent(), before) << "round " << round;
-      ASSERT_EQ(edit().Modified(), modified);
-    }
-    messenger->converter->userUnits["x"] = unit;
-    desktop.setLocale(locale);
-    messenger->raiseUnits();
-    ASSERT_EQ(sent(), before);
-    ASSERT_EQ(edit().Text(), text);
-  }
-}
-
-// --- relations
-
-struct ValueRelationTest : testing::Test {
-  FakeCalls calls;
-  VirtualDesktop desktop;
-  Ref<FakeMessenger> messenger{new FakeMessenger(calls)};
-  Ref<TestView> view = TestView::place(desktop, [](TestView& at, Form& form) {
-    at.frame(form, "key", "date_key")
-        .row(at.make<CtrTextEdit>("lower"), "ctr_lower")
-        .row(at.make<CtrTextEdit>("upper"), "ctr_upper")
-        .row(at.make<CtrTextEdit>("other"), "ctr_other");
-  });
-  CtrTextEdit& lower = view->get<CtrTextEdit>("lower");
-  CtrTextEdit& upper = view->get<CtrTextEdit>("upper");
-  CtrTextEdit& other = view->get<CtrTextEdit>("other");
-
-  ValueRelationTest() {
-    load(lower, "2");
-    load(upper, "4");
-    load(other, "10");
-  }
-  static void load(CtrTextEdit& edit, const std::string& value) {
-    edit.setOfflineData(parameterNode("name=\"any\" type=\"floatVal\" unit=\"Nm\" value=\"" + value + "\""));
-  }
-};
-
-TEST_F(ValueRelationTest, TheUpperStaysAboveTheLowerByTheMargin) {
-  upper.AddValueRelation(lower, "max", 0);
-  EXPECT_TRUE(upper.Correct());
-  upper.type("2");
-  EXPECT_TRUE(upper.Correct()) << "just the margin";
-  upper.type("1.9");
-  EXPECT_FALSE(upper.Correct());
-  EXPECT_TRUE(lower.Correct()) << "the lower one is not blamed";
-  upper.AddValueRelation(lower, "max", 1);
-  upper.type("2.9");
-  EXPECT_FALSE(upper.Correct()) << "told again, the margin is replaced";
-  upper.type("3");
-  EXPECT_TRUE(upper.Correct());
-}
-
-TEST_F(ValueRelationTest, AMarginIsHeldAtOnce) {
-  upper.AddValueRelation(lower, "max", 3);
-  EXPECT_FALSE(upper.Correct());
-  upper.AddValueRelation(lower, "max", 2);
-  EXPECT_TRUE(upper.Correct());
-}
-
-TEST_F(ValueRelationTest, EveryChangeOfTheLowerIsFelt) {
-  upper.AddValueRelation(lower, "max", 0);
-  lower.type("5");
-  EXPECT_FALSE(upper.Correct());
-  lower.restore();
-  EXPECT_TRUE(upper.Correct());
-  lower.SetOnlineData(itemNode("any", "floatVal", "6"));
-  EXPECT_FALSE(upper.Correct());
-  load(lower, "1");
-  EXPECT_TRUE(upper.Correct());
-  lower.Text("9");
-  EXPECT_FALSE(upper.Correct());
-  lower.Text("");
-  EXPECT_TRUE(upper.Correct()) << "what is no number bounds nothing";
-}
-
-TEST_F(ValueRelationTest, UnitsOnTheScreenDoNotMatter) {
-  upper.SetMessenger(messenger);
-  messenger->converter->userUnits["any"] = "ftlbf";
-  messenger->raiseUnits();
-  EXPECT_EQ(upper.displayUnit(), "ftlbf");
-  upper.AddValueRelation(lower, "max", 1);
-  upper.type("2.3");  // 3.12 Nm
-  EXPECT_TRUE(upper.Correct());
-  upper.type("2.2");  // 2.98 Nm
-  EXPECT_FALSE(upper.Correct());
-}
-
-TEST_F(ValueRelationTest, CanBeClearedAtEitherEnd) {
-  upper.AddValueRelation(lower, "max", 5);
-  EXPECT_FALSE(upper.Correct());
-  lower.ClearValueRelations();
-  EXPECT_TRUE(upper.Correct());
-  upper.AddValueRelation(lower, "max", 5);
-  upper.AddValueRelation(other, "max", 0);
-  upper.ClearValueRelations();
-  EXPECT_TRUE(upper.Correct());
-  lower.type("100");
-  EXPECT_TRUE(upper.Correct());
-  upper.ClearValueRelations();
-}
-
-TEST_F(ValueRelationTest, AnUnknownRelationIsAnError) {
-  EXPECT_THROW(upper.AddValueRelation(lower, "min", 0), RuntimeError);
-  EXPECT_TRUE(upper.Correct());
-}
-
-TEST_F(ValueRelationTest, EitherEndMayEndFirst) {
-  VirtualDesktop own;
-  auto made = TestView::place(own, [](TestView& at, Form& form) {
-    at.frame(form, "key", "date_key").row(at.make<CtrTextEdit>("a"), "ctr_a").row(at.make<CtrTextEdit>("b"), "ctr_b");
-  });
-  made->get<CtrTextEdit>("a").AddValueRelation(lower, "max", 0);
-  upper.AddValueRelation(made->get<CtrTextEdit>("b"), "max", 0);
-  load(made->get<CtrTextEdit>("b"), "9");
-  EXPECT_FALSE(upper.Correct());
-  made = nullptr;
-  lower.type("3");
-  upper.type("5");
-  EXPECT_TRUE(upper.Correct());
+TEST_F(CtrTextEditTest, ANumberMayStandBetweenTabsAndLineBreaks) {
+  offlineFloat("&#9;4.25&#10;", "decimals=\"1\"");
+  EXPECT_EQ(edit().Text(), "4.3");
+  EXPECT_EQ(edit().stored(), "4.25");
+  edit().SetOnlineData(itemNode("x", "floatVal", "\r\n\t\t5.75\r\n\t"));
+  EXPECT_EQ(edit().Text(), "5.8");
+  EXPECT_EQ(sent(), item("5.75"));
+  edit().type("5.75");
+  EXPECT_FALSE(edit().Modified());
 }
 
 }  // namespace

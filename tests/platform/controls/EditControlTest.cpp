@@ -225,13 +225,30 @@ TEST_F(EditControlTest, GivesTheItemOfARequest) {
   offline();
   EXPECT_EQ(edit().GetXmlItem(true).xml(), R"(<item name="x" unit="degC"><floatVal>20</floatVal></item>)");
   edit().type("300");
-  EXPECT_EQ(edit().GetXmlItem(true).xml(), R"(<item name="x" unit="degC"><floatVal>300.0</floatVal></item>)");
-  EXPECT_FALSE(edit().GetXmlItem(false)) << "a wrong value gives none";
-  EXPECT_FALSE(edit().GetXmlItem()) << "the plain call is the one without the flag";
-  edit().type("a < b");
-  EXPECT_EQ(edit().GetXmlItem(true).child("floatVal").text(), "a < b");
-  edit().type("30");
-  EXPECT_TRUE(edit().GetXmlItem());
+}
+
+// A stop sets 0 below the smallest value and must send it.
+TEST_F(EditControlTest, TheItemHoldsWhateverTheEditHolds) {
+  offline();
+  for (const auto& [typed, told] : {std::pair{"300", "300.0"}, {"-1", "-1.0"}, {"a < b", "a < b"}, {"", ""}}) {
+    edit().type(typed);
+    EXPECT_FALSE(edit().Correct());
+    EXPECT_EQ(edit().GetXmlItem().child("floatVal").text(), told);
+    EXPECT_EQ(edit().GetXmlItem(false).child("floatVal").text(), told);
+    EXPECT_EQ(edit().GetXmlItem(true).child("floatVal").text(), told);
+  }
+  edit().setOfflineData(parameterNode(R"(name="x" type="floatVal" value="" unit="mA" minVal="3.8")"));
+  edit().Text("0");
+  EXPECT_EQ(edit().GetXmlItem().xml(), R"(<item name="x" unit="mA"><floatVal>0</floatVal></item>)");
+}
+
+TEST_F(EditControlTest, WhatCannotBeToldInTheDataUnitBearsItsOwn) {
+  connect();
+  messenger->converter->userUnits["x"] = "degF";
+  offline();
+  edit().type("86");
+  messenger->converter = nullptr;
+  EXPECT_EQ(edit().GetXmlItem().xml(), R"(<item name="x" unit="degF"><floatVal>86.0</floatVal></item>)");
 }
 
 TEST_F(EditControlTest, WithoutAParameterAnItemIsAText) {

@@ -94,6 +94,35 @@ TEST_F(EditsTest, LeavingByTheMouseApplies) {
   EXPECT_EQ(view->focused(), other);
 }
 
+// What the screen shows of a value is not the value: only what is typed over it may become an edit.
+TEST_F(EditsTest, PassingThroughAFieldWithoutTypingChangesNothing) {
+  number->setOfflineData(parameterNode("name=\"number\" type=\"floatVal\" value=\"4.256\" unit=\"s\" decimals=\"2\""));
+  settle();
+  int heard = 0;
+  number->Change.connect([&](const std::string&) { ++heard; });
+  QTest::mouseClick(&field(*number), Qt::LeftButton);
+  field(*number).selectAll();
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Right, Qt::Key_End, Qt::Key_Return}) QTest::keyClick(&field(*number), key);
+  QTest::keyClick(&field(*number), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_FALSE(panel.hasTyping());
+  QTest::keyClick(&field(*number), Qt::Key_Tab);
+  settle();
+  EXPECT_FALSE(field(*number).hasFocus());
+  QTest::keyClick(&field(*other), Qt::Key_Backtab, Qt::ShiftModifier);
+  settle();
+  QTest::mouseClick(&field(*other), Qt::LeftButton);
+  settle();
+  EXPECT_FALSE(number->Modified());
+  EXPECT_EQ(number->GetXmlItem().child("floatVal").text(), "4.256");
+  EXPECT_EQ(heard, 0);
+
+  type(*number, "4.26");
+  QTest::keyClick(&field(*number), Qt::Key_Tab);
+  settle();
+  EXPECT_TRUE(number->Modified()) << "typed over it";
+  EXPECT_EQ(number->GetXmlItem().child("floatVal").text(), "4.26");
+}
+
 TEST_F(EditsTest, AWrongNumberStaysAsTypedAndIsMarked) {
   type(*number, "100.5");
   QTest::keyClick(&field(*number), Qt::Key_Return);
