@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/OutputRules.h"
+
 namespace ostrand {
 
 namespace {
@@ -12,11 +14,21 @@ std::vector<MessageItem> askedFor(const Request& request, const DataSet& dataSet
   return items.empty() && !request.write ? dataSet.readItems(request.name) : items;
 }
 
+// The item of a loop test that no device could take for a value; empty if there is none.
+std::string testWithoutNumber(const Document& request) {
+  for (const MessageItem& item : itemsOf(request))
+    if (const OutputRule* const rule = outputRule(item.name); rule && rule->kind == OutputKind::LoopTest && outputValue(*rule, item.value) == OutputValue::NoNumber)
+      return item.name;
+  return {};
+}
+
 }  // namespace
 
-Communication::Communication(Desktop& desktop, const Observers& observers, Deliver deliver)
+Communication::Communication(Desktop& desktop, const Observers& observers, const UserSession& session, const SampleWatch& samples, Deliver deliver)
     : mDesktop(desktop),
       mObservers(observers),
+      mSession(session),
+      mSamples(samples),
       mDeliver(std::move(deliver)),
       mQueue(desktop, {[this](const Request& request) {
                          mObservers.tell([&](HostObserver& each) { each.requestSent(request); });
@@ -43,22 +55,33 @@ std::string Communication::submit(Request request) {
   request.id = ++mLastId;
   const std::vector<MessageItem> items = mDataSet ? askedFor(request, *mDataSet) : itemsOf(request.document);
   request.itemCount = static_cast<int>(items.size());
+  request.action = actionOf(request.document, dataSet(), mSamples.running());
   const std::string reason = reasonAgainst(request);
   if (!reason.empty()) {
     mObservers.tell([&](HostObserver& each) { each.requestRefused(request, reason); });
     return reason;
   }
   mObservers.tell([&](HostObserver& each) { each.requestQueued(request); });
-  if (isLocal())
-    answerLocally(std::move(request));
-  else
+  if (goesToDevice(request))
     mQueue.submit(std::move(request));
+  else
+    answerLocally(std::move(request));
   return {};
 }
 
+// A stop that nobody can hear is taken like any other value.
+bool Communication::goesToDevice(const Request& request) const {
+  return !isLocal() || (request.action.effect == Effect::Stops && device());
+}
+
 std::string Communication::reasonAgainst(const Request& request) const {
+  const Effect effect = request.action.effect;
+  if (effect == Effect::Stops && device()) return "";
+  if (effect != Effect::Stops && (request.write || effect == Effect::Acts) && !mSession.mayWrite()) return "the user level does not allow to write";
+  if (const std::string item = request.write ? testWithoutNumber(request.document) : ""; !item.empty()) return "the test value of " + item + " is no number";
   if (mBusy) return "the communication is busy";
   if (!isLocal()) return device() ? "" : "no device is connected";
+  if (effect == Effect::Acts) return "it makes the device act, and values are accepted locally only";
   if (!mDataSet) return "no data set is open";
   if (!request.write) return "";
   const std::vector<MessageItem> items = itemsOf(request.document);

@@ -8,6 +8,7 @@
 #include "host/DataSet.h"
 #include "host/HostObserver.h"
 #include "host/RequestQueue.h"
+#include "host/SampleWatch.h"
 #include "host/UserSession.h"
 
 namespace ostrand {
@@ -18,17 +19,19 @@ namespace ostrand {
 //   device gives no answer, or nonsense, the views get a final answer with the error "communicationError".
 // - LocalAcceptance: nothing goes to the device. A write is taken into the data set as an edit, a read is answered from it;
 //   the answer bears responseStatus "local". What only the device can do is refused: a write without items, of items that the
-//   data set does not have, or of values that are there to be written only (they start something).
+//   data set does not have, of values that are there to be written only, or of any that makes the device act.
 // - Busy: every new request is refused, until Free. Those that were accepted before go on.
 //
-// Requests are otherwise kept in order, however many there are; a second one is no reason for a refusal.
+// Below user level 3 what would change the device is refused. A stop is refused by no mode and at no level: it goes to the
+// device, and before all that wait. Requests are otherwise kept in order, however many there are; a second one is no reason
+// for a refusal.
 class Communication {
  public:
   // Hands an answer to the views: with an error code to SetErrorData, else to SetOnlineData.
   using Deliver = std::function<void(const Document& answer)>;
 
   // All but `deliver` must outlive it.
-  Communication(Desktop& desktop, const Observers& observers, Deliver deliver);
+  Communication(Desktop& desktop, const Observers& observers, const UserSession& session, const SampleWatch& samples, Deliver deliver);
   ~Communication();
   Communication(const Communication&) = delete;
   Communication& operator=(const Communication&) = delete;
@@ -49,6 +52,7 @@ class Communication {
 
   // Gives every request its number, its counts, and its place in the queue. An empty text if it was accepted, else the reason why not.
   std::string submit(Request request);
+  // Stops stay.
   void cancelWaiting() { mQueue.cancelWaiting(); }
   const Request* underWay() const { return mQueue.underWay(); }
   std::size_t waiting() const { return mQueue.waiting(); }
@@ -57,6 +61,7 @@ class Communication {
 
  private:
   std::string reasonAgainst(const Request& request) const;
+  bool goesToDevice(const Request& request) const;
   void answerLocally(Request request);
   void showProgress(const Request& request);
   void arrived(const Request& request, const Document& answer);
@@ -65,6 +70,8 @@ class Communication {
 
   Desktop& mDesktop;
   const Observers& mObservers;
+  const UserSession& mSession;
+  const SampleWatch& mSamples;
   Deliver mDeliver;
   std::optional<DataSet> mDataSet;
   Ref<IUnitConverter> mUnits;

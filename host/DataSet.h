@@ -41,6 +41,8 @@ class DataSet {
   std::string offlineValue(std::string_view parameter) const;
   std::string current(std::string_view parameter) const;
   bool synchronised(std::string_view parameter) const;
+  // How the value leaves, in the data set's own word (ActingValues); empty for one that does nothing.
+  std::string acts(std::string_view parameter) const { return attribute(parameter, "acts"); }
 
   // An edit that the device has not been told: one equal to the value is none.
   void edit(std::string_view parameter, std::string_view text);

@@ -28,8 +28,9 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
       mTextTables(mDataFolder / "texts"),
       mUnits(isThere(mDataFolder / "units.xml") ? UnitService::open(mDataFolder / "units.xml") : Ref<UnitService>(new UnitService)),
       mAddressService(new AddressService),
-      mCommunication(desktop, mObservers, [this](const Document& answer) { deliver(answer); }),
-      mOutputs(mObservers),
+      mSamples(mObservers),
+      mCommunication(desktop, mObservers, mSession, mSamples, [this](const Document& answer) { deliver(answer); }),
+      mOutputs(mObservers, mCommunication, mSamples),
       mTransfer(mCommunication),
       mComparison(mCommunication, mUnits),
       mLiveReading(desktop, mCommunication, [this] { return liveGroup(); }, [this](const std::string& parameter) { return isEdited(parameter); }) {
@@ -76,12 +77,11 @@ void Host::setLanguage(const std::string& language) {
 
 void Host::setUserLevel(int level) {
   mSession.level = level;
-  if (mCommunication.isBusy()) return;
-  // There is no event for a level: busy takes the write buttons away, free gives them to who may write.
-  const CommunicationMode before = mCommunication.mode();
-  setCommunicationMode(CommunicationMode::Busy);
-  setCommunicationMode(CommunicationMode::Free);
-  if (before != CommunicationMode::Free) setCommunicationMode(before);
+  for (const Ref<ViewSite>& site : std::vector(mSites)) {
+    // A view reads the level when it gets its Messenger, and only then.
+    site->setMessenger();
+    if (mCommunication.isBusy() && site->alive()) site->messenger().raise({ViewEvent::Kind::SetCommunicationMode, static_cast<int>(CommunicationMode::Busy), {}, {}});
+  }
 }
 
 void Host::setCommunicationMode(CommunicationMode mode) {

@@ -74,7 +74,7 @@ class Host {
   void setLanguage(const std::string& language);
   TextTables& textTables() { return mTextTables; }
   const Ref<ITextTable>& textTable() const { return mTextTable; }
-  // A higher or lower level takes effect on the write buttons at once.
+  // Gives each view its Messenger anew: there it reads the level.
   void setUserLevel(int level);
   void setMaximizeAllowed(bool allowed) { mSession.maximizeAllowed = allowed; }
   void setCommunicationMode(CommunicationMode mode);
@@ -162,6 +162,7 @@ class Host {
   Ref<UnitService> mUnits;
   Ref<AddressService> mAddressService;
   Document mTree;
+  SampleWatch mSamples;
   Communication mCommunication;
   OutputWatch mOutputs;
   Transfer mTransfer;

@@ -39,6 +39,22 @@ Node beginAnswer(const Document& request) {
   return answer;
 }
 
+std::vector<MessageItem> itemsBelow(const Node& element) {
+  std::vector<MessageItem> items;
+  for (Node item = element ? element.firstChild() : nullptr; item; item = item.nextSibling()) {
+    if (item.name() != "comm:item") continue;
+    MessageItem& each = items.emplace_back();
+    each.name = attribute(item, "name");
+    each.unit = attribute(item, "unit");
+    if (const Node value = item.firstChild()) {
+      const std::string_view element = value.name();
+      each.element = element.starts_with("comm:") ? element.substr(5) : element;
+      each.value = value.text();
+    }
+  }
+  return items;
+}
+
 }  // namespace
 
 Document readRequestText(const std::string& xml, const std::string& name) {
@@ -64,22 +80,9 @@ Node requestElement(const Document& request) {
   return root && root.name() == "comm:dtm" ? root.child("comm:communicationRequest") : nullptr;
 }
 
-std::vector<MessageItem> itemsOf(const Document& request) {
-  std::vector<MessageItem> items;
-  const Node asked = requestElement(request);
-  for (Node item = asked ? asked.firstChild() : nullptr; item; item = item.nextSibling()) {
-    if (item.name() != "comm:item") continue;
-    MessageItem& each = items.emplace_back();
-    each.name = attribute(item, "name");
-    each.unit = attribute(item, "unit");
-    if (const Node value = item.firstChild()) {
-      const std::string_view element = value.name();
-      each.element = element.starts_with("comm:") ? element.substr(5) : element;
-      each.value = value.text();
-    }
-  }
-  return items;
-}
+std::vector<MessageItem> itemsOf(const Document& request) { return itemsBelow(requestElement(request)); }
+
+std::vector<MessageItem> answeredItems(const Document& answer) { return itemsBelow(answer ? response(answer) : nullptr); }
 
 Document makeLocalAnswer(const Document& request, const std::vector<MessageItem>& items) {
   const Node answer = beginAnswer(request);

@@ -31,6 +31,8 @@ Document makeWriteRequest(const std::string& name, const std::vector<MessageItem
 // The communicationRequest element; empty if there is none.
 Node requestElement(const Document& request);
 std::vector<MessageItem> itemsOf(const Document& request);
+// Of an answer, in document order.
+std::vector<MessageItem> answeredItems(const Document& answer);
 
 // Answers that the host makes up. They are final, and their responseStatus is "local".
 Document makeLocalAnswer(const Document& request, const std::vector<MessageItem>& items);
@@ -44,6 +46,10 @@ struct AnswerHead {
   bool isFinal = false;
   bool local = false;
   std::string errorCode;
+
+  bool fromDevice() const { return valid && !local; }
+  // It says nothing of the device, not even that it has heard.
+  bool isCommunicationError() const { return errorCode == "communicationError" || errorCode == "errCommunicationError"; }
 };
 AnswerHead headOf(const Document& answer);
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "host/Actions.h"
 #include "platform/xml/Document.h"
 
 namespace ostrand {
@@ -22,6 +23,7 @@ struct Request {
   std::string name;
   bool write = false;
   Document document;
+  Action action;  // what it does at the device; told by the communication
   // Key of the text that is shown while it runs, and the two integers that came with it. The second is how many answers
   // are expected, 0 if nobody knows; the first is told to whoever shows the status, and means nothing to the host.
   std::string statusKey;

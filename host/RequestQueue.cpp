@@ -1,11 +1,22 @@
 #include "host/RequestQueue.h"
 
+#include <algorithm>
+#include <vector>
+
 #include "host/Messages.h"
 #include "platform/base/RuntimeError.h"
 
 namespace ostrand {
 
 namespace {
+
+bool isStop(const Request& request) { return request.action.effect == Effect::Stops; }
+
+// Whether a stop ends a request that waits: a write about the same, that is not itself a stop.
+bool ends(const Request& stop, const Request& waiting) {
+  const auto shared = [&](const std::string& each) { return stop.action.about.contains(each); };
+  return !isStop(waiting) && std::any_of(waiting.action.about.begin(), waiting.action.about.end(), shared);
+}
 
 // How long a device may be silent: more transactions than the bus tries, and a moment.
 double patience(const Device& device) { return 5 * device.busTimePerTransaction() + 1; }
@@ -27,17 +38,36 @@ void RequestQueue::connect(std::unique_ptr<Device> device) {
   const std::unique_ptr<Device> before = std::exchange(mDevice, std::move(device));
   if (before) before->cancelAll();
   cancelWaiting();
-  if (mCurrent) finish(Outcome::Cancelled);
+  if (mCurrent && isStop(*mCurrent)) {
+    mCurrent->answers = mCurrent->itemsDone = 0;
+    mWaiting.push_front(*std::exchange(mCurrent, std::nullopt));
+  }
+  if (mCurrent)
+    finish(Outcome::Cancelled);
+  else
+    sendNext();
 }
 
 void RequestQueue::submit(Request request) {
   if (!mDevice) throwNothingThere("the device");
-  mWaiting.push_back(std::move(request));
+  if (isStop(request)) {
+    cancel([stop = request](const Request& waiting) { return ends(stop, waiting); });
+    mWaiting.insert(std::find_if_not(mWaiting.begin(), mWaiting.end(), isStop), std::move(request));
+  } else {
+    mWaiting.push_back(std::move(request));
+  }
   if (!mCurrent) sendNext();
 }
 
 void RequestQueue::cancelWaiting() {
-  for (const Request& each : std::exchange(mWaiting, {})) mEvents.finished(each, Outcome::Cancelled);
+  cancel([](const Request& waiting) { return !isStop(waiting); });
+}
+
+void RequestQueue::cancel(const std::function<bool(const Request&)>& which) {
+  const auto first = std::stable_partition(mWaiting.begin(), mWaiting.end(), [&](const Request& each) { return !which(each); });
+  const std::vector<Request> taken(first, mWaiting.end());
+  mWaiting.erase(first, mWaiting.end());
+  for (const Request& each : taken) mEvents.finished(each, Outcome::Cancelled);
 }
 
 void RequestQueue::sendNext() {

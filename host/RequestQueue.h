@@ -11,7 +11,8 @@
 
 namespace ostrand {
 
-// Requests on their way to one device: in order, one under way at a time. A device that falls silent in the middle of a
+// Requests on their way to one device: in order, one under way at a time. A stop goes before all others that wait, and ends
+// those of them that are about the same. A device that falls silent in the middle of a
 // request is given up after a few of its transaction times, and the next request goes out. Answers that come when nobody
 // waits for them any more are dropped and told as stray.
 class RequestQueue {
@@ -33,13 +34,14 @@ class RequestQueue {
   RequestQueue& operator=(const RequestQueue&) = delete;
   ~RequestQueue();
 
-  // Takes the place of the device before; what was for that one is cancelled.
+  // Takes the place of the device before; what was for that one is cancelled. A stop that has not been answered is put again
+  // to the new device, and waits while there is none.
   void connect(std::unique_ptr<Device> device);
   Device* device() const { return mDevice.get(); }
 
   // Error 91 without a device.
   void submit(Request request);
-  // Takes back those that have not been sent yet.
+  // Takes back those that have not been sent yet, but for stops.
   void cancelWaiting();
 
   const Request* underWay() const { return mCurrent ? &*mCurrent : nullptr; }
@@ -47,6 +49,7 @@ class RequestQueue {
   bool idle() const { return !mCurrent && mWaiting.empty(); }
 
  private:
+  void cancel(const std::function<bool(const Request&)>& which);
   void sendNext();
   void take(int id, const Document& answer);
   void finish(Outcome outcome);

@@ -6,9 +6,11 @@ namespace ostrand {
 
 // Who sits before the host, and how the views are to speak to him.
 struct UserSession {
-  int level = 3;                // buttons that write need 3 or more
+  int level = 3;                // what changes the device needs 3 or more
   std::string language = "en";  // of TextTables
   bool maximizeAllowed = true;  // whether a view may enlarge a part of itself and open file dialogs
+
+  bool mayWrite() const { return level >= 3; }
 };
 
 // The communication modes as the views know them.

@@ -174,6 +174,7 @@ class PaperView : public HostObject<IPlaceable, ITaviView, ITaviDataUser, ITaviC
   void SetOfflineData(const Document& doc) override { take("SetOfflineData", doc); }
   void SetOnlineData(const Document& doc) override { take("SetOnlineData", doc); }
   void SetMessenger(const Ref<Messenger>& given) override {
+    if (messenger) messenger->Unsubscribe(*this);
     messenger = given;
     messenger->Subscribe(*this);
     note("SetMessenger");
