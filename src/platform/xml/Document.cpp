@@ -71,6 +71,14 @@ Document Document::readFile(const std::filesystem::path& path) {
   }
 }
 
+Document Document::copy() const {
+  const Node above = top();
+  Ref<Tree> tree(new Tree);
+  for (pugi::xml_node child : above.raw().children())
+    if (!isHidden(child)) tree->document.append_copy(child);
+  return Document(std::move(tree));
+}
+
 Node Document::top() const {
   if (!mTree) throwNothingThere("the document");
   return {mTree, mTree->document};
@@ -91,7 +99,7 @@ std::string Document::xml(bool indented) const {
   const Node above = top();
   StringWriter writer;
   for (pugi::xml_node child : above.raw().children()) {
-    if (child.name()[0] == '#') continue;
+    if (isHidden(child)) continue;
     child.print(writer, "  ", indented ? pugi::format_indent : pugi::format_raw);
     if (!indented && child.type() == pugi::node_declaration) writer.text += '\n';
   }

@@ -22,6 +22,9 @@ class Document {
   // Throws also 53 (not found) and 70 (not readable).
   static Document readFile(const std::filesystem::path& path);
 
+  // A document of its own with the same contents, detached nodes left behind. An empty handle is error 91.
+  Document copy() const;
+
   explicit operator bool() const { return static_cast<bool>(mTree); }
   friend bool operator==(const Document& a, const Document& b) { return a.mTree == b.mTree; }
 

@@ -25,14 +25,22 @@ std::uint32_t hashOf(std::string_view text) {
   return static_cast<std::uint32_t>(hash * kMultiplier >> 32);
 }
 
-std::string_view nameOf(pugi::xml_node node) {
-  // The name is the first attribute in every data set that we know; the search is for the others.
+// The `name` attribute's value; nothing without one.
+const char* nameAttribute(pugi::xml_node node) {
+  // It is the first attribute in every data set that we know; the search is for the others.
   const pugi::xml_attribute first = node.first_attribute();
-  if (std::strcmp(first.name(), "name") == 0) return first.value();
-  return node.attribute("name").value();
+  const char* const called = first.name();
+  if (called[0] == 'n' && called[1] == 'a' && called[2] == 'm' && called[3] == 'e' && !called[4]) return first.value();
+  const pugi::xml_attribute other = node.attribute("name");
+  return other ? other.value() : nullptr;
 }
 
-bool hasName(pugi::xml_node node) { return static_cast<bool>(node.attribute("name")); }
+std::string_view nameOf(pugi::xml_node node) {
+  const char* const name = nameAttribute(node);
+  return name ? name : std::string_view();
+}
+
+std::string_view nameOf(std::string_view name) { return name; }
 
 bool isCalled(pugi::xml_node node, const char* name) { return std::strcmp(node.name(), name) == 0; }
 
@@ -58,14 +66,48 @@ bool comesBefore(pugi::xml_node a, pugi::xml_node b) {
   }
 }
 
+// One step in document order, forwards and backwards.
+pugi::xml_node nodeBehind(pugi::xml_node at) {
+  if (const pugi::xml_node child = at.first_child()) return child;
+  for (; at; at = at.parent()) {
+    pugi::xml_node next = at.next_sibling();
+    if (next && isHidden(next)) next = next.next_sibling();
+    if (next) return next;
+  }
+  return {};
+}
+
+pugi::xml_node nodeBefore(pugi::xml_node at) {
+  pugi::xml_node before = at.previous_sibling();
+  if (before && isHidden(before)) before = before.previous_sibling();
+  if (!before) return at.parent();
+  while (const pugi::xml_node last = before.last_child()) before = last;
+  return before;
+}
+
 }  // namespace
 
 void NameIndex::build(pugi::xml_node document) {
   reset();
-  mSlots.assign(64, Slot{});
   mBuilt = true;
-  for (pugi::xml_node child = document.last_child(); child; child = child.previous_sibling())
-    if (child.name()[0] != '#') eachMember(child, [&](pugi::xml_node node) { add(node, true); });
+  for (pugi::xml_node child = document.first_child(); child; child = child.next_sibling())
+    if (!isHidden(child))
+      eachMember(child, [&](pugi::xml_node node) {
+        const char* const name = nameAttribute(node);
+        if (name) mEntries.push_back({node.internal_object(), hashOf(name)});  // for `next` there is no use yet
+      });
+  std::size_t slots = 32;
+  while (slots < mEntries.size() * 2) slots *= 2;
+  mSlots.assign(slots, Slot{});
+  // The last first: whoever has the same name stands in front of it, and no chain is searched for its end.
+  for (std::size_t i = mEntries.size(); i-- > 0;) {
+    const auto entry = static_cast<std::uint32_t>(i + 1);
+    const std::uint32_t hash = mEntries[i].next;
+    Slot& slot = mSlots[slotOf(nodeOf(entry), hash)];
+    if (!slot.entry) ++mUsed;
+    mEntries[i].next = slot.entry;
+    slot = {hash, entry};
+  }
 }
 
 void NameIndex::reset() {
@@ -78,16 +120,17 @@ void NameIndex::reset() {
 template <class Do>
 void NameIndex::eachMember(pugi::xml_node top, Do apply) const {
   if (mPath.size() == 1) {
-    const auto lastIn = [](pugi::xml_node node) {
-      while (const pugi::xml_node last = node.last_child()) node = last;
-      return node;
-    };
-    for (pugi::xml_node at = lastIn(top);; ) {
+    for (pugi::xml_node at = top; at;) {
       if (isCalled(at, mPath[0])) apply(at);
-      if (at == top) return;
-      const pugi::xml_node before = at.previous_sibling();
-      at = before ? lastIn(before) : at.parent();
+      if (const pugi::xml_node child = at.first_child()) {
+        at = child;
+        continue;
+      }
+      pugi::xml_node next;
+      while (at != top && !(next = at.next_sibling())) at = at.parent();
+      at = next;
     }
+    return;
   }
   const std::size_t depth = depthOnPath(top);
   if (depth > 0) eachBelow(top, depth, apply);
@@ -96,8 +139,8 @@ void NameIndex::eachMember(pugi::xml_node top, Do apply) const {
 template <class Do>
 void NameIndex::eachBelow(pugi::xml_node node, std::size_t depth, Do& apply) const {
   if (depth == mPath.size()) return apply(node);
-  for (pugi::xml_node child = node.last_child(); child; child = child.previous_sibling())
-    if (isCalled(child, mPath[depth])) eachBelow(child, depth + 1, apply);
+  const char* const name = mPath[depth];
+  for (pugi::xml_node child = node.child(name); child; child = child.next_sibling(name)) eachBelow(child, depth + 1, apply);
 }
 
 std::size_t NameIndex::depthOnPath(pugi::xml_node node) const {
@@ -115,7 +158,7 @@ bool NameIndex::isMember(pugi::xml_node node) const {
 }
 
 void NameIndex::inserted(pugi::xml_node node) {
-  if (mBuilt) eachMember(node, [&](pugi::xml_node member) { add(member, false); });
+  if (mBuilt) eachMember(node, [&](pugi::xml_node member) { add(member); });
 }
 
 void NameIndex::removing(pugi::xml_node node) {
@@ -127,14 +170,15 @@ void NameIndex::renaming(pugi::xml_node node) {
 }
 
 void NameIndex::renamed(pugi::xml_node node) {
-  if (mBuilt && isMember(node)) add(node, false);
+  if (mBuilt && isMember(node)) add(node);
 }
 
-std::size_t NameIndex::slotOf(std::string_view name, std::uint32_t hash) const {
+template <class Named>
+std::size_t NameIndex::slotOf(Named named, std::uint32_t hash) const {
   const std::size_t mask = mSlots.size() - 1;
   std::size_t at = hash & mask;
   for (; mSlots[at].entry; at = (at + 1) & mask)
-    if (mSlots[at].hash == hash && nameOf(pugi::xml_node(mEntries[mSlots[at].entry - 1].node)) == name) break;
+    if (mSlots[at].hash == hash && nameOf(nodeOf(mSlots[at].entry)) == nameOf(named)) break;
   return at;
 }
 
@@ -145,14 +189,14 @@ std::uint32_t NameIndex::head(std::string_view name) const {
 
 pugi::xml_node NameIndex::find(std::string_view name) const {
   const std::uint32_t entry = head(name);
-  return entry ? pugi::xml_node(mEntries[entry - 1].node) : pugi::xml_node();
+  return entry ? nodeOf(entry) : pugi::xml_node();
 }
 
-void NameIndex::add(pugi::xml_node node, bool first) {
-  const std::string_view name = nameOf(node);
-  if (name.empty() && !hasName(node)) return;
+void NameIndex::add(pugi::xml_node node) {
+  const char* const name = nameAttribute(node);
+  if (!name) return;
   const std::uint32_t hash = hashOf(name);
-  Slot* slot = &mSlots[slotOf(name, hash)];
+  Slot* slot = &mSlots[slotOf(std::string_view(name), hash)];
   mEntries.push_back({node.internal_object(), 0});
   const auto entry = static_cast<std::uint32_t>(mEntries.size());
   if (!slot->entry) {
@@ -160,10 +204,36 @@ void NameIndex::add(pugi::xml_node node, bool first) {
     if (++mUsed * 2 > mSlots.size()) grow();
     return;
   }
-  std::uint32_t* link = &slot->entry;
-  while (*link && !first && comesBefore(pugi::xml_node(mEntries[*link - 1].node), node)) link = &mEntries[*link - 1].next;
+  std::uint32_t* const link = linkFor(slot->entry, node);
   mEntries[entry - 1].next = *link;
   *link = entry;
+}
+
+std::uint32_t* NameIndex::linkFor(std::uint32_t& head, pugi::xml_node node) {
+  constexpr int kFew = 8;
+  std::uint32_t* link = &head;
+  for (int i = 0; *link && i < kFew; ++i) link = &mEntries[*link - 1].next;
+  if (!*link) {
+    link = &head;
+    while (*link && comesBefore(nodeOf(*link), node)) link = &mEntries[*link - 1].next;
+    return link;
+  }
+  // Among many of one name the next of them stands near. It may be part of what is being inserted, and not be known yet.
+  const std::string_view name = nameOf(node);
+  const auto linkTo = [&](pugi::xml_node other) -> std::uint32_t* {
+    const char* const its = other && isCalled(other, mPath.back()) ? nameAttribute(other) : nullptr;
+    if (!its || name != its || !isMember(other)) return nullptr;
+    std::uint32_t* at = &head;
+    while (*at && mEntries[*at - 1].node != other.internal_object()) at = &mEntries[*at - 1].next;
+    return *at ? at : nullptr;
+  };
+  for (pugi::xml_node before = node, behind = node;;) {
+    if (before) before = nodeBefore(before);
+    if (std::uint32_t* const found = linkTo(before)) return &mEntries[*found - 1].next;
+    if (behind) behind = nodeBehind(behind);
+    if (std::uint32_t* const found = linkTo(behind)) return found;
+    if (!before && !behind) return &head;
+  }
 }
 
 void NameIndex::remove(pugi::xml_node node) {

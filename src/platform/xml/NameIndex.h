@@ -9,6 +9,9 @@
 
 namespace ostrand {
 
+// Whether it is the element below which a tree keeps its detached nodes: a child of the document that is no part of it.
+inline bool isHidden(pugi::xml_node node) { return node.name()[0] == '#'; }
+
 // Elements of one kind by their `name` attribute: a flat open-addressing table, built in one pass over the
 // elements that `path` tells. Elements that share a name hang on one chain in document order, so the first
 // of them is what the path would select.
@@ -28,7 +31,7 @@ class NameIndex {
   template <class Visit>
   void forEach(std::string_view name, Visit visit) const {
     for (std::uint32_t i = head(name); i; i = mEntries[i - 1].next)
-      if (!visit(pugi::xml_node(mEntries[i - 1].node))) return;
+      if (!visit(nodeOf(i))) return;
   }
 
   // The tree tells its changes: an element that is in place with all that is in it, one that is about to go
@@ -51,8 +54,7 @@ class NameIndex {
     std::uint32_t entry;  // index + 1 of the first element of this name, 0 when free
   };
 
-  // Calls `apply` for each member at or below `top`, the last first: what is built so needs no search for
-  // the end of a chain, however many elements share a name.
+  // Calls `apply` for each member at or below `top` in document order.
   template <class Do>
   void eachMember(pugi::xml_node top, Do apply) const;
   template <class Do>
@@ -60,10 +62,14 @@ class NameIndex {
   // How many names of the path lead to this element; 0 if it stands elsewhere.
   std::size_t depthOnPath(pugi::xml_node node) const;
   bool isMember(pugi::xml_node node) const;
-  // With `first` before all others of its name, else by document order.
-  void add(pugi::xml_node node, bool first);
+  pugi::xml_node nodeOf(std::uint32_t entry) const { return pugi::xml_node(mEntries[entry - 1].node); }
+  void add(pugi::xml_node node);
+  // The link of the chain from `head` that shall lead to this element.
+  std::uint32_t* linkFor(std::uint32_t& head, pugi::xml_node node);
   void remove(pugi::xml_node node);
-  std::size_t slotOf(std::string_view name, std::uint32_t hash) const;
+  // Where the name of this text, or of this node, stands or would stand.
+  template <class Named>
+  std::size_t slotOf(Named named, std::uint32_t hash) const;
   std::uint32_t head(std::string_view name) const;
   void grow();
 

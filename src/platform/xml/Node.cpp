@@ -10,7 +10,7 @@ namespace ostrand {
 
 namespace {
 
-bool isElement(pugi::xml_node node) { return node.type() == pugi::node_element && node.name()[0] != '#'; }
+bool isElement(pugi::xml_node node) { return node.type() == pugi::node_element && !isHidden(node); }
 
 pugi::xml_node elementFrom(pugi::xml_node node) {
   while (node && !isElement(node)) node = node.next_sibling();

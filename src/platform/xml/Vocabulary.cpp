@@ -71,11 +71,15 @@ std::optional<std::string> attributeAnywhere(const Document& doc, const char* el
 std::string homeGroup(const Document& doc, std::string_view parameterName) {
   pugi::xml_node only, home;
   std::size_t count = 0;
-  ready(doc, &Tree::includedParams, parameterName).forEach(parameterName, [&](pugi::xml_node included) {
-    if (++count == 1) only = included;
+  const auto isHome = [](pugi::xml_node included) {
     const pugi::xml_attribute clone = included.attribute("clone");
-    if (!home && (!clone || std::string_view(clone.value()) == "0")) home = included;
-    return count < 2 || !home;
+    return !clone || std::string_view(clone.value()) == "0";
+  };
+  ready(doc, &Tree::includedParams, parameterName).forEach(parameterName, [&](pugi::xml_node included) {
+    if (++count == 1) return only = included, true;
+    if (count == 2 && isHome(only)) home = only;
+    if (!home && isHome(included)) home = included;
+    return !home;
   });
   const pugi::xml_node found = count == 1 ? only : home;
   return found.parent().attribute("name").value();

@@ -8,6 +8,7 @@
 #include "platform/base/File.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/Vocabulary.h"
+#include "support/ErrorOf.h"
 
 namespace ostrand {
 namespace {
@@ -199,6 +200,26 @@ TEST(DocumentType, EntitiesOfEntitiesCostNothing) {
   for (int i = 1; i < 60; ++i)
     text += "<!ENTITY e" + std::to_string(i) + " \"&e" + std::to_string(i - 1) + ";&e" + std::to_string(i - 1) + ";\">";
   EXPECT_EQ(Document::read(text + "]><a>&e59;</a>").root().text(), "&e59;");
+}
+
+TEST(Document, ACopyIsADocumentOfItsOwn) {
+  const Document doc = Document::read("<?xml version=\"1.0\"?><!-- top --><d:dtm xmlns:d=\"x-schema:TAVPersistentDataSchema.xml\"><a n=\"1 &lt; 2\"> </a><b>t<![CDATA[<c>]]></b></d:dtm>");
+  doc.select("//b").clone();
+  const Document copy = doc.copy();
+  EXPECT_EQ(copy.xml(), doc.xml());
+  EXPECT_EQ(copy.root().name(), "data:dtm");
+  copy.select("//a").setAttribute("n", "other");
+  copy.select("//b").remove();
+  EXPECT_EQ(doc.select("//a").attribute("n"), "1 < 2");
+  EXPECT_TRUE(doc.select("//b"));
+  EXPECT_EQ(test::errorOf([] { (void)Document().copy(); }), RuntimeError::NothingThere);
+}
+
+TEST(Document, ACopyOutlivesWhatItWasMadeFrom) {
+  Document doc = Document::read("<dtm><a name='text'/></dtm>");
+  const Document copy = doc.copy();
+  doc = Document();
+  EXPECT_EQ(copy.xml(), "<dtm><a name=\"text\"/></dtm>");
 }
 
 }  // namespace

@@ -206,6 +206,63 @@ TEST(NameIndex, ManyOfOneNameAreReadInOrder) {
   }
 }
 
+// Two names in many places: long chains, changed at any place of theirs.
+class FewNames {
+ public:
+  explicit FewNames(unsigned seed) : mRandom(seed) {
+    std::string text = "<comm:dtm><comm:communicationResponse>";
+    for (int i = 0; i < 60; ++i) text += std::string("<comm:item name='") + (mRandom() % 5 ? "a" : "b") + "'><comm:item name='a'/></comm:item>";
+    doc = Document::read(text + "</comm:communicationResponse></comm:dtm>");
+  }
+
+  void step() {
+    const std::vector<Node> all = doc.selectAll("//comm:item | //comm:communicationResponse");
+    const auto any = [&] { return all[mRandom() % all.size()]; };
+    const Node node = any();
+    switch (mRandom() % 5) {
+      case 0: node.setAttribute("name", mRandom() % 2 ? "a" : "b"); break;
+      case 1:
+        if (all.size() > 60 && node.name() == "comm:item") node.remove();
+        break;
+      case 2: node.append(any().clone()); break;
+      default:
+        if (node.name() == "comm:item" && all.size() < 200) node.parent().insertBefore(any().clone(), node);
+        break;
+    }
+  }
+  // Every element of every name, in its turn.
+  void drain() {
+    for (const std::string name : {"a", "b"}) {
+      for (const Lookup& lookup : kLookups)
+        while (true) {
+          const Node first = lookup.find(doc, name);
+          ASSERT_TRUE(first == doc.select(lookup.before + ("[@name=\"" + name + "\"]"))) << lookup.before;
+          if (!first) break;
+          first.remove();
+        }
+    }
+  }
+
+  Document doc;
+
+ private:
+  std::mt19937 mRandom;
+};
+
+TEST(NameIndex, ManyOfOneNameStayInOrderThroughEveryChange) {
+  for (unsigned seed = 1; seed <= 8; ++seed) {
+    FewNames names(seed);
+    item(names.doc, "a"), itemAnywhere(names.doc, "a");
+    for (int step = 0; step < 300; ++step) {
+      names.step();
+      ASSERT_TRUE(item(names.doc, "a") == names.doc.select("comm:dtm/comm:communicationResponse/comm:item[@name=\"a\"]")) << "seed " << seed << ", step " << step;
+      ASSERT_TRUE(itemAnywhere(names.doc, "b") == names.doc.select("//comm:item[@name=\"b\"]")) << "seed " << seed << ", step " << step;
+    }
+    names.drain();
+    if (testing::Test::HasFatalFailure()) FAIL() << "seed " << seed;
+  }
+}
+
 TEST(NameIndex, WritingValuesLeavesItAlone) {
   const Document doc = Document::read("<data:dtm><data:persistentData><data:parameters><data:parameter name='a' value='1'/></data:parameters></data:persistentData></data:dtm>");
   ASSERT_TRUE(parameter(doc, "a"));
