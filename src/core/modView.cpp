@@ -82,13 +82,14 @@ Node findMapping(Procedure& proc, const Document& doc, const std::string& name, 
   const std::string tag = "ctr_" + name;
   proc.step([&] { proc.messenger().Log(kLogMapping, "Parsing " + tag); });
   const std::size_t length = tag.size();
+  std::string candidate;
   for (std::size_t i = length; i >= kPrefixLength; --i) {
     const char c = tag[i - 1];
     const bool lower = c >= 'a' && c <= 'z';
     if (lower && i != kPrefixLength) continue;
     if (c == '_') cut = length - i + 1;
     if (length <= i + cut) continue;
-    std::string candidate = tag.substr(i - 1, length - i - cut + 1);
+    candidate.assign(tag, i - 1, length - i - cut + 1);
     if (c >= 'A' && c <= 'Z') candidate[0] = static_cast<char>(c - 'A' + 'a');
     found = proc.value(Node(), [&] { return mapping(doc, candidate); });
     if (!found) continue;
