@@ -18,7 +18,7 @@ struct Work {
 // The median seconds of one call of each. They take turns, so that a burst of other load meets all of them.
 std::vector<double> timed(const std::vector<Work>& works);
 
-// Does the work once under callgrind, which then writes its counts under the work's name.
+// Does the work under callgrind, which then writes its counts under the work's name.
 void counted(const Work& work);
 // The instructions by work's name, from the files that callgrind has left in this folder.
 std::map<std::string, double> readCounts(const std::string& folder);

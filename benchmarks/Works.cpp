@@ -9,6 +9,7 @@
 #include "benchmarks/Heap.h"
 #include "benchmarks/Placed.h"
 #include "component/Classes.h"
+#include "platform/xml/Vocabulary.h"
 
 namespace ostrand::bench {
 
@@ -80,6 +81,16 @@ Work firstWalk(By by, int parameters, int controls) {
           }};
 }
 
+Work furtherWalk(int parameters, int controls) {
+  const std::string& text = dataSet(parameters);
+  return {workName(By::Ostrand, "further walk", {parameters, controls}), [=, &text](Meter& meter) {
+            const Placed first(new BenchView(20, parameters)), further(new BenchView(controls, parameters));
+            const Document doc = Document::read(text);
+            offlineData(first, doc);
+            meter.measure([&] { offlineData(further, doc); });
+          }};
+}
+
 Work sixViews(int parameters) {
   const std::string& text = dataSet(parameters);
   return {workName(By::Ostrand, "six views", {parameters}), [=, &text](Meter& meter) {
@@ -105,6 +116,31 @@ Work answer(By by, int items) {
               classicOnlineData(*live->placed.view, *paths);
               paths.reset();
             });
+          }};
+}
+
+Work errorAnswer(int items, int controls) {
+  std::string text = answerText(items, 1);
+  const std::string status = "responseStatus=\"ok\"";
+  text.replace(text.find(status), status.size(), "errorCode=\"communicationError\"");
+  return {workName(By::Ostrand, "error", {items, controls}), [=](Meter& meter) {
+            const Placed placed(new BenchView(controls, items));
+            const Document doc = Document::read(text);
+            meter.measure([&] { placed.as<ITaviDataUser>()->SetErrorData(doc); });
+            placed.check();
+          }};
+}
+
+Work insertionAmong(int elements) {
+  std::string text = "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"><comm:communicationResponse>";
+  for (int i = 0; i < elements; ++i) text += "<comm:item name=\"a\"/>";
+  const Document doc = Document::read(text + "</comm:communicationResponse></comm:dtm>");
+  const Node middle = response(doc).select("comm:item[" + std::to_string(elements / 2) + "]");
+  return {workName(By::Ostrand, "insertion", {elements}), [=](Meter& meter) {
+            if (!item(doc, "a")) throw std::runtime_error("no such item");
+            const Node more = middle.clone();
+            meter.measure([&] { middle.parent().insertBefore(more, middle); });
+            more.remove();
           }};
 }
 

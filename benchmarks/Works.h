@@ -14,10 +14,17 @@ std::string workName(By by, const std::string& what, std::initializer_list<int> 
 // The first walk of a data set that has just been read, with a view that has not seen one: all indexes that
 // it needs are built on the way. The peers walk the classic way; reading does not count.
 Work firstWalk(By by, int parameters, int controls);
+// The walk of a view of so many controls over a data set that a view of 20 has walked before.
+Work furtherWalk(int parameters, int controls);
 // Six views of 60 controls one after another over a data set that has just been read.
 Work sixViews(int parameters);
 // A new answer to a view of 60 controls that shows the values of another one, reading included.
 Work answer(By by, int items);
+
+// An answer with an error code and so many items, of which some belong to the view of so many controls; already read.
+Work errorAnswer(int items, int controls);
+// One more element in the middle of so many that share its name, in a document that has been asked for it.
+Work insertionAmong(int elements);
 
 // The reading of a data set by Ostrand or pugixml, and by pugixml without its copy of the text.
 Work read(By by, int parameters);
