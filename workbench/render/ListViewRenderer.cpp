@@ -7,7 +7,6 @@
 #include <QScrollBar>
 #include <algorithm>
 
-#include "platform/base/NumberText.h"
 #include "workbench/render/FormPage.h"
 #include "workbench/render/ViewPanel.h"
 
@@ -21,14 +20,7 @@ constexpr double kCellPadding = 10;
 constexpr int kRowsAtLeast = 2;
 constexpr int kRowsAtMost = 3;  // before a list scrolls by itself, if there is no more room
 
-bool isTrend(const QString& text) {
-  return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() >= kLowestBar && c.unicode() <= kHighestBar; });
-}
-
-bool isNumber(const QString& text) {
-  const std::string plain = fromQt(text);
-  return parseNumber(plain, '.') || parseNumber(plain, ',');
-}
+constexpr int kContent = Qt::UserRole;
 
 // A table that tells when its width is another one: only then the spare room can be shared out.
 class Table : public QTableView {
@@ -53,7 +45,7 @@ class CellPainter : public QStyledItemDelegate {
     QStyleOptionViewItem quiet = option;
     quiet.state &= ~QStyle::State_HasFocus;
     const QString text = index.data(Qt::DisplayRole).toString();
-    if (!isTrend(text)) return QStyledItemDelegate::paint(painter, quiet, index);
+    if (text.isEmpty() || index.data(kContent).toInt() != static_cast<int>(ListView::Content::Trend)) return QStyledItemDelegate::paint(painter, quiet, index);
     painter->save();
     if (option.state & QStyle::State_Selected) painter->fillRect(option.rect, mTheme.selection);
     painter->setRenderHint(QPainter::Antialiasing);
@@ -87,66 +79,68 @@ class CellPainter : public QStyledItemDelegate {
 
 // --- the snapshot
 
-bool ListSnapshot::follow(const Theme& theme) {
+ListSnapshot::Row ListSnapshot::read(int row, const Theme& theme) const {
+  Row made;
+  made.checked = mList.Checked(row);
+  for (int column = 1; column <= columnCount(); ++column) made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(mList.CellColor(row, column))});
+  return made;
+}
+
+// Columns and boxes; true if the table is another one now.
+bool ListSnapshot::followForm() {
   std::vector<QString> headers;
   for (int column = 1; column <= mList.ColumnCount(); ++column) headers.push_back(toQt(mList.Header(column)));
-  bool texts = headers != mHeaders;
-  const bool newForm = headers.size() != mHeaders.size() || mBoxes != mList.CheckBoxes() || mEditable != mList.LabelEdit();
-  const int count = mList.Count();
-  std::vector<Row> rows;
-  rows.reserve(static_cast<std::size_t>(count));
-  for (int row = 1; row <= count; ++row) {
-    Row& made = rows.emplace_back();
-    made.checked = mList.Checked(row);
-    for (int column = 1; column <= static_cast<int>(headers.size()); ++column)
-      made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(mList.CellColor(row, column))});
-  }
-  if (newForm) {
-    beginResetModel();
-    mHeaders = std::move(headers);
-    mRows = std::move(rows);
-    mBoxes = mList.CheckBoxes();
-    mEditable = mList.LabelEdit();
+  const bool isNew = headers.size() != mHeaders.size() || mBoxes != mList.CheckBoxes() || mEditable != mList.LabelEdit();
+  if (isNew) beginResetModel();
+  if (isNew) mRows.clear();
+  mHeaders = std::move(headers);
+  mBoxes = mList.CheckBoxes();
+  mEditable = mList.LabelEdit();
+  mContents.clear();
+  for (int column = 1; column <= mList.ColumnCount(); ++column) mContents.push_back(mList.ColumnContent(column));
+  if (isNew)
     endResetModel();
-    texts = true;
-  } else {
-    if (texts) {
-      mHeaders = std::move(headers);
-      Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
-    }
-    if (rows.size() < mRows.size()) {
-      beginRemoveRows({}, static_cast<int>(rows.size()), rowCount() - 1);
-      mRows.resize(rows.size());
-      endRemoveRows();
-    }
-    for (std::size_t row = 0; row < mRows.size(); ++row) {
-      if (mRows[row] == rows[row]) continue;
-      for (std::size_t column = 0; column < mHeaders.size(); ++column) {
-        if (mRows[row].cells[column] == rows[row].cells[column] && (column > 0 || mRows[row].checked == rows[row].checked)) continue;
-        texts |= mRows[row].cells[column].text != rows[row].cells[column].text;
-        mRows[row].cells[column] = rows[row].cells[column];
-        if (column == 0) mRows[row].checked = rows[row].checked;
-        const QModelIndex cell = index(static_cast<int>(row), static_cast<int>(column));
-        Q_EMIT dataChanged(cell, cell);
-      }
-    }
-    if (rows.size() > mRows.size()) {
-      beginInsertRows({}, rowCount(), static_cast<int>(rows.size()) - 1);
-      for (std::size_t row = mRows.size(); row < rows.size(); ++row) mRows.push_back(rows[row]);
-      endInsertRows();
-      texts = true;
-    }
+  else if (!mHeaders.empty())
+    Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+  return isNew;
+}
+
+ListSnapshot::Followed ListSnapshot::follow(const Theme& theme) {
+  Followed followed;
+  if (mSeen == 0 || mList.changeOfForm() > mSeen) {
+    followed.all = true;
+    if (followForm()) mSeen = 0;
   }
-  if (texts) {
-    mNumeric.assign(mHeaders.size(), false);
+  const int count = mList.Count();
+  if (count < rowCount()) {
+    beginRemoveRows({}, count, rowCount() - 1);
+    mRows.resize(static_cast<std::size_t>(count));
+    endRemoveRows();
+  }
+  for (int row = 1; row <= rowCount(); ++row) {
+    if (mSeen > 0 && mList.changeOfRow(row) <= mSeen) continue;
+    Row now = read(row, theme);
+    Row& was = mRows[static_cast<std::size_t>(row) - 1];
     for (std::size_t column = 0; column < mHeaders.size(); ++column) {
-      int numbers = 0, others = 0;
-      for (const Row& row : mRows)
-        if (!row.cells[column].text.isEmpty()) ++(isNumber(row.cells[column].text) ? numbers : others);
-      mNumeric[column] = numbers > others;
+      const bool sameBox = column > 0 || was.checked == now.checked;
+      if (was.cells[column] == now.cells[column] && sameBox) continue;
+      was.cells[column] = std::move(now.cells[column]);
+      if (!sameBox) was.checked = now.checked;
+      const QModelIndex cell = index(row - 1, static_cast<int>(column));
+      Q_EMIT dataChanged(cell, cell);
     }
+    followed.rows.push_back(row - 1);
   }
-  return texts;
+  if (count > rowCount()) {
+    beginInsertRows({}, rowCount(), count - 1);
+    for (int row = rowCount() + 1; row <= count; ++row) {
+      mRows.push_back(read(row, theme));
+      followed.rows.push_back(row - 1);
+    }
+    endInsertRows();
+  }
+  mSeen = mList.changeCount();
+  return followed;
 }
 
 QVariant ListSnapshot::data(const QModelIndex& index, int role) const {
@@ -157,8 +151,9 @@ QVariant ListSnapshot::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
     case Qt::EditRole: return cell.text;
     case Qt::ForegroundRole: return QBrush(cell.color);
-    case Qt::TextAlignmentRole: return int(Qt::AlignVCenter | (mNumeric[static_cast<std::size_t>(index.column())] ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::TextAlignmentRole: return int(Qt::AlignVCenter | (content(index.column()) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::CheckStateRole: return mBoxes && index.column() == 0 ? QVariant(row.checked ? Qt::Checked : Qt::Unchecked) : QVariant();
+    case kContent: return static_cast<int>(content(index.column()));
     default: return {};
   }
 }
@@ -167,7 +162,7 @@ QVariant ListSnapshot::headerData(int section, Qt::Orientation orientation, int 
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
   if (role == Qt::DisplayRole) return mHeaders[static_cast<std::size_t>(section)];
   if (role == Qt::TextAlignmentRole)
-    return int(Qt::AlignVCenter | (static_cast<std::size_t>(section) < mNumeric.size() && mNumeric[static_cast<std::size_t>(section)] ? Qt::AlignRight : Qt::AlignLeft));
+    return int(Qt::AlignVCenter | (content(section) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
   return {};
 }
 
@@ -217,12 +212,18 @@ void ListViewRenderer::restyle() {
   mTable->verticalHeader()->setDefaultSectionSize(fieldHeight());
   static_cast<CellPainter*>(mTable->itemDelegate())->restyle(theme());
   mWidths.clear();
+  mSnapshot->forget();
 }
 
 void ListViewRenderer::sync() {
-  if (mSnapshot->follow(theme()) || mWidths.empty()) {
+  const ListSnapshot::Followed followed = mSnapshot->follow(theme());
+  if (followed.all || !followed.rows.empty()) {
     mWidths.resize(static_cast<std::size_t>(mSnapshot->columnCount()));
-    for (std::size_t column = 0; column < mWidths.size(); ++column) mWidths[column] = std::max(mWidths[column], contentWidth(static_cast<int>(column)));
+    for (std::size_t i = 0; i < mWidths.size(); ++i) {
+      const int column = static_cast<int>(i);
+      if (followed.all) mWidths[i] = std::max(mWidths[i], headWidth(column));
+      for (int row : followed.rows) mWidths[i] = std::max(mWidths[i], contentWidth(row, column));
+    }
     shareWidth();
   }
   const int selected = mModel.SelectedRow() - 1;
@@ -233,17 +234,17 @@ void ListViewRenderer::sync() {
   setEnabled(*mTable, mModel.Enabled());
 }
 
-int ListViewRenderer::contentWidth(int column) const {
-  const QFontMetrics body(mTable->font()), head(mTable->horizontalHeader()->font());
-  const int pad = 2 * theme().px(kCellPadding);
-  int widest = head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + pad + theme().px(10);
-  const int boxes = column == 0 && mModel.CheckBoxes() ? theme().px(28) : 0;
-  for (int row = 0; row < mSnapshot->rowCount(); ++row) {
-    const QString text = mSnapshot->index(row, column).data(Qt::DisplayRole).toString();
-    const int width = isTrend(text) ? static_cast<int>(text.size()) * theme().px(9) : body.horizontalAdvance(text);
-    widest = std::max(widest, width + pad + boxes + theme().px(8));
-  }
-  return widest;
+int ListViewRenderer::headWidth(int column) const {
+  const QFontMetrics head(mTable->horizontalHeader()->font());
+  return head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + 2 * theme().px(kCellPadding) + theme().px(10);
+}
+
+int ListViewRenderer::contentWidth(int row, int column) const {
+  const QString text = mSnapshot->index(row, column).data(Qt::DisplayRole).toString();
+  const bool isTrend = mSnapshot->content(column) == ListView::Content::Trend;
+  const int width = isTrend ? static_cast<int>(text.size()) * theme().px(9) : QFontMetrics(mTable->font()).horizontalAdvance(text);
+  const int box = column == 0 && mModel.CheckBoxes() ? theme().px(28) : 0;
+  return width + 2 * theme().px(kCellPadding) + box + theme().px(8);
 }
 
 // What is left over goes to the columns as the form shares its own width among them.

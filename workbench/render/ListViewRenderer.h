@@ -19,8 +19,16 @@ class ListSnapshot : public QAbstractTableModel {
 
   explicit ListSnapshot(ListView& list, QObject* parent) : QAbstractTableModel(parent), mList(list) {}
 
-  // True if a text has changed.
-  bool follow(const Theme& theme);
+  // What has to be measured anew.
+  struct Followed {
+    bool all = false;
+    std::vector<int> rows;  // from 0
+  };
+  // Takes over what has changed since the last time, and nothing else.
+  Followed follow(const Theme& theme);
+  // The colours are others: everything is taken over again.
+  void forget() { mSeen = 0; }
+  ListView::Content content(int column) const { return mContents[static_cast<std::size_t>(column)]; }
 
   int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : static_cast<int>(mRows.size()); }
   int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : static_cast<int>(mHeaders.size()); }
@@ -41,15 +49,19 @@ class ListSnapshot : public QAbstractTableModel {
     friend bool operator==(const Row&, const Row&) = default;
   };
 
+  bool followForm();
+  Row read(int row, const Theme& theme) const;
+
   ListView& mList;
+  std::uint64_t mSeen = 0;  // the list's count of changes
   std::vector<QString> mHeaders;
-  std::vector<bool> mNumeric;  // by column: most of its cells are numbers
+  std::vector<ListView::Content> mContents;
   std::vector<Row> mRows;
   bool mBoxes = false;
   bool mEditable = false;
 };
 
-// A table. A cell of nothing but block characters is a trend and is painted as a line.
+// A table. A trend is painted as a line.
 class ListViewRenderer : public ControlRenderer {
  public:
   ListViewRenderer(FormPage& page, ListView& list);
@@ -64,7 +76,8 @@ class ListViewRenderer : public ControlRenderer {
 
  private:
   void shareWidth();
-  int contentWidth(int column) const;
+  int headWidth(int column) const;
+  int contentWidth(int row, int column) const;
   ListView& mModel;
   QTableView* mTable;
   ListSnapshot* mSnapshot;

@@ -24,9 +24,9 @@ CtrMonitoring::~CtrMonitoring() { stopListening(mMessenger, *this); }
 void CtrMonitoring::declare(Form& form) {
   form.fill(lsvMonitoring, "monitoring");
   lsvMonitoring.AddColumn("variable", 3600);
-  lsvMonitoring.AddColumn("value", 1800);
+  lsvMonitoring.AddColumn("value", 1800, ListView::Content::Number);
   lsvMonitoring.AddColumn("unit", 1200);
-  lsvMonitoring.AddColumn("trend", 2400);
+  lsvMonitoring.AddColumn("trend", 2400, ListView::Content::Trend);
 }
 
 void CtrMonitoring::resized() {

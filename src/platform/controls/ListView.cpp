@@ -47,18 +47,33 @@ void ListView::traceReading(const char* property, int first, int second) const {
   if (ControlProbe* listener = probe()) listener->reading(const_cast<ListView&>(*this), member(property, first, second));
 }
 
-void ListView::AddColumn(std::string tag, int width) {
-  if (probe()) announce("AddColumn", " " + inQuotes(tag) + " " + std::to_string(width));
-  mColumns.push_back({std::move(tag), {}, width});
-  for (Row& row : mRows) row.cells.resize(mColumns.size());
+void ListView::changedRow(Row& row) {
+  row.change = ++mChanges;
   changedNow();
+}
+
+void ListView::changedForm() {
+  mFormChange = ++mChanges;
+  changedNow();
+}
+
+void ListView::writeForm(bool& field, bool value, const char* property) {
+  if (field != value) mFormChange = ++mChanges;
+  write(field, value, property);
+}
+
+void ListView::AddColumn(std::string tag, int width, Content content) {
+  if (probe()) announce("AddColumn", " " + inQuotes(tag) + " " + std::to_string(width));
+  mColumns.push_back({std::move(tag), {}, width, content});
+  for (Row& row : mRows) row.cells.resize(mColumns.size());
+  changedForm();
 }
 
 void ListView::Header(int column, std::string text) {
   traceCell("Header", column, 0, text);
   if (std::string& at = columnAt(column).text; at != text) {
     at = std::move(text);
-    changedNow();
+    changedForm();
   }
 }
 
@@ -71,7 +86,7 @@ void ListView::ColumnWidth(int column, int width) {
   traceCell("ColumnWidth", column, 0, width);
   if (int& at = columnAt(column).width; at != width) {
     at = width;
-    changedNow();
+    changedForm();
   }
 }
 
@@ -79,7 +94,7 @@ void ListView::AddRow() {
   announce("AddRow");
   mRows.emplace_back().cells.resize(mColumns.size());
   ++mCount;
-  changedNow();
+  changedRow(mRows.back());
 }
 
 void ListView::RemoveRow(int row) {
@@ -87,6 +102,8 @@ void ListView::RemoveRow(int row) {
   rowAt(row);
   mRows.erase(mRows.begin() + row - 1);
   --mCount;
+  ++mChanges;
+  for (auto moved = mRows.begin() + row - 1; moved != mRows.end(); ++moved) moved->change = mChanges;
   if (mSelectedRow == row)
     mSelectedRow = 0;
   else if (mSelectedRow > row)
@@ -98,7 +115,13 @@ void ListView::Clear() {
   announce("Clear");
   mRows.clear();
   mCount = mSelectedRow = 0;
+  ++mChanges;
   changedNow();
+}
+
+void ListView::RowTag(int row, std::string tag) {
+  traceCell("RowTag", row, 0, tag);
+  rowAt(row).tag = std::move(tag);
 }
 
 void ListView::Cell(int row, int column, std::string text) {
@@ -106,7 +129,7 @@ void ListView::Cell(int row, int column, std::string text) {
   cellAt(row, column);
   if (std::string& at = rowAt(row).cells[static_cast<std::size_t>(column) - 1].text; at != text) {
     at = std::move(text);
-    changedNow();
+    changedRow(rowAt(row));
   }
 }
 
@@ -115,7 +138,7 @@ void ListView::CellColor(int row, int column, ostrand::Color color) {
   cellAt(row, column);
   if (ostrand::Color& at = rowAt(row).cells[static_cast<std::size_t>(column) - 1].color; at != color) {
     at = color;
-    changedNow();
+    changedRow(rowAt(row));
   }
 }
 
@@ -123,7 +146,7 @@ void ListView::Checked(int row, bool checked) {
   traceCell("Checked", row, 0, checked);
   if (bool& at = rowAt(row).checked; at != checked) {
     at = checked;
-    changedNow();
+    changedRow(rowAt(row));
   }
 }
 
@@ -139,7 +162,7 @@ void ListView::check(int row, bool on) {
   if (at.checked == on) return;
   const Ref<Component> pin(owner());
   at.checked = on;
-  changedNow();
+  changedRow(at);
   ItemCheck(row);
 }
 
@@ -155,9 +178,19 @@ void ListView::clickRow(int row) {
 void ListView::editRow(int row, const std::string& text) {
   requireUsable();
   if (!mLabelEdit) throw RuntimeError(RuntimeError::PermissionDenied, name() + " cannot be edited in place");
-  rowAt(row);
+  cellAt(row, 1);
+  const auto show = [&](const std::string& shown) {
+    std::string& at = rowAt(row).cells.front().text;
+    if (at == shown) return;
+    at = shown;
+    changedRow(rowAt(row));
+  };
   const Ref<Component> pin(owner());
-  AfterLabelEdit(row, text);
+  show(text);
+  std::string result = text;
+  AfterLabelEdit(row, result);
+  // Whoever heard of it may have taken the row away.
+  if (result != text && row <= mCount) show(result);
 }
 
 Value ListView::get(std::string_view property, std::span<const int> indices) const {
@@ -167,6 +200,7 @@ Value ListView::get(std::string_view property, std::span<const int> indices) con
   if (property == "HeaderTag") return columnAt(only(indices)).tag;
   if (property == "ColumnWidth") return columnAt(only(indices)).width;
   if (property == "Checked") return rowAt(only(indices)).checked;
+  if (property == "RowTag") return rowAt(only(indices)).tag;
   if ((property == "Cell" || property == "Color") && indices.size() == 2) {
     const CellData& cell = cellAt(indices[0], indices[1]);
     return property == "Cell" ? Value(cell.text) : Value(cell.color.rgb);
@@ -179,6 +213,7 @@ void ListView::set(std::string_view property, std::span<const int> indices, cons
   if (property == "HeaderTag") return HeaderTag(only(indices), asText(value));
   if (property == "ColumnWidth") return ColumnWidth(only(indices), asInt(value));
   if (property == "Checked") return Checked(only(indices), asBool(value));
+  if (property == "RowTag") return RowTag(only(indices), asText(value));
   if (property == "Cell" && indices.size() == 2) return Cell(indices[0], indices[1], asText(value));
   if (property == "Color" && indices.size() == 2) return CellColor(indices[0], indices[1], {ostrand::Color::Role::Value, asInt(value)});
   Control::set(property, indices, value);

@@ -300,11 +300,90 @@ TEST_F(ListViewTest, TheUserChecksClicksAndEdits) {
   EXPECT_THAT(heard, ElementsAre("check 2", "click 1", "edit 2 typed")) << "code raises no event";
   EXPECT_TRUE(edit().Checked(1) && edit().Checked(2));
   EXPECT_EQ(edit().SelectedRow(), 1);
-  EXPECT_EQ(edit().Cell(2, 1), "") << "the cell stands as it was";
+  EXPECT_EQ(edit().Cell(2, 1), "typed");
   EXPECT_EQ(errorOf([&] { edit().check(3, true); }), 9);
   edit().Enabled(false);
   EXPECT_EQ(errorOf([&] { edit().clickRow(1); }), 70);
   EXPECT_EQ(errorOf([&] { edit().check(1, false); }), 70);
+}
+
+TEST_F(ListViewTest, WhoHearsOfAnEditMaySayWhatBecomesOfTheText) {
+  edit().AddColumn("c", 1);
+  edit().LabelEdit(true);
+  edit().AddRow();
+  std::string stood;
+  edit().AfterLabelEdit.connect([&](int row, std::string& text) {
+    stood = edit().Cell(row, 1);
+    text = "3.50";
+  });
+  edit().editRow(1, "3,5");
+  EXPECT_EQ(stood, "3,5") << "what was typed stands there at once";
+  EXPECT_EQ(edit().Cell(1, 1), "3.50");
+  edit().AfterLabelEdit.connect([&](int row, std::string&) { edit().RemoveRow(row); });
+  edit().editRow(1, "4");
+  EXPECT_EQ(edit().Count(), 0);
+}
+
+TEST_F(ListViewTest, AnEditWhoseHandlerFailsIsNotLost) {
+  edit().AddColumn("c", 1);
+  edit().LabelEdit(true);
+  edit().AddRow();
+  edit().AfterLabelEdit.connect([](int, std::string&) { throw RuntimeError(13, "no number"); });
+  EXPECT_EQ(errorOf([&] { edit().editRow(1, "typed"); }), 13);
+  EXPECT_EQ(edit().Cell(1, 1), "typed");
+  EXPECT_EQ(errorOf([&] { edit().editRow(2, "x"); }), 9);
+}
+
+TEST_F(ListViewTest, TellsWhichRowsHaveChangedSince) {
+  edit().AddColumn("c", 1);
+  for (int row = 1; row <= 4; ++row) edit().AddRow();
+  std::uint64_t seen = edit().changeCount();
+  const auto changed = [&] {
+    std::vector<int> rows;
+    for (int row = 1; row <= edit().Count(); ++row)
+      if (edit().changeOfRow(row) > seen) rows.push_back(row);
+    if (edit().changeOfForm() > seen) rows.push_back(0);
+    seen = edit().changeCount();
+    return rows;
+  };
+  EXPECT_THAT(changed(), ElementsAre());
+  edit().Cell(2, 1, "x");
+  edit().CheckBoxes(false);
+  EXPECT_THAT(changed(), ElementsAre(2));
+  edit().CellColor(3, 1, Color::errorText());
+  edit().Checked(4, true);
+  EXPECT_THAT(changed(), ElementsAre(3, 4));
+  edit().CheckBoxes(true);
+  EXPECT_THAT(changed(), ElementsAre(0));
+  edit().check(1, true);
+  EXPECT_THAT(changed(), ElementsAre(1));
+  edit().RemoveRow(2);
+  EXPECT_THAT(changed(), ElementsAre(2, 3)) << "they stand at another index";
+  edit().AddRow();
+  EXPECT_THAT(changed(), ElementsAre(4));
+  edit().Header(1, "C");
+  edit().ColumnWidth(1, 2);
+  EXPECT_THAT(changed(), ElementsAre(0));
+}
+
+TEST_F(ListViewTest, ARowKeepsItsTag) {
+  edit().AddRow();
+  edit().AddRow();
+  edit().RowTag(2, "historyLabFiller");
+  edit().RemoveRow(1);
+  EXPECT_EQ(edit().RowTag(1), "historyLabFiller");
+  EXPECT_EQ(errorOf([&] { edit().RowTag(2); }), 9);
+  const int one[] = {1};
+  edit().set("RowTag", one, std::string("other"));
+  EXPECT_EQ(edit().get("RowTag", one), Value("other"));
+}
+
+TEST_F(ListViewTest, AColumnTellsWhatItsCellsHold) {
+  edit().AddColumn("text", 1);
+  edit().AddColumn("number", 1, ListView::Content::Number);
+  EXPECT_EQ(edit().ColumnContent(1), ListView::Content::Text);
+  EXPECT_EQ(edit().ColumnContent(2), ListView::Content::Number);
+  EXPECT_EQ(errorOf([&] { edit().ColumnContent(3); }), 9);
 }
 
 TEST_F(ListViewTest, UnchangedCellsRaiseNoSignal) {

@@ -17,7 +17,7 @@ class ListsTest : public PanelBench {
       at.frame(form, "key", "date_key").fill(*list, "list");
     });
     list->AddColumn("name", 3000);
-    list->AddColumn("value", 1500);
+    list->AddColumn("value", 1500, ListView::Content::Number);
     list->Header(1, "Name");
     list->Header(2, "Value");
     for (int row = 1; row <= 3; ++row) {
@@ -55,6 +55,45 @@ TEST_F(ListsTest, OnlyTheCellThatChangedIsPaintedAgain) {
   list->Cell(3, 2, "4.5");
   settle();
   EXPECT_EQ(cells, 1);
+}
+
+// The name of each cell that is read of the list from here on.
+class CellReadings : public ControlProbe {
+ public:
+  explicit CellReadings(Desktop& desktop) : mDesktop(desktop) { mDesktop.setProbe(this); }
+  ~CellReadings() { mDesktop.setProbe(nullptr); }
+  void operation(Control&, std::string_view, const std::string&) override {}
+  void setting(Control&, std::string_view, const std::string&) override {}
+  void reading(Control&, std::string_view property) override {
+    if (property.starts_with("Cell(")) cells.emplace_back(property);
+  }
+  std::vector<std::string> cells;
+
+ private:
+  Desktop& mDesktop;
+};
+
+TEST_F(ListsTest, OnlyTheRowsThatChangedAreRead) {
+  CellReadings readings(desktop);
+  list->Cell(3, 2, "4.5");
+  settle();
+  EXPECT_EQ(readings.cells, (std::vector<std::string>{"Cell(3,1)", "Cell(3,2)"}));
+  readings.cells.clear();
+  list->SelectedRow(2);
+  settle();
+  EXPECT_TRUE(readings.cells.empty());
+  list->AddRow();
+  settle();
+  EXPECT_EQ(readings.cells, (std::vector<std::string>{"Cell(4,1)", "Cell(4,2)"}));
+  readings.cells.clear();
+  list->Header(2, "Another");
+  settle();
+  EXPECT_TRUE(readings.cells.empty());
+  EXPECT_EQ(table().model()->headerData(1, Qt::Horizontal).toString(), "Another");
+  panel.setTheme(Theme::make(Theme::Kind::Dark));
+  settle();
+  EXPECT_EQ(readings.cells.size(), 8u) << "the colours are others";
+  EXPECT_EQ(cell(2, 2, Qt::ForegroundRole).value<QBrush>().color(), panel.theme().color(Color::text()));
 }
 
 TEST_F(ListsTest, RowsComeAndGo) {
@@ -97,11 +136,14 @@ TEST_F(ListsTest, ABoxIsTickedOnceThereAreBoxes) {
   EXPECT_EQ(cell(1, 1, Qt::CheckStateRole).toInt(), Qt::Checked);
 }
 
-TEST_F(ListsTest, AnEditInPlaceIsToldAndTheCellStaysTheModels) {
+TEST_F(ListsTest, AnEditInPlaceIsToldAndTheRowBearsWhatBecomesOfIt) {
   list->LabelEdit(true);
   settle();
   std::string told;
-  list->AfterLabelEdit.connect([&](int row, const std::string& text) { told = std::to_string(row) + " " + text; });
+  list->AfterLabelEdit.connect([&](int row, std::string& text) {
+    told = std::to_string(row) + " " + text;
+    text = "normalised";
+  });
   table().setFocus();
   table().setCurrentIndex(table().model()->index(1, 0));
   QTest::keyClick(&table(), Qt::Key_F2);
@@ -112,7 +154,7 @@ TEST_F(ListsTest, AnEditInPlaceIsToldAndTheCellStaysTheModels) {
   QTest::keyClick(editor, Qt::Key_Return);
   settle();
   EXPECT_EQ(told, "2 other");
-  EXPECT_EQ(cell(2, 1).toString(), "row 2");
+  EXPECT_EQ(cell(2, 1).toString(), "normalised");
 }
 
 TEST_F(ListsTest, TheColumnsTakeTheWholeWidth) {
