@@ -24,6 +24,15 @@ constexpr double kLine = 0.25;
 constexpr double kHeading = 1.5;
 const std::string kMargin = "  ";
 
+// A control as text can draw it; an empty text for what is not to be seen or is no field.
+std::string drawn(const Control* control) {
+  if (!control || !control->Visible()) return {};
+  if (const auto* const edit = dynamic_cast<const EditControl*>(control)) return "[ " + edit->displayText() + (control->kind() == Control::Kind::ComboEdit ? " v ]" : " ]");
+  const auto* const captioned = dynamic_cast<const CaptionedControl*>(control);
+  if (!captioned) return {};
+  return control->kind() == Control::Kind::CommandButton ? "( " + captioned->Caption() + " )" : captioned->Caption();
+}
+
 }  // namespace
 
 Host::Taps Narrator::taps() {
@@ -106,27 +115,19 @@ void Narrator::drawForm(const ViewSite& site) {
   endSwarm();
   const auto* const component = dynamic_cast<const Component*>(site.view());
   if (!component || !component->front()) return;
-  std::string title, stamp;
-  std::map<int, std::vector<std::string>> byTop;
-  for (const Control* each : component->controlsOf(component->front())) {
-    if (!each->Visible() || each == component->front()) continue;
-    if (const auto* const caption = dynamic_cast<const CaptionedControl*>(each)) {
-      if (each->kind() == Control::Kind::DateLabel)
-        stamp = caption->Caption();
-      else if (each->Tag() == component->front()->Tag())
-        title = caption->Caption();
-      else
-        byTop[each->Top()].push_back(each->kind() == Control::Kind::CommandButton ? "( " + caption->Caption() + " )" : caption->Caption());
-    } else if (const auto* const edit = dynamic_cast<const EditControl*>(each)) {
-      byTop[each->Top()].push_back("[ " + edit->displayText() + (each->kind() == Control::Kind::ComboEdit ? " v ]" : " ]"));
-    }
-  }
+  const FormFrame* const form = component->formOf(component->front());
+  if (!form) return;
+  const std::string title = drawn(form->title), stamp = drawn(form->stamp);
   std::vector<std::vector<std::string>> rows;
-  for (auto& [top, row] : byTop) {
-    // A control without a label stands under the other controls.
-    if (row.size() == 1) row.insert(row.begin(), "");
-    rows.push_back(row);
-  }
+  for (const FormBlock& block : form->blocks)
+    for (const FormRow& declared : block.rows) {
+      std::vector<std::string> row{drawn(declared.label)};
+      for (const FormCell& cell : declared.cells) {
+        row.resize(static_cast<std::size_t>(cell.column) + 1);
+        for (const Control* each : cell.controls) row.back() += drawn(each);
+      }
+      if (std::any_of(row.begin(), row.end(), [](const std::string& text) { return !text.empty(); })) rows.push_back(std::move(row));
+    }
   std::size_t width = characterCount(title) + characterCount(stamp) + 4;
   const std::vector<std::string> lines = aligned(rows);
   for (const std::string& line : lines) width = std::max(width, characterCount(line) + 2);

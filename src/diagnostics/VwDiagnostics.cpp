@@ -36,9 +36,9 @@ void VwDiagnostics::declare(Form& form) {
       .button(cmdLoopTest,     "startTest", "Test")
       .button(cmdStopLoopTest, "stop",      "Stop Test");
   form.frame(frmViews.next(), "eventLog").title(lblTitle.next(), "eventLog").stamp(ctrDateLabels.at(2), "date_eventLog")
-      .table(lsvEventLog.at(0), "eventLogError",   {{"eventLogErrorEvent ",   6000}, {"count", 3000}}, 3)
-      .table(lsvEventLog.at(1), "eventLogWarning", {{"eventLogWarningEvent ", 6000}, {"count", 3000}}, 3)
-      .table(lsvEventLog.at(2), "eventLogInfo",    {{"eventLogInfoEvent ",    6000}, {"count", 3000}}, 3);
+      .table(lsvEventLog.at(0), "eventLogError",   {{"eventLogErrorEvent ",   6000}, {"count", 3000, ListView::Content::Number}}, 3)
+      .table(lsvEventLog.at(1), "eventLogWarning", {{"eventLogWarningEvent ", 6000}, {"count", 3000, ListView::Content::Number}}, 3)
+      .table(lsvEventLog.at(2), "eventLogInfo",    {{"eventLogInfoEvent ",    6000}, {"count", 3000, ListView::Content::Number}}, 3);
   form.frame(frmViews.next(), "resetingEventLog").title(lblTitle.next(), "resetingEventLog")
       .row(chkReset.at(0), "resetErrorEventLog")
       .row(chkReset.at(1), "resetWarningEventLog")

@@ -20,7 +20,7 @@ constexpr const char* kSensors[] = {"DLed", "ALed", "SLed", "ALaser", "SLaser"};
 // clang-format off
 void VwDiagnosticsQX5::declare(Form& form) {
   FrameForm loopTest = frame(form, "loopTest", "date_loopTest");
-  loopTest.row(lblLoopTest.at(0), "channel", lblLoopTest.at(1), "loopTestValue");
+  loopTest.heads(lblLoopTest.at(0), "channel", {{&lblLoopTest.at(1), "loopTestValue"}});
   int label = 2;
   for (const char* channel : {"consistency", "ash", "floc", "ashPercent", "totalRetention", "fillerRetention"})  {
     const int index = label - 2;

@@ -8,7 +8,7 @@
 namespace ostrand {
 
 void DeviceSpecific::declare(Form& form) {
-  form.free(imlDevice, "", 0, 0, 0, 0);
+  form.hidden(imlDevice, "");
   for (const char* key : {"logo", "device"}) imlDevice.Add(key, artwork(mFamily, key));
 }
 

@@ -4,77 +4,51 @@
 #include <QSize>
 #include <vector>
 
-#include "workbench/render/ControlRenderer.h"
+#include "workbench/render/BlockLayout.h"
 
 namespace ostrand {
 
-// Rows and columns of a form. What the form declares in twips are relations: which controls begin at the same left edge, which
-// stand in the same row, what hangs on the right edge, what takes the room that is left. The pixels come from what the texts
-// need; a column moves right as far as the longest content before it wants, and everything in it moves together.
+// A form on the screen: its heading with the stamp on the right edge, and below it its blocks, side by side.
 class FormLayout {
  public:
-  struct Cell {
-    QRect declared;      // twips
-    Extent extent;       // pixels
-    bool fills = false;  // takes the whole width, and its share of the height that is left
-    bool bare = false;   // without a margin: a panel in the panel
-    Place place;         // the result, pixels
+  struct Block {
+    int share = 1;  // of the width that is left
+    std::vector<BlockLayout::Cell> cells;
   };
   struct Measures {
-    QSize panel;     // twips: what the form was declared for
-    int margin = 0;  // pixels, as all below
+    int margin = 0;  // pixels, as all
     int top = 0;     // the margin above the first row
     int columnGap = 0;
     int rowGap = 0;
     int companionGap = 0;
     int fieldHeight = 0;
-    int rowTwips = 400;
   };
 
-  // Finds rows and columns and the least size that they need.
-  void measure(std::vector<Cell> cells, const Measures& measures);
+  // Finds the least size that everything needs. A heading without an extent is not there.
+  void measure(const Extent& title, const Extent& stamp, std::vector<Block> blocks, const Measures& measures);
   const QSize& minimum() const { return mMinimum; }
-  // Gives every cell its place on a panel of this size, which is not smaller than the minimum. Of a wider one than can be seen,
-  // what hangs on the right edge stays where it can be seen, if it has room there.
+  // Gives everything its place on a panel of this size, which is not smaller than the minimum. Of a wider one than can be seen,
+  // the stamp stays where it can be seen, if it has room there.
   void place(const QSize& size, int visibleWidth);
-  const std::vector<Cell>& cells() const { return mCells; }
-  // The lower edge of the first row, which is the heading's where there is one.
-  int firstRowBottom() const { return mRows.empty() ? 0 : mRows.front().y + mRows.front().height; }
+  const Place& title() const { return mTitlePlace; }
+  const Place& stamp() const { return mStampPlace; }
+  const std::vector<BlockLayout::Cell>& cells(std::size_t block) const { return mBlocks[block].cells(); }
+  // The lower edge of the heading, or of the first row where there is none.
+  int headingBottom() const;
 
  private:
-  struct Column {
-    int left = 0;  // twips
-    int field = 0;
-    int companion = 0;
-    int state = 0;
-    int x = 0;
-  };
-  struct Row {
-    int top = 0;     // twips
-    int shares = 0;  // of the height that is left: the declared height of what fills
-    bool bare = false;
-    int y = 0;
-    int height = 0;
-  };
-  bool hangsRight(const Cell& cell) const;
-  bool isTall(const Cell& cell) const;
-  bool reachesOver(std::size_t cell) const;
-  bool hasNeighbour(std::size_t cell) const;
-  void findLines();
-  void measureColumns();
-  void measureRows();
-  void measureWhole();
-  int width(const Extent& extent) const;
-  int width(const Column& column) const;
+  bool hasHeading() const { return mTitle.height > 0 || mStamp.height > 0; }
+  int headingHeight() const { return std::max(mTitle.height, mStamp.height); }
 
   Measures mMeasures;
-  std::vector<Cell> mCells;
-  std::vector<Column> mColumns;
-  std::vector<Row> mRows;
-  std::vector<std::size_t> mColumnOf;  // by cell
-  std::vector<std::size_t> mRowOf;
+  Extent mTitle;
+  Extent mStamp;
+  Place mTitlePlace;
+  Place mStampPlace;
+  std::vector<BlockLayout> mBlocks;
+  std::vector<int> mShares;
   QSize mMinimum;
-  int mLeastRight = 0;  // what hangs on the right edge ends there at the least
+  int mLeastRight = 0;  // the stamp ends there at the least
 };
 
 }  // namespace ostrand

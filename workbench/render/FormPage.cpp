@@ -26,22 +26,20 @@ constexpr int kMargin = 24;
 constexpr int kAboveRule = 6;
 constexpr int kBelowRule = 33;
 
-QRect declaredPlace(const Control& control) { return {control.Left(), control.Top(), control.Width(), control.Height()}; }
-
 }  // namespace
 
 FormPage::FormPage(ViewPanel& panel, Component& component, Control* front, QWidget* parent)
-    : QWidget(parent), mPanel(panel), mComponent(component), mFront(front) {
+    : QWidget(parent), mPanel(panel), mComponent(component), mFront(front), mForm(component.formOf(front)) {
   setAutoFillBackground(false);
   if (front && front->kind() == Control::Kind::Nested) {
     auto heading = std::make_unique<QLabel>(this);
     heading->setProperty("role", "title");
     mHeading = std::move(heading);
   }
-  mMembers = component.controlsOf(front);
-  std::erase_if(mMembers, [](const Control* control) { return control->kind() == Control::Kind::Frame; });
-  mItems.reserve(mMembers.size());
-  for (Control* control : mMembers) add(*control);
+  std::vector<Control*> members = component.controlsOf(front);
+  std::erase_if(members, [](const Control* control) { return control->kind() == Control::Kind::Frame; });
+  mItems.reserve(members.size());
+  for (Control* control : members) add(*control);
   restyle();
 }
 
@@ -95,11 +93,9 @@ bool FormPage::measure(Item& item) {
   now.companion = std::max(now.companion, item.extent.companion);
   now.state = std::max(now.state, item.extent.state);
   now.tail = std::max(now.tail, item.extent.tail);
-  const QRect declared = declaredPlace(item.renderer->control());
   const bool visible = item.renderer->control().Visible();
-  const bool same = now == item.extent && declared == item.declared && visible == item.visible;
+  const bool same = now == item.extent && visible == item.visible;
   item.extent = now;
-  item.declared = declared;
   item.visible = visible;
   return !same;
 }
@@ -139,10 +135,17 @@ void FormPage::forgetWidths() {
 
 // --- places
 
+FormPage::Item* FormPage::shown(const Control* control) {
+  for (Item& item : mItems)
+    if (&item.renderer->control() == control) return item.visible && !item.renderer->widgets().empty() ? &item : nullptr;
+  return nullptr;
+}
+
+bool FormPage::isHeading(const Control& control) const { return mForm && mForm->title == &control; }
+
 void FormPage::layOut() {
   const Theme& theme = mPanel.theme();
   FormLayout::Measures measures;
-  measures.panel = QSize(mComponent.width(), mComponent.height());
   measures.margin = theme.px(kMargin);
   measures.top = mHasTopMargin ? measures.margin : 0;
   measures.columnGap = theme.px(20);
@@ -150,16 +153,31 @@ void FormPage::layOut() {
   measures.rowGap = theme.px(10);
   measures.fieldHeight = QFontMetrics(theme.font()).height() + theme.px(16);
 
-  std::vector<FormLayout::Cell> cells;
-  for (const Item& item : mItems) {
-    if (!item.visible || item.renderer->widgets().empty()) continue;
-    FormLayout::Cell& cell = cells.emplace_back();
-    cell.declared = item.declared;
-    cell.extent = item.extent;
-    cell.fills = item.renderer->fills() && item.declared.width() * 10 >= mComponent.width() * 8;
-    cell.bare = item.renderer->inside() != nullptr;
+  std::vector<FormLayout::Block> blocks(mForm ? mForm->blocks.size() : 0);
+  std::vector<Standing> standing;
+  for (std::size_t block = 0; block < blocks.size(); ++block) {
+    const FormBlock& declared = mForm->blocks[block];
+    blocks[block].share = declared.share;
+    const auto stand = [&](const Control* control, int row, int column, int share) {
+      Item* const item = shown(control);
+      if (!item) return;
+      standing.push_back({item, block, blocks[block].cells.size()});
+      blocks[block].cells.push_back({.row = row, .column = column, .share = share, .bare = item->renderer->inside() != nullptr, .extent = item->extent});
+    };
+    int number = 0;
+    for (const FormRow& row : declared.rows) {
+      stand(row.label, number, 0, 0);
+      for (const FormCell& cell : row.cells)
+        for (const Control* control : cell.controls) stand(control, number, cell.column, row.share);
+      ++number;
+    }
   }
-  mLayout.measure(std::move(cells), measures);
+  Item* const title = mForm ? shown(mForm->title) : nullptr;
+  Item* const stamp = mForm ? shown(mForm->stamp) : nullptr;
+  mLayout.measure(title ? title->extent : Extent(), stamp ? stamp->extent : Extent(), std::move(blocks), measures);
+  takePlaces(standing);
+  if (title) title->place = &mLayout.title();
+  if (stamp) stamp->place = &mLayout.stamp();
   QSize least = mLayout.minimum();
   if (mHeading) least = QSize(std::max(least.width(), mHeading->sizeHint().width() + 2 * measures.margin), least.height() + belowHeading());
   if (least != minimumSize()) {
@@ -170,8 +188,12 @@ void FormPage::layOut() {
   nameFields();
 }
 
+void FormPage::takePlaces(const std::vector<Standing>& standing) {
+  for (Item& item : mItems) item.place = nullptr;
+  for (const Standing& each : standing) each.item->place = &mLayout.cells(each.block)[each.cell].place;
+}
+
 void FormPage::place() {
-  if (mLayout.cells().empty()) return;
   const Theme& theme = mPanel.theme();
   const int margin = theme.px(kMargin);
   const int top = mHeading ? belowHeading() : 0;
@@ -180,19 +202,17 @@ void FormPage::place() {
     mHeading->show();
   }
   mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.visibleWidth());
-  std::size_t next = 0;
   for (Item& item : mItems) {
-    const bool shown = item.visible && !item.renderer->widgets().empty();
-    if (shown) {
-      Place at = mLayout.cells()[next++].place;
+    if (item.place) {
+      Place at = *item.place;
       for (QRect* rect : {&at.field, &at.companion, &at.state}) rect->translate(0, top);
       item.renderer->arrange(at);
     }
     for (QWidget* widget : item.renderer->widgets())
-      if (widget->isHidden() == shown) widget->setVisible(shown);
+      if (widget->isHidden() == (item.place != nullptr)) widget->setVisible(item.place != nullptr);
   }
   mRule = 0;
-  if (!mHeading && mFront && mFront->kind() == Control::Kind::Frame) mRule = mLayout.firstRowBottom() + theme.px(kAboveRule);
+  if (!mHeading && mFront && mFront->kind() == Control::Kind::Frame) mRule = mLayout.headingBottom() + theme.px(kAboveRule);
   if (mHeading) mRule = mHeading->geometry().bottom() + 1 + theme.px(kAboveRule);
 }
 
@@ -202,20 +222,26 @@ int FormPage::belowHeading() const {
   return theme.px(kMargin) + mHeading->sizeHint().height() + theme.px(kAboveRule) + theme.px(kBelowRule);
 }
 
-// Who does not see the screen hears the label with the field that stands behind it.
+// Who does not see the screen hears the label of the field's row, and in a table the head of its column.
 void FormPage::nameFields() {
-  const LabelRenderer* label = nullptr;
-  int row = 0;
-  for (const Item& item : mItems) {
-    if (!item.visible) continue;
-    QWidget* const keys = item.renderer->focusWidget();
-    if (const auto* found = dynamic_cast<const LabelRenderer*>(item.renderer.get())) {
-      label = found;
-      row = item.declared.y();
-    } else if (keys && label && row == item.declared.y() && keys->accessibleName() != label->text()) {
-      keys->setAccessibleName(label->text());
-    }
-  }
+  if (!mForm) return;
+  const auto textOf = [this](const Control* control) {
+    const Item* const item = shown(control);
+    const auto* const label = item ? dynamic_cast<const LabelRenderer*>(item->renderer.get()) : nullptr;
+    return label ? label->text() : QString();
+  };
+  for (const FormBlock& block : mForm->blocks)
+    for (const FormRow& row : block.rows)
+      for (const FormCell& cell : row.cells) {
+        QStringList name{textOf(row.label), textOf(block.headOf(row, cell))};
+        name.removeAll(QString());
+        const QString spoken = name.join(QStringLiteral(", "));
+        for (const Control* control : cell.controls) {
+          const Item* const item = shown(control);
+          QWidget* const keys = item ? item->renderer->focusWidget() : nullptr;
+          if (keys && !spoken.isEmpty() && keys->accessibleName() != spoken) keys->setAccessibleName(spoken);
+        }
+      }
 }
 
 void FormPage::resizeEvent(QResizeEvent*) { place(); }

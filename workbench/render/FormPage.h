@@ -12,6 +12,7 @@
 namespace ostrand {
 
 class Component;
+struct FormFrame;
 
 // One frame of a component with its controls, or one nested panel, or all controls of a component without frames. It listens
 // to their changes, and lays them out: rows and columns as the form declares them, as wide and high as the texts need.
@@ -44,8 +45,8 @@ class FormPage : public QWidget {
   // All renderers in the controls' order, those of nested panels at their place.
   std::vector<ControlRenderer*> renderers() const;
   ControlRenderer* rendererOf(const Control& control) const;
-  // The first control of the page, as the form declares them.
-  bool isFirst(const Control& control) const { return !mMembers.empty() && mMembers.front() == &control; }
+  // Whether the control is the heading of the page's frame.
+  bool isHeading(const Control& control) const;
   QSize sizeHint() const override { return minimumSize(); }
 
  protected:
@@ -61,12 +62,20 @@ class FormPage : public QWidget {
     bool dirty = true;
     Extent extent;  // with the widest contents so far
     bool visible = false;
-    QRect declared;  // twips
+    // Where the layout has its place; nullptr if it is not to be seen.
+    const Place* place = nullptr;
+  };
+  // A control that stands in a row of the form.
+  struct Standing {
+    Item* item;
+    std::size_t block, cell;  // of the layout
   };
 
   void add(Control& control);
   bool measure(Item& item);
+  Item* shown(const Control* control);
   void layOut();
+  void takePlaces(const std::vector<Standing>& standing);
   int belowHeading() const;
   void nameFields();
   bool leaves(const QWidget& widget, int reason) const;
@@ -75,7 +84,7 @@ class FormPage : public QWidget {
   Component& mComponent;
   Control* mFront;
   std::unique_ptr<QWidget> mHeading;  // of a nested panel, which has none of its own
-  std::vector<Control*> mMembers;
+  const FormFrame* mForm;  // nullptr if nothing is declared
   std::vector<Item> mItems;
   std::map<const QObject*, ControlRenderer*> mByWidget;
   FormLayout mLayout;

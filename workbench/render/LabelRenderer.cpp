@@ -2,7 +2,6 @@
 
 #include <QLabel>
 
-#include "platform/controls/Form.h"
 #include "workbench/render/FormPage.h"
 
 namespace ostrand {
@@ -14,11 +13,7 @@ LabelRenderer::LabelRenderer(FormPage& page, CaptionedControl& label) : ControlR
 
 std::vector<QWidget*> LabelRenderer::widgets() const { return {mLabel}; }
 
-// The heading is the first of a frame and stands above its rows.
-bool LabelRenderer::isHeading() const {
-  if (!page().front()) return false;
-  return page().isFirst(mModel) && mModel.Top() < Form::kRowHeight;
-}
+bool LabelRenderer::isHeading() const { return page().isHeading(mModel); }
 
 void LabelRenderer::restyle() { useFont(*mLabel, theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body)); }
 

@@ -77,6 +77,12 @@ std::vector<Control*> Component::controlsOf(const Control* item) const {
   return own;
 }
 
+const FormFrame* Component::formOf(const Control* item) const {
+  for (const FormFrame& frame : mFrames)
+    if (frame.front == item) return &frame;
+  return nullptr;
+}
+
 void Component::bringToFront(Control& item) {
   if (mFront == &item) return;
   mFront = &item;

@@ -6,6 +6,7 @@
 
 #include "platform/base/Procedure.h"
 #include "platform/controls/Control.h"
+#include "platform/controls/FormModel.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/types/IPlaceable.h"
 #include "platform/types/ITaviView.h"
@@ -40,6 +41,8 @@ class Component : public IPlaceable, public Reporter {
   // What is seen while `item` is in front: a frame and the controls on it, a nested panel alone, or for nullptr all controls
   // of a component without frames. In the order of the controls.
   std::vector<Control*> controlsOf(const Control* item) const;
+  // How the form has put together what is seen while `item` is in front; nullptr if it has declared nothing there.
+  const FormFrame* formOf(const Control* item) const;
   // The control that has the focus, here or in a nested component; nullptr if none has.
   Control* focused() const { return outermost().mFocused; }
   // Moves the focus; the control that had it hears that it lost it.
@@ -76,6 +79,7 @@ class Component : public IPlaceable, public Reporter {
 
  private:
   friend class Form;
+  friend class FrameForm;
   Component& outermost() const;
 
   std::uint32_t mCount = 0;
@@ -83,6 +87,7 @@ class Component : public IPlaceable, public Reporter {
   Ref<IHostContainer> mParent;
   std::string mTag;
   ControlCollection mControls;
+  std::vector<FormFrame> mFrames;
   Control* mFront = nullptr;
   Control* mFocused = nullptr;
   Component* mOuter = nullptr;

@@ -12,28 +12,15 @@ namespace ostrand {
 
 namespace {
 
-constexpr int kLeft = 240, kModuleWidth = 3000;
-constexpr int kChoiceLeft = 3360, kChoiceWidth = 3600;
-constexpr int kBytesLeft = 7080, kBytesWidth = 2400;
-constexpr int kHeight = 315;
-
 constexpr int kMostBytes = 244;  // that a slave exchanges in one cycle
-
-constexpr int rowTop(int row) { return 120 + row * Form::kRowHeight; }
 
 }  // namespace
 
 void CtrModuleSelection::declare(Form& form) {
-  form.free(lblHeads.at(0), "functionModule", kLeft, rowTop(0), kModuleWidth, kHeight);
-  form.free(lblHeads.at(1), "moduleChoice", kChoiceLeft, rowTop(0), kChoiceWidth, kHeight);
-  form.free(lblHeads.at(2), "cyclicBytes", kBytesLeft, rowTop(0), kBytesWidth, kHeight);
-  for (int row = 0; row < kModules; ++row) {
-    form.free(lblModule.at(row), "", kLeft, rowTop(row + 1), kModuleWidth, kHeight);
-    form.free(cceModule.at(row), "", kChoiceLeft, rowTop(row + 1), kChoiceWidth, kHeight);
-    form.free(lblBytes.at(row), "", kBytesLeft, rowTop(row + 1), kBytesWidth, kHeight);
-  }
-  form.free(lblTotal, "cyclicBytesTotal", kLeft, rowTop(kModules + 1), kModuleWidth, kHeight);
-  form.free(lblTotalBytes, "", kBytesLeft, rowTop(kModules + 1), kBytesWidth, kHeight);
+  FrameForm rows = form.rows();
+  rows.heads(lblHeads.at(0), "functionModule", {{&lblHeads.at(1), "moduleChoice"}, {&lblHeads.at(2), "cyclicBytes"}});
+  for (int row = 0; row < kModules; ++row) rows.row(lblModule.at(row), "", cceModule.at(row), "").cell(lblBytes.at(row), "");
+  rows.labelled(lblTotal, "cyclicBytesTotal").skip().cell(lblTotalBytes, "");
 }
 
 void CtrModuleSelection::initialize() {
@@ -95,9 +82,6 @@ void CtrModuleSelection::SetOfflineData(const Document& doc) {
   });
   mCount = row;
   cceModule.each([&](int at, CtrComboEdit&) { proc.step([&] { showRow(at, at < mCount); }); });
-  // The sum stands below the last row.
-  proc.step([&] { lblTotal.Move(kLeft, rowTop(mCount + 1), kModuleWidth, kHeight); });
-  proc.step([&] { lblTotalBytes.Move(kBytesLeft, rowTop(mCount + 1), kBytesWidth, kHeight); });
   proc.step([&] { showCosts(); });
 }
 

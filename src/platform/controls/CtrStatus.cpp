@@ -32,9 +32,7 @@ CtrStatus::CtrStatus() {
 }
 
 void CtrStatus::declare(Form& form) {
-  form.free(lblSearch, "search", 240, 60, 1800, 315);
-  form.free(txtSearch, "", 2160, 60, 3600, 315);
-  form.fill(lsvStatus, "statusTree");
+  form.rows().row(lblSearch, "search", txtSearch, "").fill(lsvStatus, "statusTree");
   lsvStatus.AddColumn("status", 6000);
   lsvStatus.AddColumn("state", 1800);
   lsvStatus.AddColumn("ne107", 3000);

@@ -1,5 +1,7 @@
 #include "platform/controls/Form.h"
 
+#include <algorithm>
+#include <numeric>
 #include <vector>
 
 namespace ostrand {
@@ -12,6 +14,8 @@ constexpr int kFieldLeft = kMargin + kLabelWidth + 120;
 constexpr int kFieldWidth = 2400;
 constexpr int kFieldHeight = 315;
 constexpr int kColumnStep = kFieldWidth + 120;
+constexpr int kFirstRowOfFrame = 720;  // below the heading
+constexpr int kFirstRowOfPanel = 120;
 constexpr int kTitleTop = 120;
 constexpr int kStampWidth = 2640;
 constexpr int kButtonWidth = 1695;
@@ -19,12 +23,17 @@ constexpr int kGap = 120;
 
 }  // namespace
 
+// --- the panel
+
+FormFrame& Form::open(Control* front) {
+  mComponent.mFrames.emplace_back().front = front;
+  return mComponent.mFrames.back();
+}
+
 void Form::add(Control& control, const std::string& tag) {
   control.mTag = tag;
   mComponent.mControls.push_back(&control);
 }
-
-void Form::caption(Control& control, const std::string& text) { control.design("Caption", text); }
 
 void Form::place(Control& control, int left, int top, int width, int height) {
   control.mLeft = left;
@@ -33,9 +42,11 @@ void Form::place(Control& control, int left, int top, int width, int height) {
   control.mHeight = height;
 }
 
-void Form::placeAs(Control& control, const Control& other) { place(control, other.mLeft, other.mTop, other.mWidth, other.mHeight); }
-
-void Form::hide(Control& control) { control.mVisible = false; }
+void Form::makeNested(NestedPlace& at, const std::string& tag) {
+  at.make();
+  at.nested()->setOuter(&mComponent);
+  at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
+}
 
 Form::~Form() {
   for (Control* control : mComponent.mControls) control->mOwner = &mComponent;
@@ -45,94 +56,139 @@ FrameForm Form::frame(Frame& frame, const std::string& key) {
   add(frame, key);
   place(frame, 0, 0, mComponent.width(), mComponent.height());
   if (!mComponent.mFront) mComponent.mFront = &frame;
-  return FrameForm(*this, frame);
+  return FrameForm(*this, &frame);
 }
+
+FrameForm Form::rows() { return FrameForm(*this, nullptr); }
 
 void Form::nested(NestedPlace& at, const std::string& tag) {
-  fill(at, tag);
+  add(at, tag);
+  place(at, 0, 0, mComponent.width(), mComponent.height());
+  open(&at).blocks.front().rows.push_back({.cells = {{.controls = {&at}}}, .share = 1});
   if (!mComponent.mFront) mComponent.mFront = &at;
-  at.make();
-  at.nested()->setOuter(&mComponent);
-  at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
-}
-
-void Form::free(Control& control, const std::string& tag, int left, int top, int width, int height) {
-  add(control, tag);
-  place(control, left, top, width, height);
+  makeNested(at, tag);
 }
 
 void Form::fill(Control& control, const std::string& tag) {
   add(control, tag);
   place(control, 0, 0, mComponent.width(), mComponent.height());
+  open(nullptr).blocks.front().rows.push_back({.cells = {{.controls = {&control}}}, .share = 1});
+}
+
+void Form::hidden(Control& control, const std::string& tag) {
+  add(control, tag);
+  control.mVisible = false;
+}
+
+// --- a frame
+
+FrameForm::FrameForm(Form& form, Control* frame)
+    : mForm(form),
+      mFrame(frame),
+      mIndex(form.mComponent.mFrames.size()),
+      mFirstRow(frame ? kFirstRowOfFrame : kFirstRowOfPanel),
+      mTop(mFirstRow),
+      mWidth(form.mComponent.width()) {
+  form.open(frame);
 }
 
 void FrameForm::add(Control& control, const std::string& tag) {
   mForm.add(control, tag);
-  control.mFrame = &mFrame;
+  control.mFrame = mFrame;
 }
 
 FrameForm& FrameForm::title(Label& label, const std::string& key) {
   add(label, key);
+  model().title = &label;
   Form::place(label, kMargin, kTitleTop, 5000, 360);
   return *this;
 }
 
 FrameForm& FrameForm::stamp(CtrDateLabel& label, const std::string& tag) {
   add(label, tag);
-  Form::place(label, mForm.mComponent.width() - kStampWidth, 20, kStampWidth, kFieldHeight);
+  model().stamp = &label;
+  Form::place(label, width() - kStampWidth, 20, kStampWidth, kFieldHeight);
   return *this;
 }
 
-FrameForm& FrameForm::nextRow() {
-  if (mLast) mTop += Form::kRowHeight;
+void FrameForm::nextRow(int height) {
+  if (mLast) mTop += height;
   mColumn = 0;
+}
+
+void FrameForm::addRow() {
+  nextRow();
+  block().rows.emplace_back();
+}
+
+FrameForm& FrameForm::labelled(Label& label, const std::string& key) {
+  addRow();
+  add(label, key);
+  Form::place(label, mLeft + kMargin, mTop, kLabelWidth, kFieldHeight);
+  block().rows.back().label = &label;
+  mLast = &label;
   return *this;
 }
 
-FrameForm& FrameForm::row(Label& label, const std::string& key, Control& control, const std::string& tag) {
-  nextRow();
-  add(label, key);
-  Form::place(label, kMargin, mTop, kLabelWidth, kFieldHeight);
-  return cell(control, tag);
-}
+FrameForm& FrameForm::row(Label& label, const std::string& key, Control& control, const std::string& tag) { return labelled(label, key).cell(control, tag); }
 
 FrameForm& FrameForm::row(Control& control, const std::string& tag) {
-  nextRow();
+  addRow();
   return cell(control, tag);
 }
 
 FrameForm& FrameForm::button(CommandButton& button, const std::string& tag, const std::string& caption) {
   row(button, tag);
-  mForm.caption(button, caption);
-  Form::place(button, kFieldLeft, mTop, kButtonWidth, kFieldHeight);
+  Form::caption(button, caption);
+  button.mWidth = kButtonWidth;
   return *this;
 }
 
-FrameForm& FrameForm::heads(std::initializer_list<std::pair<Label*, const char*>> labels) {
-  nextRow();
+FrameForm& FrameForm::heads(Heads labels) {
+  addRow();
+  return addHeads(labels);
+}
+
+FrameForm& FrameForm::heads(Label& corner, const std::string& key, Heads labels) { return labelled(corner, key).addHeads(labels); }
+
+FrameForm& FrameForm::addHeads(Heads labels) {
+  block().rows.back().heads = true;
   for (const auto& [label, key] : labels) cell(*label, key);
   return *this;
 }
 
 FrameForm& FrameForm::cell(Control& control, const std::string& tag) {
   add(control, tag);
-  Form::place(control, kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
+  Form::place(control, mLeft + kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
+  block().rows.back().cells.push_back({mColumn, {&control}});
   mLast = &control;
   return *this;
 }
 
+FrameForm& FrameForm::skip() {
+  ++mColumn;
+  return *this;
+}
+
+FrameForm& FrameForm::over(Control& control, const std::string& tag) {
+  add(control, tag);
+  Form::place(control, mLast->mLeft, mLast->mTop, mLast->mWidth, mLast->mHeight);
+  control.mVisible = false;
+  block().rows.back().cells.back().controls.push_back(&control);
+  return *this;
+}
+
 FrameForm& FrameForm::over(CommandButton& button, const std::string& tag, const std::string& caption) {
-  add(button, tag);
-  mForm.caption(button, caption);
-  Form::placeAs(button, *mLast);
-  Form::hide(button);
+  over(button, tag);
+  Form::caption(button, caption);
   return *this;
 }
 
 FrameForm& FrameForm::hidden(Control& control, const std::string& tag) {
   add(control, tag);
-  Form::place(control, kFieldLeft, mTop, kFieldWidth, kFieldHeight);
-  Form::hide(control);
+  Form::place(control, mLeft + kFieldLeft, mTop, kFieldWidth, kFieldHeight);
+  control.mVisible = false;
+  block().rows.push_back({.cells = {{1, {&control}}}});
   return *this;
 }
 
@@ -140,7 +196,7 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
   nextRow();
   mLast = nullptr;  // the first button stands on the holder's own row
   add(holder, "");
-  Form::place(holder, kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
+  Form::place(holder, mLeft + kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
   for (const auto& [button, tag] : buttons) {
     row(*button, tag);
     std::vector<OptionButton*> others;
@@ -151,33 +207,49 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
   return *this;
 }
 
-FrameForm& FrameForm::panel(NestedPlace& at, const std::string& tag) {
-  nextRow();
-  add(at, tag);
-  Form::place(at, 0, mTop, mForm.mComponent.width(), mForm.mComponent.height() - mTop);
-  at.make();
-  at.nested()->setOuter(&mForm.mComponent);
-  at.nested()->Place(mForm.mComponent.desktop(), mForm.mComponent.parent(), tag);
-  mLast = &at;
-  return *this;
+void FrameForm::addWide(Control& control, const std::string& tag, int top, int height, int margin) {
+  add(control, tag);
+  Form::place(control, mLeft + margin, top, mWidth - 2 * margin, height);
+  block().rows.push_back({.cells = {{.controls = {&control}}}, .share = 1});
+  mLast = &control;
 }
 
-FrameForm& FrameForm::table(ListView& list, const std::string& tag, std::initializer_list<std::pair<const char*, int>> columns, int shares) {
-  const int height = (mForm.mComponent.height() - kFirstRow) / shares;
-  if (mLast) mTop += height;
-  mColumn = 0;
-  add(list, tag);
-  Form::place(list, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, height - kGap);
-  for (const auto& [columnTag, width] : columns) list.AddColumn(columnTag, width);
-  mLast = &list;
+FrameForm& FrameForm::panel(NestedPlace& at, const std::string& tag) {
+  nextRow();
+  addWide(at, tag, mTop, height() - mTop, 0);
+  mForm.makeNested(at, tag);
   return *this;
 }
 
 FrameForm& FrameForm::fill(Control& control, const std::string& tag) {
   nextRow();
-  add(control, tag);
-  Form::place(control, kMargin, mTop, mForm.mComponent.width() - 2 * kMargin, mForm.mComponent.height() - mTop - kMargin);
-  mLast = &control;
+  addWide(control, tag, mTop, height() - mTop - kMargin, kMargin);
+  return *this;
+}
+
+FrameForm& FrameForm::table(ListView& list, const std::string& tag, std::initializer_list<Column> columns, int shares) {
+  const int share = (height() - mFirstRow) / shares;
+  nextRow(share);
+  addWide(list, tag, mTop, share - kGap, kMargin);
+  for (const Column& column : columns) list.AddColumn(column.tag, column.width, column.content);
+  return *this;
+}
+
+FrameForm& FrameForm::split(std::initializer_list<int> shares) {
+  model().blocks.assign(shares.size(), {});
+  std::transform(shares.begin(), shares.end(), model().blocks.begin(), [](int share) { return FormBlock{share, {}}; });
+  mWidth = width() * block().share / std::accumulate(shares.begin(), shares.end(), 0);
+  return *this;
+}
+
+FrameForm& FrameForm::beside() {
+  const int twipsToShare = mWidth / block().share;
+  mLeft += mWidth;
+  ++mBlock;
+  mWidth = twipsToShare * block().share;
+  mTop = mFirstRow;
+  mColumn = 0;
+  mLast = nullptr;
   return *this;
 }
 

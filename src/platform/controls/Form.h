@@ -13,8 +13,8 @@ namespace ostrand {
 
 class FrameForm;
 
-// Declares the form of a component: what stands where, under which tag. The order of the declarations is
-// the order of GetControls and of the tab key. Rows are 400 twips apart and place themselves.
+// Declares the form of a component: what stands where, under which tag. The order of the declarations is the order of
+// GetControls and of the tab key. Rows are 400 twips apart and place themselves. What was declared is kept (FormModel.h).
 class Form {
  public:
   explicit Form(Component& component) : mComponent(component) {}
@@ -23,22 +23,24 @@ class Form {
 
   // A full-size frame with its key.
   FrameForm frame(Frame& frame, const std::string& key);
+  // The rows of a component without frames.
+  FrameForm rows();
   // A component that stands on the panel by itself and is selected under its tag.
   void nested(NestedPlace& place, const std::string& tag);
-  // A control at a place of its own on the panel, in twips.
-  void free(Control& control, const std::string& tag, int left, int top, int width, int height);
   // A control that fills the panel.
   void fill(Control& control, const std::string& tag);
+  // A control that is never shown.
+  void hidden(Control& control, const std::string& tag);
 
   static constexpr int kRowHeight = 400;
 
  private:
   friend class FrameForm;
+  FormFrame& open(Control* front);
   void add(Control& control, const std::string& tag);
-  void caption(Control& control, const std::string& text);
+  void makeNested(NestedPlace& at, const std::string& tag);
+  static void caption(Control& control, const std::string& text) { control.design("Caption", text); }
   static void place(Control& control, int left, int top, int width, int height);
-  static void placeAs(Control& control, const Control& other);
-  static void hide(Control& control);
 
   Component& mComponent;
 };
@@ -49,39 +51,66 @@ class FrameForm {
   FrameForm& title(Label& label, const std::string& key);
   FrameForm& stamp(CtrDateLabel& label, const std::string& tag);
 
+  // A row that begins with a label; its cells follow.
+  FrameForm& labelled(Label& label, const std::string& key);
   // One row: a label and what stands beside it.
   FrameForm& row(Label& label, const std::string& key, Control& control, const std::string& tag);
   // A row of a button alone; its caption until the view is localized.
   FrameForm& button(CommandButton& button, const std::string& tag, const std::string& caption);
   // A row of one control without a label.
   FrameForm& row(Control& control, const std::string& tag);
-  // A row of labels: the heads of a table's columns, from the second column on.
-  FrameForm& heads(std::initializer_list<std::pair<Label*, const char*>> labels);
-  // One more column of the last row.
+  // A row of labels: the heads of a table's columns, from the second column on; `corner` is the first column's.
+  using Heads = std::initializer_list<std::pair<Label*, const char*>>;
+  FrameForm& heads(Heads labels);
+  FrameForm& heads(Label& corner, const std::string& key, Heads labels);
+  // One more column of the last row; one that stays empty.
   FrameForm& cell(Control& control, const std::string& tag);
-  // On the same place as the last control, hidden at first.
+  FrameForm& skip();
+  // On the spot of the last control, hidden at first.
+  FrameForm& over(Control& control, const std::string& tag);
   FrameForm& over(CommandButton& button, const std::string& tag, const std::string& caption);
-  // A control that is never shown.
+  // A control that is hidden at first and takes no row until it is shown.
   FrameForm& hidden(Control& control, const std::string& tag);
   // Radio buttons, one to a row, of which one is on; they stand on `holder`.
   FrameForm& group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
   // A nested panel that takes the rest of the frame.
   FrameForm& panel(NestedPlace& place, const std::string& tag);
   FrameForm& fill(Control& control, const std::string& tag);
-  // A list with its columns (tag, width), as high as an equal share of the frame.
-  FrameForm& table(ListView& list, const std::string& tag, std::initializer_list<std::pair<const char*, int>> columns, int shares);
+  // A list with its columns, as high as an equal share of the frame.
+  struct Column {
+    const char* tag;
+    int width;
+    ListView::Content content = ListView::Content::Text;
+  };
+  FrameForm& table(ListView& list, const std::string& tag, std::initializer_list<Column> columns, int shares);
+  // The frame in blocks side by side, by their shares of its width: to be said before any row. Rows go to the first block, and
+  // from each `beside` on to the next.
+  FrameForm& split(std::initializer_list<int> shares);
+  FrameForm& beside();
 
  private:
   friend class Form;
-  FrameForm(Form& form, Frame& frame) : mForm(form), mFrame(frame) {}
+  FrameForm(Form& form, Control* frame);
+  FormFrame& model() const { return mForm.mComponent.mFrames[mIndex]; }
+  FormBlock& block() const { return model().blocks.at(mBlock); }
   void add(Control& control, const std::string& tag);
-  FrameForm& nextRow();
+  void addRow();
+  // A row of its own for what takes the width of the block.
+  void addWide(Control& control, const std::string& tag, int top, int height, int margin);
+  FrameForm& addHeads(Heads labels);
+  void nextRow(int height = Form::kRowHeight);
+  int width() const { return mForm.mComponent.width(); }
+  int height() const { return mForm.mComponent.height(); }
 
   Form& mForm;
-  Frame& mFrame;
-  static constexpr int kFirstRow = 720;
-  int mTop = kFirstRow;
+  Control* mFrame;
+  std::size_t mIndex;
+  std::size_t mBlock = 0;
+  int mFirstRow;
+  int mTop;
   int mColumn = 0;
+  int mLeft = 0;  // of the block
+  int mWidth;
   Control* mLast = nullptr;
 };
 

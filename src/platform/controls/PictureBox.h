@@ -4,7 +4,7 @@
 
 namespace ostrand {
 
-// A picture, or a place that holds other controls together.
+// A picture, or a ground that holds other controls together.
 class PictureBox : public Control {
  public:
   using Control::Control;

@@ -70,8 +70,6 @@ TEST_F(CtrModuleSelectionTest, ShowsARowForEachParameterOfItsGroup) {
   EXPECT_EQ(modules->cyclicBytes(), 5);
   EXPECT_EQ(caption("lblTotalBytes"), "5");
   EXPECT_EQ(combo(0).ContextTag(), "modules");
-  EXPECT_GT(control("lblTotal").Top(), combo(1).Top());
-  EXPECT_LT(control("lblTotal").Top(), combo(1).Top() + 500) << "the sum stands below the last row";
 }
 
 TEST_F(CtrModuleSelectionTest, ANewDataSetReplacesTheRows) {

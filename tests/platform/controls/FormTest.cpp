@@ -148,9 +148,7 @@ TEST_F(FormTest, AControlMayFillTheFrameOrThePanel) {
   declare([](Panel& at, Form& form) {
     form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").fill(at.list, "list");
     form.fill(at.picture, "picture");
-    form.free(at.label2, "free", 1, 2, 3, 4);
   });
-  EXPECT_EQ(placeOf(panel->label2), Place(1, 2, 3, 4));
   EXPECT_EQ(panel->list.Top(), panel->a.Top() + 400);
   EXPECT_LE(panel->list.Top() + panel->list.Height(), panel->height());
   EXPECT_LE(panel->list.Left() + panel->list.Width(), panel->width());
@@ -183,6 +181,76 @@ TEST_F(FormTest, ArraysMayHaveHoles) {
     EXPECT_EQ(edit.Tag(), "ctr_" + std::to_string(index));
   });
   EXPECT_THAT(visited, ElementsAre(1, 4, 5));
+}
+
+// The rows of a block as text: "label: cell cell", a column's number before its controls, stacked ones with "/".
+std::vector<std::string> rowsOf(const FormBlock& block) {
+  std::vector<std::string> rows;
+  for (const FormRow& row : block.rows) {
+    std::string& text = rows.emplace_back(row.heads ? "heads " : row.share ? "share " + std::to_string(row.share) + " " : "");
+    if (row.label) text += row.label->name();
+    text += ":";
+    for (const FormCell& cell : row.cells) {
+      text += " " + std::to_string(cell.column);
+      for (const Control* control : cell.controls) text += (control == cell.controls.front() ? " " : "/") + control->name();
+    }
+  }
+  return rows;
+}
+
+TEST_F(FormTest, KeepsWhatWasDeclared) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one")
+        .title(at.title, "one")
+        .stamp(at.stamp, "date_one")
+        .hidden(at.d, "ctr_d")
+        .heads(at.label2, "corner", {{&at.head1, "h1"}, {&at.head2, "h2"}})
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .cell(at.b, "ctr_b")
+        .row(at.options.at(3), "o3")
+        .skip()
+        .cell(at.c, "ctr_c")
+        .button(at.button, "first", "First")
+        .over(at.button2, "second", "Second");
+    form.frame(at.frame2, "two").table(at.list, "list", {}, 2).table(at.list2, "list2", {}, 2);
+    form.nested(at.nested, "live");
+  });
+  const FormFrame& one = *panel->formOf(&panel->frame1);
+  EXPECT_EQ(one.title, &panel->title);
+  EXPECT_EQ(one.stamp, &panel->stamp);
+  ASSERT_EQ(one.blocks.size(), 1u);
+  const FormBlock& block = one.blocks.front();
+  EXPECT_THAT(rowsOf(block), ElementsAre(": 1 d", "heads label2: 1 head1 2 head2", "label1: 1 a 2 b", ": 1 options(3) 3 c", ": 1 button/button2"));
+  EXPECT_EQ(block.headOf(block.rows[2], block.rows[2].cells[1]), &panel->head2);
+  EXPECT_EQ(block.headOf(block.rows[3], block.rows[3].cells[1]), nullptr) << "the third column has no head";
+  EXPECT_EQ(block.headOf(block.rows[0], block.rows[0].cells[0]), nullptr) << "it stands above the heads";
+  const FormFrame& two = *panel->formOf(&panel->frame2);
+  EXPECT_THAT(rowsOf(two.blocks.front()), ElementsAre("share 1 : 0 list", "share 1 : 0 list2"));
+  EXPECT_THAT(rowsOf(panel->formOf(&panel->nested)->blocks.front()), ElementsAre("share 1 : 0 nested"));
+  EXPECT_EQ(panel->formOf(nullptr), nullptr);
+}
+
+TEST_F(FormTest, AComponentWithoutFramesHasRowsToo) {
+  declare([](Panel& at, Form& form) { form.rows().labelled(at.label1, "l1").skip().cell(at.a, "ctr_a").fill(at.list, "list"); });
+  EXPECT_THAT(rowsOf(panel->formOf(nullptr)->blocks.front()), ElementsAre("label1: 2 a", "share 1 : 0 list"));
+  EXPECT_EQ(panel->a.frame(), nullptr);
+  EXPECT_EQ(panel->front(), nullptr);
+  EXPECT_EQ(panel->label1.Top(), panel->a.Top());
+}
+
+TEST_F(FormTest, BlocksStandSideBySide) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").title(at.title, "one").split({3, 1}).row(at.label1, "l1", at.a, "ctr_a").beside().fill(at.list, "list").over(at.list2, "list2");
+  });
+  const FormFrame& one = *panel->formOf(&panel->frame1);
+  ASSERT_EQ(one.blocks.size(), 2u);
+  EXPECT_EQ(one.blocks[0].share, 3);
+  EXPECT_THAT(rowsOf(one.blocks[0]), ElementsAre("label1: 1 a"));
+  EXPECT_THAT(rowsOf(one.blocks[1]), ElementsAre("share 1 : 0 list/list2"));
+  EXPECT_GE(panel->list.Left(), panel->width() * 3 / 4);
+  EXPECT_LE(panel->list.Left() + panel->list.Width(), panel->width());
+  EXPECT_EQ(panel->list.Top(), panel->a.Top());
+  EXPECT_FALSE(panel->list2.Visible());
 }
 
 TEST_F(FormTest, WhatAFormDeclaresIsNotProbed) {
