@@ -26,6 +26,7 @@ constexpr KindWord kKindWords[] = {
     {"OptionButton", "option"}, {"CommandButton", "button"}, {"ListView", "list"},      {"PictureBox", "picture"},
     {"Slider", "slider"},       {"CtrTextEdit", "edit"},     {"CtrComboEdit", "combo"}, {"CtrDateEdit", "date"},
     {"CtrTimeEdit", "time"},    {"CtrOptionEdit", "choice"}, {"CtrCheckEdit", "check"}, {"CtrDateLabel", "stamp"},
+    {"CtrFocusTransfer", "tab"},
 };
 
 std::string kindWord(const Control& control) {

@@ -15,9 +15,11 @@ class Control;
 //   frmViews(0)               frame   "activeRecipe"
 //   lblTitle(0)               label   "Active recipe"
 //   ctrDateLabels(0)          stamp   "31.12.2025 23:59:59"
+//   CtrFocusTransfer1         tab
 //   lblActiveRecipe           label   "Select active recipe"
 //   cceActiveRecipe           combo   "Softwood"                of 4, edited, focused
 //   cmdActiveRecipeSetButton  button  "Accept"                  disabled
+//   CtrFocusTransfer2         tab
 //
 // Columns: the name as transcripts call it; what the control is, in one word; what the user reads on it; its state. What the
 // user reads is a caption, a value with its unit behind it, true or false, the position of a slider, or the number of rows

@@ -79,7 +79,8 @@ struct VwMeasurementTest : MeasurementBench<VwMeasurement> {
 };
 
 TEST_F(VwMeasurementTest, HasOneFrameAndTheLiveValues) {
-  EXPECT_THAT(names(), ElementsAre("frmViews(0)", "lblTitle(0)", "ctrDateLabels(0)", "lblActiveRecipe", "cceActiveRecipe", "cmdActiveRecipeSetButton", "CtrMonitoring1"));
+  EXPECT_THAT(names(), ElementsAre("frmViews(0)", "lblTitle(0)", "ctrDateLabels(0)", "CtrFocusTransfer1", "lblActiveRecipe", "cceActiveRecipe",
+                                   "cmdActiveRecipeSetButton", "CtrFocusTransfer2", "CtrMonitoring1"));
   EXPECT_EQ(combo().Tag(), "ctr_activeRecipe");
   EXPECT_TRUE(combo().KeepLocal());
   EXPECT_EQ(button().Tag(), "accept");

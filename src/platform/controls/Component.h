@@ -88,6 +88,7 @@ class Component : public IPlaceable, public Reporter {
   std::string mTag;
   ControlCollection mControls;
   std::vector<FormFrame> mFrames;
+  std::vector<std::unique_ptr<Control>> mFocusTransfers;
   Control* mFront = nullptr;
   Control* mFocused = nullptr;
   Component* mOuter = nullptr;

@@ -4,7 +4,8 @@
 
 namespace ostrand {
 
-// Belongs to the layout: a pair of these stands in the frames with write buttons. No logic touches it.
+// Belongs to the layout: the form puts a pair of these into each frame with a button that writes to the device, before the
+// first and behind the last control that is written with. Nothing of it is seen, and no logic touches it.
 class CtrFocusTransfer : public Control {
  public:
   using Control::Control;

@@ -4,6 +4,8 @@
 #include <numeric>
 #include <vector>
 
+#include "platform/controls/CtrFocusTransfer.h"
+
 namespace ostrand {
 
 namespace {
@@ -49,7 +51,22 @@ void Form::makeNested(NestedPlace& at, const std::string& tag) {
 }
 
 Form::~Form() {
+  for (const FormFrame& frame : mComponent.mFrames)
+    if (frame.writes) surroundWriteControls(frame);
   for (Control* control : mComponent.mControls) control->mOwner = &mComponent;
+}
+
+void Form::surroundWriteControls(const FormFrame& frame) {
+  ControlCollection& controls = mComponent.mControls;
+  const auto makeTransfer = [&] {
+    auto& all = mComponent.mFocusTransfers;
+    all.push_back(std::make_unique<CtrFocusTransfer>("CtrFocusTransfer" + std::to_string(all.size() + 1)));
+    all.back()->mFrame = frame.front;
+    return all.back().get();
+  };
+  const auto stands = [&](const Control* control) { return control->frame() == frame.front && control != frame.title && control != frame.stamp; };
+  controls.insert(std::find_if(controls.begin(), controls.end(), stands), makeTransfer());
+  controls.insert(std::find_if(controls.rbegin(), controls.rend(), stands).base(), makeTransfer());
 }
 
 FrameForm Form::frame(Frame& frame, const std::string& key) {
@@ -141,6 +158,7 @@ FrameForm& FrameForm::button(CommandButton& button, const std::string& tag, cons
   row(button, tag);
   Form::caption(button, caption);
   button.mWidth = kButtonWidth;
+  model().writes = true;
   return *this;
 }
 

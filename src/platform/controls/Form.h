@@ -18,7 +18,8 @@ class FrameForm;
 class Form {
  public:
   explicit Form(Component& component) : mComponent(component) {}
-  // Closes the form: from here on the controls belong to the component.
+  // Closes the form: from here on the controls belong to the component. A frame with a button that writes has got its pair of
+  // CtrFocusTransfer by then.
   ~Form();
 
   // A full-size frame with its key.
@@ -39,6 +40,7 @@ class Form {
   FormFrame& open(Control* front);
   void add(Control& control, const std::string& tag);
   void makeNested(NestedPlace& at, const std::string& tag);
+  void surroundWriteControls(const FormFrame& frame);
   static void caption(Control& control, const std::string& text) { control.design("Caption", text); }
   static void place(Control& control, int left, int top, int width, int height);
 
@@ -55,7 +57,7 @@ class FrameForm {
   FrameForm& labelled(Label& label, const std::string& key);
   // One row: a label and what stands beside it.
   FrameForm& row(Label& label, const std::string& key, Control& control, const std::string& tag);
-  // A row of a button alone; its caption until the view is localized.
+  // A row of a button that writes to the device, alone; its caption until the view is localized.
   FrameForm& button(CommandButton& button, const std::string& tag, const std::string& caption);
   // A row of one control without a label.
   FrameForm& row(Control& control, const std::string& tag);

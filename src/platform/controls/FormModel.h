@@ -37,6 +37,7 @@ struct FormFrame {
   Control* title = nullptr;
   Control* stamp = nullptr;
   std::vector<FormBlock> blocks{FormBlock{}};  // side by side
+  bool writes = false;                         // it has a button that writes to the device
 };
 
 }  // namespace ostrand

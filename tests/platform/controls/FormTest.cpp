@@ -68,7 +68,8 @@ TEST_F(FormTest, TheOrderOfGetControls) {
     form.frame(at.frame2, "two").row(at.label2, "l2", at.c, "ctr_c");
     form.nested(at.nested, "live");
   });
-  EXPECT_THAT(panel->names(), ElementsAre("frame1", "title", "stamp", "label1", "a", "b", "button", "frame2", "label2", "c", "nested"));
+  EXPECT_THAT(panel->names(), ElementsAre("frame1", "title", "stamp", "CtrFocusTransfer1", "label1", "a", "b", "button", "CtrFocusTransfer2", "frame2",
+                                           "label2", "c", "nested"));
   EXPECT_EQ(panel->frame1.Tag(), "one");
   EXPECT_EQ(panel->title.Tag(), "one");
   EXPECT_EQ(panel->stamp.Tag(), "date_one");
@@ -218,6 +219,7 @@ TEST_F(FormTest, KeepsWhatWasDeclared) {
   const FormFrame& one = *panel->formOf(&panel->frame1);
   EXPECT_EQ(one.title, &panel->title);
   EXPECT_EQ(one.stamp, &panel->stamp);
+  EXPECT_TRUE(one.writes);
   ASSERT_EQ(one.blocks.size(), 1u);
   const FormBlock& block = one.blocks.front();
   EXPECT_THAT(rowsOf(block), ElementsAre(": 1 d", "heads label2: 1 head1 2 head2", "label1: 1 a 2 b", ": 1 options(3) 3 c", ": 1 button/button2"));
@@ -225,6 +227,7 @@ TEST_F(FormTest, KeepsWhatWasDeclared) {
   EXPECT_EQ(block.headOf(block.rows[3], block.rows[3].cells[1]), nullptr) << "the third column has no head";
   EXPECT_EQ(block.headOf(block.rows[0], block.rows[0].cells[0]), nullptr) << "it stands above the heads";
   const FormFrame& two = *panel->formOf(&panel->frame2);
+  EXPECT_FALSE(two.writes);
   EXPECT_THAT(rowsOf(two.blocks.front()), ElementsAre("share 1 : 0 list", "share 1 : 0 list2"));
   EXPECT_THAT(rowsOf(panel->formOf(&panel->nested)->blocks.front()), ElementsAre("share 1 : 0 nested"));
   EXPECT_EQ(panel->formOf(nullptr), nullptr);
@@ -251,6 +254,21 @@ TEST_F(FormTest, BlocksStandSideBySide) {
   EXPECT_LE(panel->list.Left() + panel->list.Width(), panel->width());
   EXPECT_EQ(panel->list.Top(), panel->a.Top());
   EXPECT_FALSE(panel->list2.Visible());
+}
+
+TEST_F(FormTest, EachFrameThatWritesHasItsPairOfFocusTransfers) {
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").button(at.button, "accept", "Accept");
+    form.frame(at.frame2, "two").title(at.title, "two").button(at.button2, "reset", "Reset").row(at.label2, "l2", at.b, "ctr_b");
+  });
+  EXPECT_THAT(panel->names(), ElementsAre("frame1", "CtrFocusTransfer1", "label1", "a", "button", "CtrFocusTransfer2", "frame2", "title", "CtrFocusTransfer3",
+                                          "button2", "label2", "b", "CtrFocusTransfer4"));
+  for (const Control* control : panel->controls()) {
+    if (!control->name().starts_with("CtrFocusTransfer")) continue;
+    EXPECT_EQ(control->kind(), Control::Kind::NoData);
+    EXPECT_EQ(control->owner(), panel.get());
+    EXPECT_EQ(control->frame(), control->name() < "CtrFocusTransfer3" ? &panel->frame1 : &panel->frame2);
+  }
 }
 
 TEST_F(FormTest, WhatAFormDeclaresIsNotProbed) {
