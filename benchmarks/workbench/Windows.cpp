@@ -18,6 +18,7 @@
 #include "benchmarks/BenchView.h"
 #include "benchmarks/Documents.h"
 #include "benchmarks/Placed.h"
+#include "workbench/dialogs/WaitingDialog.h"
 #include "workbench/window/MainWindow.h"
 
 namespace ostrand::bench {
@@ -27,6 +28,7 @@ namespace {
 constexpr int kRecipes = 8;
 constexpr int kControls = 60;
 constexpr int kOnScreen = 20;
+constexpr int kWaiting = 500;
 
 // What waits, paint requests included.
 void paint() { QApplication::processEvents(); }
@@ -97,6 +99,22 @@ struct TheirWindow {
 
   QMainWindow window;
   QScrollArea area;
+};
+
+// Before a data set of which every value waits to be written.
+struct WaitingList {
+  WaitingList() {
+    DataSet dataSet(Document::read(dataSetText(kWaiting)));
+    for (int i = 0; i < kWaiting; ++i) dataSet.edit(nameOf(i), "7.5");
+    ours.workbench.host().setDataSet(std::move(dataSet));
+  }
+  void home() {
+    delete ours.window.edits().waitingDialog();
+    paint();
+  }
+  void open() { ours.window.edits().review(); }
+
+  OurWindow ours;
 };
 
 // Prepares, then opens and paints: only that counts.
@@ -173,7 +191,25 @@ Work answering(std::string name, int items) {
           }};
 }
 
+template <class Window>
+Work starting(std::string name) {
+  return {std::move(name), [](Meter& meter) {
+            std::unique_ptr<Window> window;
+            meter.measure([&] {
+              window = std::make_unique<Window>();
+              window->open();
+              paint();
+            });
+          }};
+}
+
 }  // namespace
+
+Work start() { return starting<OurWindow>("start of ostrand"); }
+
+Work startByHand() { return starting<TheirWindow>("start by hand"); }
+
+Work openWaitingList() { return opening<WaitingList>("list of waiting values"); }
 
 Work openRecipes() { return opening<OurWindow>("recipes by ostrand"); }
 
