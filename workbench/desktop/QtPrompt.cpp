@@ -3,21 +3,30 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <algorithm>
+#include <vector>
 
 namespace ostrand {
 
 int QtPrompt::ask(const std::string& title, const std::string& message) {
   if (standIn) return standIn(title, message);
-  QMessageBox box(QMessageBox::NoIcon, qt(title), qt(title), QMessageBox::NoButton, mWindow);
+  return choose(qt(title), qt(message), {mTexts.say("Yes, go on"), mTexts.say("No, stop")}) == 0 ? kGoOn : kStop;
+}
+
+std::size_t QtPrompt::choose(const QString& title, const QString& message, const QStringList& answers) {
+  const std::size_t safe = static_cast<std::size_t>(answers.size()) - 1;
+  if (standIn) return standIn(title.toStdString(), message.toStdString()) == kGoOn ? 0 : safe;
+  QMessageBox box(QMessageBox::NoIcon, title, title, QMessageBox::NoButton, mWindow);
   box.setTextFormat(Qt::PlainText);
-  box.setInformativeText(qt(message).trimmed());
-  const QPushButton* const yes = box.addButton(mTexts.say("Yes, go on"), QMessageBox::YesRole);
-  QPushButton* const no = box.addButton(mTexts.say("No, stop"), QMessageBox::NoRole);
-  // The harmless answer is the one that Enter and Escape give.
-  box.setDefaultButton(no);
-  box.setEscapeButton(no);
+  box.setInformativeText(message.trimmed());
+  // One role for all: a style puts buttons of other roles in an order of its own.
+  std::vector<QPushButton*> buttons;
+  for (const QString& answer : answers) buttons.push_back(box.addButton(answer, QMessageBox::ActionRole));
+  box.setDefaultButton(buttons[safe]);
+  box.setEscapeButton(buttons[safe]);
   box.exec();
-  return box.clickedButton() == yes ? kGoOn : kStop;
+  const auto chosen = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+  return chosen == buttons.end() ? safe : static_cast<std::size_t>(chosen - buttons.begin());
 }
 
 void QtPrompt::show(const std::string& title, const std::string& message) {

@@ -20,7 +20,12 @@ class QtPrompt : public UserPrompt {
   int ask(const std::string& title, const std::string& message) override;
   void show(const std::string& title, const std::string& message) override;
 
-  // Instead of the dialog, for programs that run without a user: gives the answer, which `show` does not look at.
+  // A question whose answers say what they do. Gives the place of the one that was chosen; the last one changes nothing: Enter,
+  // Escape and closing give it.
+  std::size_t choose(const QString& title, const QString& message, const QStringList& answers);
+
+  // Instead of the dialog, for programs that run without a user: gives the answer, which `show` does not look at;
+  // to go on stands for the first of several answers, to stop for the last.
   std::function<int(const std::string& title, const std::string& message)> standIn;
 
  private:

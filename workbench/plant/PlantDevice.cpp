@@ -1,9 +1,11 @@
 #include "workbench/plant/PlantDevice.h"
 
 #include <algorithm>
+#include <set>
 
 #include "host/PendingEdits.h"
 #include "platform/base/RuntimeError.h"
+#include "workbench/plant/ValueText.h"
 
 namespace ostrand {
 
@@ -85,8 +87,67 @@ bool PlantDevice::hasPendingEdits() { return viewsHaveEdits() || (mHost.dataSet(
 
 bool PlantDevice::hasUnsavedEdits() { return viewsHaveEdits() || (mHost.dataSet() && mHost.dataSet()->changed() && !mHost.dataSet()->edited().empty()); }
 
-bool PlantDevice::viewsHaveEdits() {
-  return std::any_of(mHost.sites().begin(), mHost.sites().end(), [](const Ref<ViewSite>& site) { return !pendingEdits(site->view()).empty(); });
+bool PlantDevice::viewsHaveEdits() { return !viewEdits().empty(); }
+
+std::vector<EditControl*> PlantDevice::viewEdits() {
+  std::vector<EditControl*> edits;
+  for (const Ref<ViewSite>& site : mHost.sites())
+    for (EditControl* const edit : pendingEdits(site->view())) edits.push_back(edit);
+  return edits;
+}
+
+std::vector<Change> PlantDevice::waiting() {
+  DataSet* const dataSet = mHost.dataSet();
+  if (!dataSet) return {};
+  std::vector<Change> changes = mHost.collectChanges();
+  for (const std::string& name : dataSet->edited()) {
+    if (std::any_of(changes.begin(), changes.end(), [&](const Change& each) { return each.name == name; })) continue;
+    const ParameterInfo info = dataSet->info(name);
+    changes.push_back({{}, name, {}, dataSet->value(name), dataSet->offlineValue(name), info.unit, info.type, dataSet->homeGroup(name)});
+  }
+  return changes;
+}
+
+std::size_t PlantDevice::waitingCount() {
+  std::set<std::string, std::less<>> names;
+  for (const EditControl* const edit : viewEdits())
+    if (!edit->KeepLocal() && !edit->ExplicitApply()) names.emplace(edit->parameterName());
+  if (mHost.dataSet())
+    for (const std::string& name : mHost.dataSet()->edited()) names.insert(name);
+  return names.size();
+}
+
+std::vector<EditControl*> PlantDevice::leftOut() {
+  const std::vector<Change> going = waiting();
+  std::vector<EditControl*> left = viewEdits();
+  std::erase_if(left, [&](const EditControl* edit) {
+    return edit->ReadOnly() || std::any_of(going.begin(), going.end(), [&](const Change& each) { return each.name == edit->parameterName(); });
+  });
+  return left;
+}
+
+std::size_t PlantDevice::keepEdits() {
+  if (mHost.dataSet())
+    for (const Change& change : mHost.collectChanges()) mHost.dataSet()->edit(change.name, change.newText);
+  const std::vector<EditControl*> edits = viewEdits();
+  return static_cast<std::size_t>(std::count_if(edits.begin(), edits.end(), [](const EditControl* each) { return !each->Correct(); }));
+}
+
+void PlantDevice::dropEdit(const std::string& parameter) {
+  if (mHost.dataSet()) mHost.dataSet()->discardEdit(parameter);
+  for (EditControl* const edit : viewEdits())
+    if (edit->parameterName() == parameter && !edit->ReadOnly()) edit->restore();
+}
+
+KeptValue PlantDevice::keptValue(const EditControl& edit, const Texts& texts) {
+  DataSet* const dataSet = mHost.dataSet();
+  const std::string name(edit.parameterName());
+  const std::string kept = dataSet && !name.empty() ? dataSet->offlineValue(name) : std::string();
+  if (kept.empty()) return {};
+  const bool showsKept = edit.Modified() || edit.stored() == kept;
+  const std::string unit = dataSet->info(name).unit;
+  const QString other = wholeValueText(mHost, texts, name, showsKept ? dataSet->value(name) : kept);
+  return {showsKept ? KeptValue::Shown::Kept : KeptValue::Shown::Device, unit == edit.displayUnit() ? other : withUnit(other, texts.unit(unit))};
 }
 
 std::string PlantDevice::busyWith() {

@@ -10,8 +10,12 @@
 #include "workbench/conversation/Recordings.h"
 #include "workbench/plant/ComponentCatalog.h"
 #include "workbench/plant/ViewClasses.h"
+#include "workbench/render/KeptValue.h"
+#include "workbench/words/Texts.h"
 
 namespace ostrand {
+
+class EditControl;
 
 // One simulated transmitter of the mill, with the host that serves it and the views that are open on it.
 class PlantDevice {
@@ -56,11 +60,24 @@ class PlantDevice {
   // An edit that the device does not know of; one that no file knows of either.
   bool hasPendingEdits();
   bool hasUnsavedEdits();
+  // What waits to be written to the device: what the views' edits hold, and what the data set keeps without them; but nothing
+  // that leaves by a button of its own. The number alone is found without asking the views.
+  std::vector<Change> waiting();
+  std::size_t waitingCount();
+  // Edits on the pages that do not go with the others: values with a button of their own, and wrong ones.
+  std::vector<EditControl*> leftOut();
+  // Takes what is typed on the pages into the data set, for its file. Gives how many values could not be taken: wrong ones.
+  std::size_t keepEdits();
+  // Takes back one of them, wherever it stands. It is shown as the device has it.
+  void dropEdit(const std::string& parameter);
+  // What the data set keeps for the device beside what the edit shows.
+  KeptValue keptValue(const EditControl& edit, const Texts& texts);
   // A view is busy with something that the device is to be brought back from ("sampling", "testing").
   std::string busyWith();
 
  private:
   bool viewsHaveEdits();
+  std::vector<EditControl*> viewEdits();
   Ref<ViewSite> siteOf(const std::string& branch);
 
   Plant mPlant;

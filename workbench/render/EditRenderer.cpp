@@ -24,10 +24,40 @@ void EditRenderer::restyle() {
   mState->restyle(theme());
 }
 
+KeptValue EditRenderer::kept() const { return panel().keptValue ? panel().keptValue(mEdit) : KeptValue{}; }
+
+namespace {
+
+std::optional<ValueState> stateOf(const KeptValue& kept) {
+  switch (kept.shown) {
+    case KeptValue::Shown::Nothing: return std::nullopt;
+    case KeptValue::Shown::Kept: return ValueState::Accepted;
+    case KeptValue::Shown::Device: return ValueState::Waiting;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+// Behind the unit what cannot wait until somebody asks for the tooltip: between which limits a wrong value belongs, and the value
+// that is kept for the device beside the one that the device has.
+QString EditRenderer::companion(const ValueStates& states, const KeptValue& kept) const {
+  const std::string& language = panel().language();
+  QStringList parts{panel().unitText(mEdit.displayUnit())};
+  if (states.value == ValueState::Wrong && mEdit.Modified()) {
+    const QString between = limits();
+    parts << (between.isEmpty() ? word(Word::Wrong, language) : word(Word::Limits, language) + QStringLiteral(": ") + between);
+  }
+  if (kept.shown != KeptValue::Shown::Nothing) parts << word(kept.shown == KeptValue::Shown::Kept ? Word::OnDevice : Word::Waits, language) + QStringLiteral(": ") + kept.other;
+  parts.removeAll(QString());
+  return parts.join(QStringLiteral("   "));
+}
+
 void EditRenderer::sync() {
-  const QString unit = panel().unitText(mEdit.displayUnit());
-  if (mUnit->text() != unit) mUnit->setText(unit);
-  const ValueStates states = statesOf(mEdit);
+  const KeptValue kept = this->kept();
+  const ValueStates states = statesOf(mEdit, stateOf(kept));
+  if (const QString text = companion(states, kept); mUnit->text() != text) mUnit->setText(text);
+  setLook(*mUnit, "state", states.value == ValueState::Wrong ? QStringLiteral("wrong") : QString());
   if (states == mState->states()) return;
   mState->show(states);
   QString told = word(states.value, panel().language());
@@ -50,9 +80,18 @@ QString EditRenderer::look() const {
   }
 }
 
+QString EditRenderer::limits() const {
+  const auto* const text = dynamic_cast<const CtrTextEdit*>(&mEdit);
+  if (!text) return {};
+  const QString least = toQt(text->shownLimit(mEdit.info().min)), most = toQt(text->shownLimit(mEdit.info().max));
+  if (!least.isEmpty() && !most.isEmpty()) return least + QStringLiteral(" – ") + most;
+  if (!least.isEmpty()) return word(Word::AtLeast, panel().language()) + QStringLiteral(" ") + least;
+  return most.isEmpty() ? QString() : word(Word::AtMost, panel().language()) + QStringLiteral(" ") + most;
+}
+
 QString EditRenderer::explanation() const {
   const std::string& language = panel().language();
-  const ValueStates states = statesOf(mEdit);
+  const ValueStates states = statesOf(mEdit, stateOf(kept()));
   QString told = QStringLiteral("<b>%1</b>").arg(word(states.value, language).toHtmlEscaped());
   const auto line = [&](const QString& text) { told += QStringLiteral("<br>") + text.toHtmlEscaped(); };
   const auto fact = [&](Word name, const QString& text) { line(word(name, language) + QStringLiteral(": ") + text); };
@@ -64,16 +103,9 @@ QString EditRenderer::explanation() const {
   if (!mEdit.Error().empty()) line(panel().text(mEdit.Error()));
 
   const ParameterInfo& info = mEdit.info();
-  if (const auto* text = dynamic_cast<const CtrTextEdit*>(&mEdit)) {
-    const QString least = toQt(text->shownLimit(info.min)), most = toQt(text->shownLimit(info.max));
+  if (const QString between = limits(); !between.isEmpty()) {
     const QString unit = panel().unitText(mEdit.displayUnit());
-    const QString behind = unit.isEmpty() ? QString() : QStringLiteral(" ") + unit;
-    if (!least.isEmpty() && !most.isEmpty())
-      fact(Word::Limits, least + QStringLiteral(" – ") + most + behind);
-    else if (!least.isEmpty())
-      fact(Word::Limits, word(Word::AtLeast, language) + QStringLiteral(" ") + least + behind);
-    else if (!most.isEmpty())
-      fact(Word::Limits, word(Word::AtMost, language) + QStringLiteral(" ") + most + behind);
+    fact(Word::Limits, unit.isEmpty() ? between : between + QStringLiteral(" ") + unit);
   }
   if (!mEdit.parameterName().empty()) {
     fact(Word::Parameter, toQt(std::string(mEdit.parameterName())));

@@ -2,12 +2,12 @@
 
 #include "platform/controls/EditControl.h"
 #include "workbench/render/ControlRenderer.h"
+#include "workbench/render/KeptValue.h"
+#include "workbench/render/StateSymbol.h"
 
 namespace ostrand {
 
-class StateSymbol;
-
-// What the edits share: behind the field the unit and the state of the value; Escape and the undo key take an edit back.
+// What the edits share: behind the field the unit, what has to be said of the value, and its state; Escape and the undo key take an edit back.
 class EditRenderer : public ControlRenderer {
  public:
   EditRenderer(FormPage& page, EditControl& edit);
@@ -29,6 +29,10 @@ class EditRenderer : public ControlRenderer {
   void takeBack();
 
  private:
+  KeptValue kept() const;
+  QString companion(const ValueStates& states, const KeptValue& kept) const;
+  QString limits() const;
+
   EditControl& mEdit;
   QLabel* mUnit;
   StateSymbol* mState;

@@ -14,7 +14,7 @@ constexpr double kGap = 4;
 
 }  // namespace
 
-ValueStates statesOf(const EditControl& edit) {
+ValueStates statesOf(const EditControl& edit, std::optional<ValueState> kept) {
   ValueStates states;
   const bool edited = edit.Modified();
   const bool wrong = !edit.Correct();
@@ -26,6 +26,8 @@ ValueStates statesOf(const EditControl& edit) {
     states.value = ValueState::ReadFailed;
   else if (wrong && !edit.Text().empty())
     states.value = ValueState::Wrong;
+  else if (kept)
+    states.value = *kept;
   else if (edit.syncWord() != SyncWord::kNotRead)
     states.value = ValueState::Read;
   if (edit.ReadOnly())
@@ -43,6 +45,8 @@ QString word(ValueState state, const std::string& language) {
     case ValueState::Edited: return word(Word::Edited, language);
     case ValueState::Wrong: return word(Word::Wrong, language);
     case ValueState::Corrected: return word(Word::Corrected, language);
+    case ValueState::Waiting: return word(Word::Waiting, language);
+    case ValueState::Accepted: return word(Word::Accepted, language);
     case ValueState::ReadOnly: return word(Word::ReadOnly, language);
     case ValueState::HeldBack: return word(Word::HeldBack, language);
   }
@@ -57,6 +61,8 @@ QColor stateColor(ValueState state, const Theme& theme) {
     case ValueState::Edited: return theme.edited;
     case ValueState::Wrong: return theme.error;
     case ValueState::Corrected: return theme.corrected;
+    case ValueState::Waiting: return theme.edited;
+    case ValueState::Accepted: return theme.edited;
     case ValueState::ReadOnly: return theme.neutral;
     case ValueState::HeldBack: return theme.caution;
   }
@@ -113,6 +119,19 @@ void paintState(QPainter& painter, const QRectF& place, ValueState state, const 
       painter.drawPolygon(QPolygonF({{9, 1}, {17, 9}, {9, 17}, {1, 9}}));
       painter.setPen(mark);
       painter.drawPolyline(QPolygonF({{6.0, 9.3}, {8.3, 11.4}, {12.0, 6.9}}));
+      break;
+    case ValueState::Waiting:  // an arrow on its way, in a ring
+      painter.setPen(edge);
+      painter.setBrush(Qt::NoBrush);
+      painter.drawEllipse(QRectF(2, 2, 14, 14));
+      painter.drawLine(QPointF(5.5, 9), QPointF(12.2, 9));
+      painter.drawPolyline(QPolygonF({{9.6, 6.2}, {12.4, 9}, {9.6, 11.8}}));
+      break;
+    case ValueState::Accepted:  // a tick in an open ring: nobody has read it
+      painter.setPen(edge);
+      painter.setBrush(Qt::NoBrush);
+      painter.drawEllipse(QRectF(2, 2, 14, 14));
+      painter.drawPolyline(QPolygonF({{5.6, 9.4}, {8.1, 11.8}, {12.6, 6.6}}));
       break;
     case ValueState::ReadOnly:  // a padlock
       painter.drawRoundedRect(QRectF(3.5, 8, 11, 8), 1.5, 1.5);

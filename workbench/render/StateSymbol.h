@@ -13,9 +13,10 @@ namespace ostrand {
 
 class EditControl;
 
-// What there is to say of a value beside the value: one of the first six always, one of the last two with it if it
-// applies. Held back is an edit that does not go with the others but by a button of its own.
-enum class ValueState { NotRead, Read, ReadFailed, Edited, Wrong, Corrected, ReadOnly, HeldBack };
+// What there is to say of a value beside the value: one of the first eight always, one of the last two with it if it
+// applies. Waiting is a value that the device is still to get, beside the one on the screen; accepted is one on the screen that
+// it has not got. Held back is an edit that does not go with the others but by a button of its own.
+enum class ValueState { NotRead, Read, ReadFailed, Edited, Wrong, Corrected, Waiting, Accepted, ReadOnly, HeldBack };
 
 struct ValueStates {
   ValueState value = ValueState::NotRead;
@@ -23,7 +24,8 @@ struct ValueStates {
   friend bool operator==(const ValueStates&, const ValueStates&) = default;
 };
 
-ValueStates statesOf(const EditControl& edit);
+// `kept`: what the data set keeps for the device, Waiting or Accepted; it is shown where nothing worse is.
+ValueStates statesOf(const EditControl& edit, std::optional<ValueState> kept = std::nullopt);
 QString word(ValueState state, const std::string& language);
 QColor stateColor(ValueState state, const Theme& theme);
 // Each state has a shape of its own, so that it can be told without its colour.

@@ -136,7 +136,7 @@ QScrollArea { border: none; background: @surface; }
 QLabel { background: transparent; }
 QLabel:disabled, QLabel[role="disabled"] { color: @disabledText; }
 QLabel[role="unit"], QLabel[role="stamp"], QLabel[role="note"] { color: @secondaryText; }
-QLabel[role="error"] { color: @error; }
+QLabel[role="error"], QLabel[role="unit"][state="wrong"] { color: @error; }
 
 QLineEdit, QComboBox {
   color: @text; background: @field; border: 1px solid @outline; border-radius: @4px; padding: @2px @8px;

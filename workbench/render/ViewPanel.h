@@ -10,6 +10,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/types/ITaviView.h"
 #include "platform/types/ITextTable.h"
+#include "workbench/render/KeptValue.h"
 #include "workbench/render/Theme.h"
 #include "workbench/render/UserInput.h"
 
@@ -18,6 +19,7 @@ namespace ostrand {
 class Component;
 class Control;
 class ControlRenderer;
+class EditControl;
 class FormPage;
 
 // Shows one view: the frame or nested panel that the view has in front, and follows it when the view brings another one there.
@@ -44,6 +46,8 @@ class ViewPanel : public QScrollArea {
 
   // Why the user cannot use a control now; an empty text if nobody knows. Asked when the control changes, and by refresh().
   std::function<QString(const Control&)> whyDisabled;
+  // What the data set keeps for the device beside what an edit shows. Asked when the control changes, and by refresh().
+  std::function<KeptValue(const EditControl&)> keptValue;
   // For who records the user: told before each of his actions. What it gives is held until the action has been carried out.
   std::function<std::shared_ptr<void>(const Control&, const UserInput&)> onInput;
   // An action that the control did not accept; nothing has happened.

@@ -20,6 +20,8 @@ constexpr Entry kWords[] = {
     {Word::Edited,      "Edited",                             "Muutettu",                               "Ändrad",                                 "Geändert"},
     {Word::Wrong,       "Wrong value",                        "Virheellinen arvo",                      "Felaktigt värde",                        "Falscher Wert"},
     {Word::Corrected,   "Corrected",                          "Korjattu",                               "Rättad",                                 "Berichtigt"},
+    {Word::Waiting,     "Another value waits to be written",  "Toinen arvo odottaa kirjoitusta",        "Ett annat värde väntar på skrivning",    "Ein anderer Wert wartet aufs Schreiben"},
+    {Word::Accepted,    "Accepted, not written",              "Hyväksytty, ei kirjoitettu",             "Godkänt, inte skrivet",                  "Übernommen, nicht geschrieben"},
     {Word::ReadOnly,    "Read only",                          "Vain luku",                              "Skrivskyddad",                           "Nur lesbar"},
     {Word::HeldBack,    "Held back: goes by its own button",  "Ei lähde muiden mukana: oma painike",    "Hålls tillbaka: skickas med egen knapp", "Zurückgehalten: geht mit eigener Taste"},
     {Word::Limits,      "Limits",                             "Rajat",                                  "Gränser",                                "Grenzen"},
@@ -32,6 +34,8 @@ constexpr Entry kWords[] = {
     {Word::Unchecked,   "off",                                "pois",                                   "av",                                     "aus"},
     {Word::Checked,     "on",                                 "päällä",                                 "på",                                     "ein"},
     {Word::NothingHere, "Nothing to show",                    "Ei näytettävää",                         "Inget att visa",                         "Nichts anzuzeigen"},
+    {Word::OnDevice,    "device",                             "laite",                                  "enhet",                                  "Gerät"},
+    {Word::Waits,       "waits",                              "odottaa",                                "väntar",                                 "wartet"},
 };
 // clang-format on
 

@@ -21,22 +21,32 @@ void DataSetCommands::open() {
   mDeparture.warnOfForcedOutput(device);
 }
 
-void DataSetCommands::save() {
+bool DataSetCommands::save() { return save(mWorkbench.current()); }
+
+bool DataSetCommands::save(PlantDevice& device) {
   mPanel.commit();
-  DataSet* const dataSet = mWorkbench.host().dataSet();
-  if (!dataSet || dataSet->file().empty()) return saveAs();
-  if (mUser.attempt(mUser.say("%1 could not be saved; the file is as it was").arg(fileName(dataSet->file())), [&] { dataSet->save(); }))
-    mUser.remark(mUser.say("%1 is saved").arg(fileName(dataSet->file())));
+  DataSet* const dataSet = device.host().dataSet();
+  if (!dataSet || dataSet->file().empty()) return saveAs(device);
+  return write(device, mUser.say("%1 could not be saved; the file is as it was").arg(fileName(dataSet->file())), [&] { dataSet->save(); });
 }
 
-void DataSetCommands::saveAs() {
+void DataSetCommands::saveAs() { saveAs(mWorkbench.current()); }
+
+bool DataSetCommands::saveAs(PlantDevice& device) {
   mPanel.commit();
-  DataSet* const dataSet = mWorkbench.host().dataSet();
-  if (!dataSet) return;
+  DataSet* const dataSet = device.host().dataSet();
+  if (!dataSet) return false;
   const auto file = mWorkbench.desktop().saveDialog({mUser.say("Save data set").toStdString(), kDataSets, "xml", dataSet->file().filename().string()});
-  if (!file) return;
-  if (mUser.attempt(mUser.say("%1 could not be saved; a file that was there is as it was").arg(fileName(*file)), [&] { dataSet->saveAs(*file); }))
-    mUser.remark(mUser.say("%1 is saved").arg(fileName(*file)));
+  return file && write(device, mUser.say("%1 could not be saved; a file that was there is as it was").arg(fileName(*file)), [&] { dataSet->saveAs(*file); });
+}
+
+// What is typed on the pages goes into the file too; what is wrong cannot, and stays on its page.
+bool DataSetCommands::write(PlantDevice& device, const QString& trying, const std::function<void()>& save) {
+  const std::size_t wrong = device.keepEdits();
+  if (!mUser.attempt(trying, save)) return false;
+  const QString file = fileName(device.host().dataSet()->file());
+  mUser.remark(wrong == 0 ? mUser.say("%1 is saved").arg(file) : mUser.say("%1 is saved, but without %2 wrong values").arg(file).arg(wrong));
+  return true;
 }
 
 }  // namespace ostrand

@@ -13,10 +13,15 @@ class DataSetCommands {
       : mWorkbench(workbench), mPanel(panel), mUser(user), mDeparture(departure) {}
 
   void open();
-  void save();
+  // With what is typed on the pages. False if there is no file of it now.
+  bool save();
+  bool save(PlantDevice& device);
   void saveAs();
 
  private:
+  bool saveAs(PlantDevice& device);
+  bool write(PlantDevice& device, const QString& trying, const std::function<void()>& save);
+
   Workbench& mWorkbench;
   ViewPanel& mPanel;
   const UserTalk& mUser;

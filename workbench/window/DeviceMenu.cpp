@@ -41,7 +41,7 @@ DeviceMenu::DeviceMenu(QMainWindow& window, QToolBar& tools, const Commands& com
   menu->addSeparator();
   mUndo = add("&Undo this edit", "Undo edit", {}, [&edits] { edits.undo(); });
   mDiscard = add("&Discard all edits", "Discard edits", {}, [&edits] { edits.discardAll(); });
-  mApply = add("A&pply all edits", "Apply edits", QKeySequence(Qt::CTRL | Qt::Key_Return), [&edits] { edits.apply(); });
+  mApply = add("A&pply edits…", "Apply edits", QKeySequence(Qt::CTRL | Qt::Key_Return), [&edits] { edits.review(); });
   menu->addSeparator();
   mModes = menu->addMenu(QString());
   speak(*mModes, "title", "C&onnection");
@@ -64,6 +64,11 @@ void DeviceMenu::refresh() {
   mReadPage->setEnabled(dataSet && !dataSet->readItems(device.frame()).empty());
   const bool edits = device.hasPendingEdits();
   for (QAction* const action : {mUndo, mDiscard, mApply}) action->setEnabled(edits);
+  // How many wait stands at the button.
+  const std::size_t waiting = device.waitingCount();
+  const QString apply = mWorkbench.texts().say("Apply edits") + (waiting > 0 ? QStringLiteral(" (%1)").arg(waiting) : QString());
+  if (mApply->iconText() != apply) mApply->setIconText(apply);
+  mApply->setToolTip(device.host().session().level < 3 ? mWorkbench.texts().say("Needs user level 3 or more") : mWorkbench.texts().say("What waits to be written to the device"));
   refreshModes();
 }
 

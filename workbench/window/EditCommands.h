@@ -1,35 +1,38 @@
 #pragma once
 
+#include <QPointer>
 #include <functional>
-#include <memory>
-#include <vector>
 
 #include "workbench/window/TransferCommands.h"
 
 namespace ostrand {
 
+class WaitingDialog;
+
 // Edits that the device has not been told: taking them back, and applying them.
 class EditCommands {
  public:
-  EditCommands(Workbench& workbench, ViewPanel& panel, const UserTalk& user, TransferCommands& transfers)
-      : mWorkbench(workbench), mPanel(panel), mUser(user), mTransfers(transfers) {}
+  EditCommands(Workbench& workbench, ViewPanel& panel, const UserTalk& user, TransferCommands& transfers, QWidget& window)
+      : mWorkbench(workbench), mPanel(panel), mUser(user), mTransfers(transfers), mWindow(window) {}
 
   void undo();
   void discardAll();
-  void apply();
+  // Lists what waits; nothing is written before the user has seen it.
+  void review();
+  WaitingDialog* waitingDialog() const;
 
   // Some edit has gone.
   std::function<void()> onChanged;
 
  private:
-  void addOfflineEdits(std::vector<Change>& changes) const;
   void changed() const;
 
   Workbench& mWorkbench;
   ViewPanel& mPanel;
   const UserTalk& mUser;
   TransferCommands& mTransfers;
-  std::shared_ptr<int> mAlive = std::make_shared<int>();
+  QWidget& mWindow;
+  QPointer<WaitingDialog> mWaiting;
 };
 
 }  // namespace ostrand

@@ -35,7 +35,7 @@ MainWindow::MainWindow(Workbench& workbench)
       mDataSets(workbench, *mPanel, mUser, mDeparture),
       mTranscripts(workbench, *mPanel, mUser, *this, [this] { showFront(); }),
       mTransfers(workbench, *mPanel, mUser, *this),
-      mEdits(workbench, *mPanel, mUser, mTransfers),
+      mEdits(workbench, *mPanel, mUser, mTransfers, *this),
       mConnection(workbench, *mPanel, *this),
       mFileMenu(*this, *mTools, {mDataSets, mTranscripts}, workbench, *mPanel, mUser),
       mDeviceMenu(*this, *mTools, {mTransfers, mEdits, mConnection}, workbench),
@@ -120,6 +120,7 @@ void MainWindow::layOut() {
 
 void MainWindow::connectPanel() {
   mPanel->whyDisabled = [this](const Control& control) { return whyDisabled(control, mWorkbench.current(), mWorkbench.texts()); };
+  mPanel->keptValue = [this](const EditControl& edit) { return mWorkbench.current().keptValue(edit, mWorkbench.texts()); };
   mPanel->onInput = [this](const Control& control, const UserInput& input) { return recorded(control, input); };
   mPanel->onRefused = [this](const RuntimeError& error) { mStatus->say(qt(error.description())); };
   mPanel->onUnhandled = [this](const RuntimeError& error) {

@@ -12,6 +12,7 @@
 #include "workbench/dialogs/CompareDialog.h"
 #include "workbench/dialogs/FaultsDialog.h"
 #include "workbench/dialogs/TransferDialog.h"
+#include "workbench/dialogs/WaitingDialog.h"
 
 namespace ostrand::test {
 namespace {
@@ -171,7 +172,8 @@ TEST_F(TransferTest, LocalAcceptanceTakesEditsIntoTheDataSet) {
   EXPECT_TRUE(workbench->current().hasPendingEdits());
 
   window->connection().setMode(11);
-  window->edits().apply();
+  window->edits().review();
+  clickButton(*window->edits().waitingDialog(), QStringLiteral("Write ticked to device"));
   ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
   EXPECT_EQ(dataSet().offlineValue("damping"), "");
   EXPECT_EQ(parseNumber(deviceValue("outputSignal", "damping"), '.'), 7.0);

@@ -1,0 +1,179 @@
+#include "workbench/dialogs/WaitingDialog.h"
+
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QToolBar>
+#include <QTreeWidget>
+
+#include "platform/base/NumberText.h"
+#include "platform/controls/CtrTextEdit.h"
+#include "workbench/WindowBench.h"
+
+namespace ostrand::test {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kDescription = "cteIdentification(1)";
+
+class WaitingTest : public WindowBench {
+ protected:
+  enum Column { Value, Page, DeviceHas, New, Unit, Result };
+
+  void SetUp() override {
+    open();
+    ASSERT_TRUE(show("information", "identification"));
+  }
+  DataSet& dataSet() { return *workbench->host().dataSet(); }
+  // As the user asks for it.
+  void review() {
+    QTest::keyClick(window.get(), Qt::Key_Return, Qt::ControlModifier);
+    pump();
+    ASSERT_TRUE(window->edits().waitingDialog());
+  }
+  WaitingDialog& dialog() { return *window->edits().waitingDialog(); }
+  QTreeWidgetItem* row(const QString& parameter) {
+    for (int i = 0; i < dialog().list().topLevelItemCount(); ++i)
+      if (dialog().list().topLevelItem(i)->toolTip(Value) == parameter) return dialog().list().topLevelItem(i);
+    return nullptr;
+  }
+  std::string text(const QString& parameter, Column column) { return row(parameter) ? row(parameter)->text(column).toStdString() : "no row"; }
+  bool writes(const QString& parameter) {
+    clickButton(dialog(), QStringLiteral("Write ticked to device"));
+    return until([&] { return !workbench->host().transfer().running() && text(parameter, Result) != "Waiting"; });
+  }
+  std::string toolText(const QString& beginning) {
+    for (const QAction* const action : window->findChild<QToolBar*>()->actions())
+      if (action->iconText().startsWith(beginning)) return action->iconText().toStdString();
+    return {};
+  }
+  bool isSaidBesideAValue(const QString& told) {
+    window->panel().refresh();
+    pump();
+    for (const QLabel* const label : window->panel().findChildren<QLabel*>())
+      if (label->isVisible() && label->text().contains(told)) return true;
+    return false;
+  }
+};
+
+TEST_F(WaitingTest, NothingIsWrittenBeforeTheListHasBeenSeenAndOnlyWhatIsTicked) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  dataSet().edit("damping", "5.5");
+  review();
+  grab("waiting-window");
+  EXPECT_EQ(text("description", Page), "Identification");
+  EXPECT_EQ(text("description", DeviceHas), "STOCK PREP LINE2");
+  EXPECT_EQ(text("description", New), "LINE 3");
+  EXPECT_EQ(text("damping", DeviceHas), "2.0");
+  EXPECT_EQ(text("damping", New), "5.5");
+  EXPECT_EQ(text("damping", Unit), "s");
+  settle();
+  EXPECT_EQ(dataSet().value("description"), "STOCK PREP LINE2") << "so far it has only been listed";
+
+  row("damping")->setCheckState(Value, Qt::Unchecked);
+  ASSERT_TRUE(writes("description"));
+  EXPECT_EQ(text("description", Result), "Written");
+  EXPECT_EQ(text("damping", Result), "");
+  if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog().grab().save(QString::fromLatin1(folder) + "/waiting.png");
+  EXPECT_EQ(deviceValue("identification", "description"), "LINE 3");
+  EXPECT_EQ(dataSet().offlineValue("damping"), "5.5") << "it goes on waiting";
+}
+
+TEST_F(WaitingTest, TheirNumberStandsAtTheButton) {
+  EXPECT_EQ(toolText("Apply"), "Apply edits");
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  dataSet().edit("damping", "5.5");
+  settle();
+  EXPECT_EQ(toolText("Apply"), "Apply edits (2)");
+}
+
+TEST_F(WaitingTest, ARefusedRowSaysWhyAndIsTriedAgain) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  workbench->host().communication().device()->setFault("refuse", "identification hartCmdErrAccessRestricted");
+  review();
+  ASSERT_TRUE(writes("description"));
+  EXPECT_EQ(text("description", Result), workbench->host().textTable()->GetText("hartCmdErrAccessRestricted"));
+  EXPECT_EQ(row("description")->checkState(Value), Qt::Checked);
+  workbench->host().communication().device()->setFault("none", "");
+  ASSERT_TRUE(writes("description"));
+  EXPECT_EQ(text("description", Result), "Written");
+  EXPECT_EQ(deviceValue("identification", "description"), "LINE 3");
+}
+
+TEST_F(WaitingTest, WhatIsDroppedIsShownAsTheDeviceHasIt) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  dataSet().edit("damping", "5.5");
+  review();
+  clickButton(dialog(), QStringLiteral("Drop ticked"));
+  EXPECT_EQ(text("description", Result), "Dropped");
+  EXPECT_FALSE(workbench->current().hasPendingEdits());
+  EXPECT_EQ(control<CtrTextEdit>(kDescription).displayText(), "STOCK PREP LINE2");
+}
+
+TEST_F(WaitingTest, WhatCannotGoStandsInTheListWithTheReason) {
+  dataSet().edit("damping", "5.5");
+  ASSERT_TRUE(show("diagnostics", "loopTest"));
+  typeInto("cteLoopTest", QStringLiteral("12"));
+  review();
+  EXPECT_THAT(text("loopTestValue", Result), HasSubstr("Left out"));
+  EXPECT_EQ(text("loopTestValue", New), "12.00");
+  EXPECT_FALSE(row("loopTestValue")->flags() & Qt::ItemIsUserCheckable);
+}
+
+TEST_F(WaitingTest, BelowLevelThreeNothingIsWrittenAndTheListSaysWhy) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  window->settingsMenu().setLevel(2);
+  review();
+  clickButton(dialog(), QStringLiteral("Write ticked to device"));
+  settle();
+  EXPECT_EQ(dataSet().value("description"), "STOCK PREP LINE2");
+  bool told = false;
+  for (const QLabel* const label : dialog().findChildren<QLabel*>()) told = told || label->text().contains(QStringLiteral("level 3"));
+  EXPECT_TRUE(told);
+}
+
+TEST_F(WaitingTest, AReadNeverHidesAnEditThatWaits) {
+  dataSet().edit("recipe1LinearizationSlopeP1", "1.1");
+  ASSERT_TRUE(show("calibration", "recipes"));
+  window->transfers().readAll();
+  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  const CtrTextEdit& slope = control<CtrTextEdit>("cteSlope(0)");
+  EXPECT_THAT(window->panel().explanation(slope).toStdString(), Not(HasSubstr("<b>Read from the device")));
+  if (slope.Modified())
+    EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("device: 1.000")));
+  else
+    EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("waits: 1.100")));
+  grab("waits");
+}
+
+TEST_F(WaitingTest, WhatIsAcceptedLocallyIsNotSaidToBeRead) {
+  ASSERT_TRUE(show("measurement", "activeRecipe"));
+  window->connection().setMode(10);
+  chooseIn("cceActiveRecipe", "recipe3");
+  clickOn("cmdActiveRecipeSetButton");
+  ASSERT_EQ(dataSet().offlineValue("activeRecipe"), "3");
+  EXPECT_THAT(window->panel().explanation(control<Control>("cceActiveRecipe")).toStdString(), HasSubstr("Accepted, not written"));
+  EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("device: Recipe 1")));
+  grab("accepted");
+}
+
+TEST_F(WaitingTest, AWrongValueSaysItsLimitsAtTheField) {
+  ASSERT_TRUE(show("diagnostics", "loopTest"));
+  typeInto("cteLoopTest", QStringLiteral("99"));
+  EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("Limits: ")));
+  grab("wrong");
+}
+
+TEST_F(WaitingTest, WhatIsTypedIsInTheFileThatIsSaved) {
+  window->connection().setMode(10);
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
+  pump();
+  EXPECT_THAT(readWholeFile(dataSet().file()), HasSubstr("LINE 3"));
+  EXPECT_THAT(window->status().statusText().toStdString(), HasSubstr("is saved"));
+}
+
+}  // namespace
+}  // namespace ostrand::test
