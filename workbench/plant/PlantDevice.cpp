@@ -85,7 +85,7 @@ std::string PlantDevice::transcript() {
 
 bool PlantDevice::hasPendingEdits() { return viewsHaveEdits() || (mHost.dataSet() && !mHost.dataSet()->edited().empty()); }
 
-bool PlantDevice::hasUnsavedEdits() { return viewsHaveEdits() || (mHost.dataSet() && mHost.dataSet()->changed() && !mHost.dataSet()->edited().empty()); }
+bool PlantDevice::hasUnsavedValues() { return viewsHaveEdits() || (mHost.dataSet() && mHost.dataSet()->changed()); }
 
 bool PlantDevice::viewsHaveEdits() { return !viewEdits().empty(); }
 

@@ -57,9 +57,10 @@ class PlantDevice {
   // The conversation of the view in front since its creation; empty if there is none.
   std::string transcript();
 
-  // An edit that the device does not know of; one that no file knows of either.
+  // An edit that the device does not know of.
   bool hasPendingEdits();
-  bool hasUnsavedEdits();
+  // A value that no file knows of: typed, read or written since the data set was saved last.
+  bool hasUnsavedValues();
   // What waits to be written to the device: what the views' edits hold, and what the data set keeps without them; but nothing
   // that leaves by a button of its own. The number alone is found without asking the views.
   std::vector<Change> waiting();

@@ -76,7 +76,7 @@ void MainWindow::layOut() {
   pageLayout->setSpacing(0);
   pageLayout->addWidget(mHeader);
   for (const auto& device : mWorkbench.devices()) {
-    mBanners.push_back(new LoopTestBanner(*device));
+    mBanners.push_back(new OutputBanner(*device));
     pageLayout->addWidget(mBanners.back());
     mFocusWatches.push_back(std::make_unique<FocusWatch>(device->host(), [this] {
       // The view is still in the middle of losing the focus.
@@ -152,6 +152,7 @@ void MainWindow::connectWorkbench() {
     mFileMenu.refresh();
     mConversation->setRecording(mTranscripts.isRecording());
   };
+  mDeparture.save = [this](PlantDevice& device) { return mDataSets.save(device); };
   mEdits.onChanged = [this] { mDeviceMenu.refresh(); };
   mConnection.onMode = [this] {
     mHeader->refresh();
@@ -193,7 +194,7 @@ void MainWindow::applySettings() {
   mHeader->setTexts(mWorkbench.texts());
   mHeader->setPriorities(settings.priorities);
   mStatus->setTexts(mWorkbench.texts());
-  for (LoopTestBanner* const banner : mBanners) banner->setTexts(mWorkbench.texts());
+  for (OutputBanner* const banner : mBanners) banner->setTexts(mWorkbench.texts());
   mFileMenu.refresh();
   mDeviceMenu.refresh();
   mSettingsMenu.refresh();
@@ -250,7 +251,7 @@ void MainWindow::refreshLater() {
     mTree->refreshDevices();
     mHeader->refresh();
     mStatus->refresh();
-    for (LoopTestBanner* const banner : mBanners) banner->refresh();
+    for (OutputBanner* const banner : mBanners) banner->refresh();
     mDeviceMenu.refresh();
     DataSet* const dataSet = host().dataSet();
     const std::string file = dataSet ? dataSet->file().filename().string() : std::string();
@@ -272,7 +273,7 @@ bool MainWindow::show(const PlantTree::Place& place) {
   bool shown = false;
   mUser.attempt(mWorkbench.texts().say("The page could not be opened"), [&] {
     mPanel->commit();
-    shown = mWorkbench.show(*place.device, place.branch, place.frame);
+    shown = mDeparture.mayLeave(place) && mWorkbench.show(*place.device, place.branch, place.frame);
   });
   mChoosing = false;
   showFront();
@@ -308,7 +309,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  if (mChoosing || !mDeparture.mayClose()) {
+  if (mChoosing || !mDeparture.mayClose([this] { QTimer::singleShot(0, this, [this] { close(); }); })) {
     event->ignore();
     return;
   }

@@ -6,7 +6,7 @@
 
 #include "workbench/conversation/ConversationPanel.h"
 #include "workbench/plant/HeaderBar.h"
-#include "workbench/plant/LoopTestBanner.h"
+#include "workbench/plant/OutputBanner.h"
 #include "workbench/plant/PlantTree.h"
 #include "workbench/plant/Workbench.h"
 #include "workbench/render/ViewPanel.h"
@@ -40,7 +40,7 @@ class MainWindow : public QMainWindow {
   ConversationPanel& conversation() const { return *mConversation; }
   StatusLine& status() const { return *mStatus; }
   HeaderBar& header() const { return *mHeader; }
-  const std::vector<LoopTestBanner*>& banners() const { return mBanners; }
+  const std::vector<OutputBanner*>& banners() const { return mBanners; }
   Theme theme() const { return Theme::make(mWorkbench.settings().theme, mWorkbench.settings().scale); }
 
   // --- the commands
@@ -86,7 +86,7 @@ class MainWindow : public QMainWindow {
   StatusLine* mStatus;
   QToolBar* mTools;
   QSplitter* mColumns = nullptr;  // tree and view
-  std::vector<LoopTestBanner*> mBanners;
+  std::vector<OutputBanner*> mBanners;
   std::vector<std::unique_ptr<FocusWatch>> mFocusWatches;
   UserTalk mUser;
   Departure mDeparture;

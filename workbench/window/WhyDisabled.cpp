@@ -12,7 +12,9 @@ QString whyDisabled(const Control& control, PlantDevice& device, const Texts& te
     if (host.communication().isBusy()) return texts.say("The communication is busy");
     if (host.session().level < 3) return texts.say("Needs user level 3 or more");
   }
-  if (const std::string busy = device.busyWith(); !busy.empty()) return texts.say("Not while this is running: %1").arg(texts(busy));
+  // A page may still say that it is busy when the device has confirmed that nothing runs.
+  const bool runs = device.outputs().mayBeForced() || device.outputs().sampling();
+  if (const std::string busy = device.busyWith(); runs && !busy.empty()) return texts.say("Not while this is running: %1").arg(texts(busy));
   return {};
 }
 

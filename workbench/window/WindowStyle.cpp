@@ -42,7 +42,8 @@ QToolButton::menu-indicator { image: none; }
 QProgressBar { background: @line; border: none; border-radius: 4px; }
 QProgressBar::chunk { background: @accent; border-radius: 4px; }
 QLabel[role="heading"] { font-weight: 600; }
-QLabel[role="banner"] { background: @bannerFill; color: @bannerText; font-weight: 600; padding: 8px 16px; }
+*[role="banner"] { background: @bannerFill; }
+*[role="banner"] QLabel { color: @bannerText; font-weight: 600; }
 QSplitter::handle { background: @line; }
 QTableView::item { padding: 2px 8px; }
 QDialog QTableView QHeaderView::section { padding: 6px 3px; }

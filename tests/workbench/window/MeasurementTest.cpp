@@ -143,7 +143,7 @@ TEST_F(MeasurementTest, ClosingWithAnEditAsks) {
   answer = UserPrompt::kStop;
   EXPECT_FALSE(window->close());
   ASSERT_EQ(asked.size(), 1u);
-  EXPECT_THAT(asked[0], HasSubstr("edits"));
+  EXPECT_THAT(asked[0], HasSubstr("nobody has saved"));
   answer = UserPrompt::kGoOn;
   EXPECT_TRUE(window->close());
 }
@@ -158,7 +158,7 @@ TEST_F(MeasurementTest, OpeningADataSetAsksOnlyForTheEditsOfItsDevice) {
   nextFile = data / "devices" / "profibusBlade.xml";
   window->dataSets().open();
   EXPECT_TRUE(asked.empty());
-  EXPECT_TRUE(workbench->current().hasUnsavedEdits());
+  EXPECT_TRUE(workbench->current().hasUnsavedValues());
   nextFile = data / "devices" / "hartBlade.xml";
   window->dataSets().open();
   EXPECT_EQ(asked.size(), 1u);
