@@ -15,7 +15,7 @@ namespace ostrand {
 std::optional<std::vector<Ne107>> PrioritiesDialog::choose(QWidget& window, const Texts& texts, const std::vector<Ne107>& priorities) {
   QDialog dialog(&window);
   dialog.setWindowTitle(texts.say("Order of device signals"));
-  auto* const note = new QLabel(texts.say("When several signals are in force, the uppermost is shown."));
+  auto* const note = new QLabel(texts.say("When several signals are in force, the uppermost is shown. This order holds for every device."));
   note->setWordWrap(true);
   auto* const list = new QListWidget;
   for (const Ne107 each : priorities) {

@@ -15,7 +15,7 @@ constexpr const char* kTranscripts = "Transcripts|*.transcript|All files|*";
 std::optional<std::filesystem::path> TranscriptCommands::askForFile() const {
   ViewSite* const front = mWorkbench.host().front();
   const std::string name = (front ? front->className() : std::string("view")) + ".transcript";
-  return mWorkbench.desktop().saveDialog({mUser.say("Save transcript").toStdString(), kTranscripts, "transcript", name});
+  return mWorkbench.desktop().saveDialog({mUser.say("Save transcript").toStdString() + " – " + mWorkbench.current().title(), kTranscripts, "transcript", name});
 }
 
 void TranscriptCommands::save() {

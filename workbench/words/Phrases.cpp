@@ -249,7 +249,7 @@ constexpr Phrase kPhrases[] = {
     {"Ten times slower", "Kymmenen kertaa hitaammin", "Tio gånger långsammare", "Zehnmal langsamer"},
     {"Not set: %1", "Ei asetettu: %1", "Inte satt: %1", "Nicht gesetzt: %1"},
     {"Order of device signals", "Laitesignaalien järjestys", "Ordning på enhetens signaler", "Reihenfolge der Gerätesignale"},
-    {"When several signals are in force, the uppermost is shown.", "Kun useita signaaleja on voimassa, ylin näytetään.", "När flera signaler är i kraft visas den översta.", "Sind mehrere Signale in Kraft, wird das oberste gezeigt."},
+    {"When several signals are in force, the uppermost is shown. This order holds for every device.", "Kun useita signaaleja on voimassa, ylin näytetään. Järjestys koskee kaikkia laitteita.", "När flera signaler är i kraft visas den översta. Ordningen gäller alla enheter.", "Sind mehrere Signale in Kraft, wird das oberste gezeigt. Diese Ordnung gilt für alle Geräte."},
     {"Move up", "Ylös", "Flytta upp", "Nach oben"},
     {"Move down", "Alas", "Flytta ner", "Nach unten"},
 };
