@@ -16,7 +16,7 @@ void DataSetCommands::open() {
   if (!mUser.attempt(mUser.say("%1 could not be opened").arg(fileName(*file)), [&] { dataSet = DataSet::open(*file); })) return;
   PlantDevice& device = mWorkbench.deviceFor(*dataSet);
   if (!mDeparture.mayReplaceDataSet(device)) return;
-  device.host().setDataSet(std::move(*dataSet));
+  if (!mUser.attempt(mUser.say("%1 could not be opened").arg(fileName(*file)), [&] { device.host().setDataSet(std::move(*dataSet)); })) return;
   mUser.remark(mUser.say("%1 is open").arg(fileName(*file)));
   mDeparture.warnOfForcedOutput(device);
 }
