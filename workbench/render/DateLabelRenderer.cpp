@@ -21,7 +21,7 @@ void DateLabelRenderer::restyle() { useFont(*mLabel, theme().font(Theme::Text::S
 
 void DateLabelRenderer::sync() {
   const std::string& stamp = mModel.Caption();
-  const QString shown = stamp.empty() ? QString() : word(Word::LastRead, panel().language()) + QStringLiteral("  ") + toQt(stamp);
+  const QString shown = stamp.empty() ? QString() : word(PanelWord::LastRead, panel().language()) + QStringLiteral("  ") + toQt(stamp);
   if (mLabel->text() != shown) mLabel->setText(shown);
 }
 

@@ -46,9 +46,9 @@ QString EditRenderer::companion(const ValueStates& states, const KeptValue& kept
   QStringList parts{panel().unitText(mEdit.displayUnit())};
   if (states.value == ValueState::Wrong && mEdit.Modified()) {
     const QString between = limits();
-    parts << (between.isEmpty() ? word(Word::Wrong, language) : word(Word::Limits, language) + QStringLiteral(": ") + between);
+    parts << (between.isEmpty() ? word(PanelWord::Wrong, language) : word(PanelWord::Limits, language) + QStringLiteral(": ") + between);
   }
-  if (kept.shown != KeptValue::Shown::Nothing) parts << word(kept.shown == KeptValue::Shown::Kept ? Word::OnDevice : Word::Waits, language) + QStringLiteral(": ") + kept.other;
+  if (kept.shown != KeptValue::Shown::Nothing) parts << word(kept.shown == KeptValue::Shown::Kept ? PanelWord::OnDevice : PanelWord::Waits, language) + QStringLiteral(": ") + kept.other;
   parts.removeAll(QString());
   return parts.join(QStringLiteral("   "));
 }
@@ -85,8 +85,8 @@ QString EditRenderer::limits() const {
   if (!text) return {};
   const QString least = toQt(text->shownLimit(mEdit.info().min)), most = toQt(text->shownLimit(mEdit.info().max));
   if (!least.isEmpty() && !most.isEmpty()) return least + QStringLiteral(" – ") + most;
-  if (!least.isEmpty()) return word(Word::AtLeast, panel().language()) + QStringLiteral(" ") + least;
-  return most.isEmpty() ? QString() : word(Word::AtMost, panel().language()) + QStringLiteral(" ") + most;
+  if (!least.isEmpty()) return word(PanelWord::AtLeast, panel().language()) + QStringLiteral(" ") + least;
+  return most.isEmpty() ? QString() : word(PanelWord::AtMost, panel().language()) + QStringLiteral(" ") + most;
 }
 
 QString EditRenderer::explanation() const {
@@ -94,7 +94,7 @@ QString EditRenderer::explanation() const {
   const ValueStates states = statesOf(mEdit, stateOf(kept()));
   QString told = QStringLiteral("<b>%1</b>").arg(word(states.value, language).toHtmlEscaped());
   const auto line = [&](const QString& text) { told += QStringLiteral("<br>") + text.toHtmlEscaped(); };
-  const auto fact = [&](Word name, const QString& text) { line(word(name, language) + QStringLiteral(": ") + text); };
+  const auto fact = [&](PanelWord name, const QString& text) { line(word(name, language) + QStringLiteral(": ") + text); };
   if (states.access)
     line(word(*states.access, language));
   else if (mEdit.KeepLocal() || mEdit.ExplicitApply())
@@ -105,14 +105,14 @@ QString EditRenderer::explanation() const {
   const ParameterInfo& info = mEdit.info();
   if (const QString between = limits(); !between.isEmpty()) {
     const QString unit = panel().unitText(mEdit.displayUnit());
-    fact(Word::Limits, unit.isEmpty() ? between : between + QStringLiteral(" ") + unit);
+    fact(PanelWord::Limits, unit.isEmpty() ? between : between + QStringLiteral(" ") + unit);
   }
   if (!mEdit.parameterName().empty()) {
-    fact(Word::Parameter, toQt(std::string(mEdit.parameterName())));
+    fact(PanelWord::Parameter, toQt(std::string(mEdit.parameterName())));
     const QString unit = info.unit == "noUnit" ? QString() : QStringLiteral(" ") + toQt(info.unit);
-    fact(Word::RawValue, mEdit.stored().empty() ? QStringLiteral("–") : toQt(mEdit.stored()) + unit);
+    fact(PanelWord::RawValue, mEdit.stored().empty() ? QStringLiteral("–") : toQt(mEdit.stored()) + unit);
     const Component* const owner = mEdit.owner();
-    fact(Word::LastRead, mEdit.lastRead() && owner ? toQt(owner->desktop().locale().dateAndTime(*mEdit.lastRead())) : word(Word::Never, language));
+    fact(PanelWord::LastRead, mEdit.lastRead() && owner ? toQt(owner->desktop().locale().dateAndTime(*mEdit.lastRead())) : word(PanelWord::Never, language));
   }
   return told;
 }

@@ -39,16 +39,16 @@ ValueStates statesOf(const EditControl& edit, std::optional<ValueState> kept) {
 
 QString word(ValueState state, const std::string& language) {
   switch (state) {
-    case ValueState::NotRead: return word(Word::NotRead, language);
-    case ValueState::Read: return word(Word::Read, language);
-    case ValueState::ReadFailed: return word(Word::ReadFailed, language);
-    case ValueState::Edited: return word(Word::Edited, language);
-    case ValueState::Wrong: return word(Word::Wrong, language);
-    case ValueState::Corrected: return word(Word::Corrected, language);
-    case ValueState::Waiting: return word(Word::Waiting, language);
-    case ValueState::Accepted: return word(Word::Accepted, language);
-    case ValueState::ReadOnly: return word(Word::ReadOnly, language);
-    case ValueState::HeldBack: return word(Word::HeldBack, language);
+    case ValueState::NotRead: return word(PanelWord::NotRead, language);
+    case ValueState::Read: return word(PanelWord::Read, language);
+    case ValueState::ReadFailed: return word(PanelWord::ReadFailed, language);
+    case ValueState::Edited: return word(PanelWord::Edited, language);
+    case ValueState::Wrong: return word(PanelWord::Wrong, language);
+    case ValueState::Corrected: return word(PanelWord::Corrected, language);
+    case ValueState::Waiting: return word(PanelWord::Waiting, language);
+    case ValueState::Accepted: return word(PanelWord::Accepted, language);
+    case ValueState::ReadOnly: return word(PanelWord::ReadOnly, language);
+    case ValueState::HeldBack: return word(PanelWord::HeldBack, language);
   }
   return {};
 }

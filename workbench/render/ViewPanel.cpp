@@ -334,7 +334,7 @@ void ViewPanel::paintEvent(QPaintEvent* event) {
   if (page()) return;
   painter.setPen(mTheme.secondaryText);
   painter.setFont(mTheme.font());
-  painter.drawText(viewport()->rect(), Qt::AlignCenter, word(Word::NothingHere, mLanguage));
+  painter.drawText(viewport()->rect(), Qt::AlignCenter, word(PanelWord::NothingHere, mLanguage));
 }
 
 }  // namespace ostrand
