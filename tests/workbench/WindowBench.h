@@ -42,6 +42,7 @@ class TestCatalog : public ComponentCatalog {
 class WindowBench : public testing::Test {
  protected:
   WindowBench() : data(mFolder / "data") {
+    std::filesystem::remove_all(mFolder);  // of a test that crashed
     std::filesystem::create_directories(mFolder);
     std::filesystem::copy(std::string(OSTRAND_SOURCE_DIR) + "/data", data, std::filesystem::copy_options::recursive);
     setenv("OSTRAND_REGISTRY", (mFolder / "components.xml").c_str(), 1);

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "host/ActingValues.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/EditControl.h"
 #include "workbench/plant/ValueText.h"
@@ -70,6 +71,8 @@ void WaitingDialog::addRow(const Change& change) {
   row->setText(Unit, texts().unit(change.unit));
   for (const int number : {DeviceHas, New}) row->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
   row->setCheckState(Value, Qt::Checked);
+  // What makes the device act leaves by its own page, and never among others.
+  if (actsOf(host().dataSet(), change.name) != Acts::No) settle(*row, texts().say("Left out: leaves by the button of its page"), false);
 }
 
 void WaitingDialog::addLeftOut(const EditControl& edit) {

@@ -73,8 +73,10 @@ TEST_F(TransferTest, ADialogNamesItsDeviceAndClosesWhenTheUserGoesToAnother) {
   EXPECT_EQ(workbench->current().kind().name, "profibusBlade");
   EXPECT_TRUE(!compare || !compare->isVisible());
   for (const QDialog* const each : window->findChildren<QDialog*>()) EXPECT_FALSE(each->isVisible()) << each->windowTitle().toStdString();
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
   QTest::keyClick(window.get(), Qt::Key_F7);
-  ASSERT_TRUE(window->transfers().compareDialog()->isVisible());
+  ASSERT_TRUE(window->transfers().compareDialog() && window->transfers().compareDialog()->isVisible());
   EXPECT_THAT(window->transfers().compareDialog()->windowTitle().toStdString(), HasSubstr(device("profibusBlade").title()));
 }
 

@@ -83,8 +83,8 @@ TEST_F(WaitingTest, NothingIsWrittenBeforeTheListHasBeenSeenAndOnlyWhatIsTicked)
 
 TEST_F(WaitingTest, TheirNumberStandsAtTheButton) {
   EXPECT_EQ(toolText("Apply"), "Apply edits");
-  typeInto(kDescription, QStringLiteral("LINE 3"));
   dataSet().edit("damping", "5.5");
+  typeInto(kDescription, QStringLiteral("LINE 3"));
   settle();
   EXPECT_EQ(toolText("Apply"), "Apply edits (2)");
 }
@@ -116,10 +116,14 @@ TEST_F(WaitingTest, WhatCannotGoStandsInTheListWithTheReason) {
   dataSet().edit("damping", "5.5");
   ASSERT_TRUE(show("diagnostics", "loopTest"));
   typeInto("cteLoopTest", QStringLiteral("12"));
+  asked.clear();
   review();
   EXPECT_THAT(text("loopTestValue", Result), HasSubstr("Left out"));
   EXPECT_EQ(text("loopTestValue", New), "12.00");
+  ASSERT_TRUE(row("loopTestValue"));
   EXPECT_FALSE(row("loopTestValue")->flags() & Qt::ItemIsUserCheckable);
+  ASSERT_TRUE(writes("damping"));
+  EXPECT_FALSE(workbench->current().outputs().mayBeForced()) << "a test value leaves by its own button alone";
 }
 
 TEST_F(WaitingTest, BelowLevelThreeNothingIsWrittenAndTheListSaysWhy) {

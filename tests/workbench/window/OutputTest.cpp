@@ -39,7 +39,7 @@ class OutputTest : public WindowBench {
   void answerTheWindow() {
     workbench->prompt().standIn = [this](const std::string& title, const std::string& message) {
       asked.push_back(title + ": " + message);
-      return title == "Something is still running" ? UserPrompt::kGoOn : UserPrompt::kStop;
+      return title == "Something is still running" || title == "There are values that nobody has saved" ? UserPrompt::kGoOn : UserPrompt::kStop;
     };
   }
 };
