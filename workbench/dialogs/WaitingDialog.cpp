@@ -19,6 +19,7 @@ WaitingDialog::WaitingDialog(Workbench& workbench, QWidget* parent)
     : DeviceDialog(workbench, "Values that wait to be written", parent), mPlantDevice(workbench.current()), mNote(new QLabel), mList(new QTreeWidget) {
   mNote->setWordWrap(true);
   mList->setHeaderLabels({texts().say("Value"), texts().say("Page"), texts().say("Device"), texts().say("New value"), texts().say("Unit"), texts().say("Result")});
+  for (const int number : {DeviceHas, New}) mList->headerItem()->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
   mList->setRootIsDecorated(false);
   mList->setUniformRowHeights(true);
   mList->setAllColumnsShowFocus(true);

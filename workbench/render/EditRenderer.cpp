@@ -48,7 +48,8 @@ QString EditRenderer::companion(const ValueStates& states, const KeptValue& kept
     const QString between = limits();
     parts << (between.isEmpty() ? word(PanelWord::Wrong, language) : word(PanelWord::Limits, language) + QStringLiteral(": ") + between);
   }
-  if (kept.shown != KeptValue::Shown::Nothing) parts << word(kept.shown == KeptValue::Shown::Kept ? PanelWord::OnDevice : PanelWord::Waits, language) + QStringLiteral(": ") + kept.other;
+  if (kept.shown == KeptValue::Shown::Kept) parts << word(PanelWord::OnDevice, language) + QStringLiteral(": ") + kept.other;
+  if (kept.shown == KeptValue::Shown::Device) parts << QStringLiteral("→ ") + kept.other;
   parts.removeAll(QString());
   return parts.join(QStringLiteral("   "));
 }

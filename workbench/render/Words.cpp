@@ -35,7 +35,6 @@ constexpr Entry kWords[] = {
     {PanelWord::Checked,     "on",                                 "päällä",                                 "på",                                     "ein"},
     {PanelWord::NothingHere, "Nothing to show",                    "Ei näytettävää",                         "Inget att visa",                         "Nichts anzuzeigen"},
     {PanelWord::OnDevice,    "device",                             "laite",                                  "enhet",                                  "Gerät"},
-    {PanelWord::Waits,       "waits",                              "odottaa",                                "väntar",                                 "wartet"},
 };
 // clang-format on
 

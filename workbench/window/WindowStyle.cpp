@@ -9,7 +9,7 @@ QString windowStyle(const Theme& theme) {
 QMainWindow, QDialog, QMessageBox { background: @window; }
 QLabel#qt_msgbox_label { font-weight: 600; min-width: @420px; padding: @8px @8px 0 0; }
 QLabel#qt_msgbox_informativelabel { min-width: @420px; padding-bottom: @8px; }
-QDialog QTreeView::item { padding: @4px @8px; }
+QDialog QTreeView::item { padding: @4px 0; }
 QMenuBar { background: @surface; border-bottom: 1px solid @line; padding: 2px 8px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected { background: @selection; }

@@ -148,7 +148,7 @@ TEST_F(WaitingTest, AReadNeverHidesAnEditThatWaits) {
   if (slope.Modified())
     EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("device: 1.000")));
   else
-    EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("waits: 1.100")));
+    EXPECT_TRUE(isSaidBesideAValue(QStringLiteral("→ 1.100")));
   grab("waits");
 }
 
