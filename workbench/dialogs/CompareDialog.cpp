@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "host/ActingValues.h"
 #include "platform/base/NumberText.h"
 #include "workbench/plant/ValueText.h"
 
@@ -62,6 +63,7 @@ CompareDialog::CompareDialog(Workbench& workbench, QWidget* parent)
   auto* const top = new QHBoxLayout;
   top->addWidget(mNote, 1);
   top->addWidget(mOnlyDifferences);
+  mNote->setWordWrap(true);
   column().addLayout(top);
   column().addWidget(mProgress);
   column().addWidget(mTable, 1);
@@ -139,6 +141,7 @@ void CompareDialog::fill() {
   }
   QString note = differences == 0 ? texts().say("%1 values compared, none differs").arg(rows.size()) : texts().say("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
   if (failures > 0) note += QStringLiteral(", ") + texts().say("%1 could not be read").arg(failures);
+  if (!mLeftOut.isEmpty()) note += QStringLiteral(". ") + texts().say("Left out, since the device acts on it: %1").arg(mLeftOut.join(QStringLiteral(", ")));
   mNote->setText(note);
   filter();
 }
@@ -169,7 +172,18 @@ void CompareDialog::readTicked() {
 
 void CompareDialog::writeTicked() {
   if (!whyNoWriting().isEmpty()) return;
-  if (const auto names = ticked(); !names.empty()) host().writeParameters(names, [this, alive = std::weak_ptr(mAlive)] {
+  // What makes the device act leaves by its own page alone.
+  std::vector<std::string> names = ticked();
+  mLeftOut.clear();
+  std::erase_if(names, [this](const std::string& name) {
+    if (actsOf(host().dataSet(), name) == Acts::No) return false;
+    mLeftOut << texts()(name);
+    return true;
+  });
+  if (names.empty())
+    fill();
+  else
+    host().writeParameters(names, [this, alive = std::weak_ptr(mAlive)] {
       if (!alive.expired()) begin();
     });
 }

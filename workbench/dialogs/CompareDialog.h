@@ -47,6 +47,7 @@ class CompareDialog : public DeviceDialog, private HostObserver {
   QPushButton* mAgain;
   QPushButton* mRead;
   QPushButton* mWrite;
+  QStringList mLeftOut;  // of what was ticked to be written last
   bool mRunning = false;
   std::shared_ptr<int> mAlive = std::make_shared<int>();
 };

@@ -18,6 +18,8 @@ class DeviceDialog : public QDialog {
   ~DeviceDialog() override;
 
  protected:
+  Workbench& workbench() const { return mWorkbench; }
+  PlantDevice& device() const { return mDevice; }
   Host& host() const { return mDevice.host(); }
   const Texts& texts() const { return mTexts; }
   // What stands below the first line.

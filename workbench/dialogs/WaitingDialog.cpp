@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -16,7 +17,7 @@
 namespace ostrand {
 
 WaitingDialog::WaitingDialog(Workbench& workbench, QWidget* parent)
-    : DeviceDialog(workbench, "Values that wait to be written", parent), mPlantDevice(workbench.current()), mNote(new QLabel), mList(new QTreeWidget) {
+    : DeviceDialog(workbench, "Values that wait to be written", parent), mNote(new QLabel), mList(new QTreeWidget) {
   mNote->setWordWrap(true);
   mList->setHeaderLabels({texts().say("Value"), texts().say("Page"), texts().say("Device"), texts().say("New value"), texts().say("Unit"), texts().say("Result")});
   for (const int number : {DeviceHas, New}) mList->headerItem()->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
@@ -42,11 +43,11 @@ WaitingDialog::WaitingDialog(Workbench& workbench, QWidget* parent)
 
 void WaitingDialog::begin() {
   if (!mWriting) {
-    mChanges = mPlantDevice.waiting();
+    mChanges = device().waiting();
     mList->clear();
     const QSignalBlocker quiet(mList);
     for (const Change& change : mChanges) addRow(change);
-    for (const EditControl* const edit : mPlantDevice.leftOut()) addLeftOut(*edit);
+    for (const EditControl* const edit : device().leftOut()) addLeftOut(*edit);
     for (int each = 0; each < kColumns; ++each) mList->resizeColumnToContents(each);
     mList->setCurrentItem(mList->topLevelItem(0));
   }
@@ -72,8 +73,28 @@ void WaitingDialog::addRow(const Change& change) {
   row->setText(Unit, texts().unit(change.unit));
   for (const int number : {DeviceHas, New}) row->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
   row->setCheckState(Value, Qt::Checked);
-  // What makes the device act leaves by its own page, and never among others.
-  if (actsOf(host().dataSet(), change.name) != Acts::No) settle(*row, texts().say("Left out: leaves by the button of its page"), false);
+  if (const QString why = whyLeftOut(change); !why.isEmpty()) settle(*row, why, false);
+}
+
+// What makes the device act leaves by its button, or while its own page is looked at; never among others.
+QString WaitingDialog::whyLeftOut(const Change& change) const {
+  switch (actsOf(host().dataSet(), change.name)) {
+    case Acts::No: return {};
+    case Acts::ByButton: return texts().say("Left out: leaves by the button of its page");
+    case Acts::ByPage: return host().dataSet()->homeGroup(change.name) == device().frame() ? QString() : texts().say("Left out: leaves only while its own page is open");
+  }
+  return {};
+}
+
+// Asks before what makes the device act is written, value by value.
+bool WaitingDialog::mayAct(const std::vector<Change>& chosen) const {
+  QStringList acting;
+  for (const Change& change : chosen)
+    if (actsOf(host().dataSet(), change.name) != Acts::No)
+      acting << QStringLiteral("%1: %2").arg(texts()(change.name), withUnit(wholeValueText(host(), texts(), change.name, change.newText), texts().unit(change.unit)));
+  if (acting.isEmpty()) return true;
+  const QString message = texts().say("The device acts on them as soon as it has them, and its output may be forced:") + QLatin1Char('\n') + acting.join(QLatin1Char('\n'));
+  return workbench().prompt().choose(texts().say("Write values that act?"), message, {texts().say("Write them"), texts().say("Do not write")}) == 0;
 }
 
 void WaitingDialog::addLeftOut(const EditControl& edit) {
@@ -130,12 +151,12 @@ void WaitingDialog::writeTicked() {
   if (mWriting || !whyNoWriting().isEmpty()) return;
   std::vector<Change> chosen;
   mSent.clear();
+  for (QTreeWidgetItem* const row : ticked()) chosen.push_back(changeOf(*row));
+  // Under the question the device may be left, and this dialog be gone.
+  const QPointer<WaitingDialog> self(this);
+  if (chosen.empty() || !mayAct(chosen) || !self) return;
   const QSignalBlocker quiet(mList);
-  for (QTreeWidgetItem* const row : ticked()) {
-    chosen.push_back(changeOf(*row));
-    row->setText(Result, texts().say("Waiting"));
-  }
-  if (chosen.empty()) return;
+  for (QTreeWidgetItem* const row : ticked()) row->setText(Result, texts().say("Waiting"));
   mWriting = true;
   try {
     const std::vector<Change> left = host().applyChanges(chosen, [this, alive = std::weak_ptr(mAlive)] {
@@ -177,7 +198,7 @@ void WaitingDialog::dropTicked() {
   if (mWriting) return;
   const QSignalBlocker quiet(mList);
   for (QTreeWidgetItem* const row : ticked()) {
-    mPlantDevice.dropEdit(changeOf(*row).name);
+    device().dropEdit(changeOf(*row).name);
     settle(*row, texts().say("Dropped"), false);
   }
   changed();

@@ -43,8 +43,9 @@ class WaitingDialog : public DeviceDialog {
   std::vector<QTreeWidgetItem*> ticked() const;
   const Change& changeOf(const QTreeWidgetItem& row) const;
   QString pageText(const Change& change) const;
+  QString whyLeftOut(const Change& change) const;
+  bool mayAct(const std::vector<Change>& chosen) const;
 
-  PlantDevice& mPlantDevice;
   QLabel* mNote;
   QTreeWidget* mList;
   QPushButton* mWrite;

@@ -97,6 +97,21 @@ TEST_F(TransferTest, BelowLevelThreeNoTickedRowIsWrittenAndTheButtonSaysWhy) {
   EXPECT_EQ(dataSet().offlineValue("damping"), "5.5") << "it still waits";
 }
 
+TEST_F(TransferTest, ATickedRowOnWhichTheDeviceActsIsLeftOutAndSaidSo) {
+  ASSERT_TRUE(show(device("profibusBlade"), "measurement", "activeRecipe"));
+  dataSet().edit("simulation", "1");
+  window->transfers().compare();
+  compared();
+  CompareDialog& dialog = *window->transfers().compareDialog();
+  dialog.tick("simulation", true);
+  clickButton(dialog, QStringLiteral("Write ticked to device"));
+  settle();
+  EXPECT_FALSE(workbench->current().outputs().mayBeForced());
+  bool told = false;
+  for (const QLabel* const label : dialog.findChildren<QLabel*>()) told = told || label->text().contains(QStringLiteral("Left out"));
+  EXPECT_TRUE(told);
+}
+
 TEST_F(TransferTest, WhatIsTickedIsReadIntoTheDataSet) {
   dataSet().edit("damping", "5.5");
   window->transfers().compare();

@@ -126,6 +126,29 @@ TEST_F(WaitingTest, WhatCannotGoStandsInTheListWithTheReason) {
   EXPECT_FALSE(workbench->current().outputs().mayBeForced()) << "a test value leaves by its own button alone";
 }
 
+TEST_F(WaitingTest, WhatActsByItsPageGoesFromThereAloneAndAfterAQuestionThatNamesIt) {
+  PlantDevice& block = device("profibusBlade");
+  ASSERT_TRUE(show(block, "measurement", "activeRecipe"));
+  dataSet().edit("simulation", "1");
+  review();
+  EXPECT_THAT(text("simulation", Result), HasSubstr("Left out"));
+  dialog().close();
+  ASSERT_TRUE(show(block, "operation", "simulation"));
+  review();
+  ASSERT_TRUE(row("simulation"));
+  EXPECT_EQ(text("simulation", Result), "");
+  asked.clear();
+  answer = UserPrompt::kStop;
+  clickButton(dialog(), QStringLiteral("Write ticked to device"));
+  settle();
+  ASSERT_FALSE(asked.empty());
+  EXPECT_THAT(asked.back(), HasSubstr(workbench->texts()("simulation").toStdString()));
+  EXPECT_FALSE(block.outputs().mayBeForced());
+  answer = UserPrompt::kGoOn;
+  clickButton(dialog(), QStringLiteral("Write ticked to device"));
+  EXPECT_TRUE(until([&] { return block.outputs().mayBeForced(); }));
+}
+
 TEST_F(WaitingTest, BelowLevelThreeNothingIsWrittenAndTheListSaysWhy) {
   typeInto(kDescription, QStringLiteral("LINE 3"));
   window->settingsMenu().setLevel(2);
