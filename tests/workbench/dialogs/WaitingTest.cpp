@@ -29,6 +29,8 @@ class WaitingTest : public WindowBench {
   DataSet& dataSet() { return *workbench->host().dataSet(); }
   // As the user asks for it.
   void review() {
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     QTest::keyClick(window.get(), Qt::Key_Return, Qt::ControlModifier);
     pump();
     ASSERT_TRUE(window->edits().waitingDialog());
@@ -128,9 +130,10 @@ TEST_F(WaitingTest, WhatCannotGoStandsInTheListWithTheReason) {
 
 TEST_F(WaitingTest, WhatActsByItsPageGoesFromThereAloneAndAfterAQuestionThatNamesIt) {
   PlantDevice& block = device("profibusBlade");
+  block.host().dataSet()->edit("simulation", "1");
   ASSERT_TRUE(show(block, "measurement", "activeRecipe"));
-  dataSet().edit("simulation", "1");
   review();
+  ASSERT_TRUE(row("simulation"));
   EXPECT_THAT(text("simulation", Result), HasSubstr("Left out"));
   dialog().close();
   ASSERT_TRUE(show(block, "operation", "simulation"));
