@@ -21,15 +21,9 @@ bool isMember(const std::string& name, std::string_view member) {
 
 // --- what is printed
 
-std::string Conversation::shown(std::string text) const {
-  for (const std::string& folder : hiddenFolders)
-    for (std::size_t at = text.find(folder); at != text.npos; at = text.find(folder, at)) text.erase(at, folder.size());
-  return text;
-}
-
 void Conversation::add(Output output) {
   if (mEnded) return;
-  output.line = shown(std::move(output.line));
+  output.line = hiddenFolders.shown(std::move(output.line));
   mOutputs.push_back(std::move(output));
 }
 
@@ -102,7 +96,7 @@ void Conversation::enters(Call call) {
 }
 
 void Conversation::returns(Call call, const std::string& answer) {
-  if (const auto output = mCalls[call].output; output && !answer.empty()) mOutputs[*output].line += shown(" -> " + answer);
+  if (const auto output = mCalls[call].output; output && !answer.empty()) mOutputs[*output].line += hiddenFolders.shown(" -> " + answer);
   interrupt(call);
   mCalls.pop_back();
 }

@@ -10,6 +10,7 @@
 
 #include "host/transcript/CallListener.h"
 #include "host/transcript/HeededCalls.h"
+#include "host/transcript/HiddenFolders.h"
 #include "host/transcript/Transcript.h"
 #include "platform/desktop/ControlProbe.h"
 
@@ -30,8 +31,7 @@ class Conversation : public CallListener, public ControlProbe {
   explicit Conversation(Views views) : mViews(std::move(views)) {}
 
   HeededCalls heeded;
-  // Folders of this machine, with their closing separators, that no output shows.
-  std::vector<std::string> hiddenFolders;
+  HiddenFolders hiddenFolders;
 
   // Prints a line of the player's own. One that begins with a name is subject to what is heeded.
   void print(const std::string& name, const std::string& argument);
@@ -96,7 +96,6 @@ class Conversation : public CallListener, public ControlProbe {
   };
 
   void add(Output output);
-  std::string shown(std::string text) const;
   std::optional<ErrorText> takeFailure(const std::function<bool(const std::string&)>& isMeant);
   std::vector<TranscriptInput> takeDurings(const std::function<bool(const std::string&)>& isMeant);
   bool traces(const Control& control) const;

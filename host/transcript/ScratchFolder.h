@@ -15,8 +15,6 @@ class ScratchFolder {
 
   // RuntimeError 70 if it cannot be made.
   const std::filesystem::path& path();
-  // The same with its closing separator.
-  std::string prefix() { return (path() / "").string(); }
 
  private:
   std::filesystem::path mPath;

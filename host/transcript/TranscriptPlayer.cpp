@@ -238,8 +238,7 @@ std::vector<PlayedBlock> TranscriptPlayer::play(const Transcript& transcript) {
 
   mFolder = std::filesystem::absolute(transcript.file()).parent_path();
   // The paths of this machine are no part of what is compared.
-  for (const std::filesystem::path& folder : {mFolder, mData})
-    if (folder.has_relative_path()) mConversation.hiddenFolders.push_back((folder / "").string());
+  for (const std::filesystem::path& folder : {mFolder, mData}) mConversation.hiddenFolders.add(folder);
   std::vector<PlayedBlock> played;
   for (const Transcript::Block& block : transcript.blocks()) {
     if (block.input) carryOut(*block.input);
@@ -449,7 +448,7 @@ void TranscriptPlayer::tree(const TranscriptInput& input) { mScript->tree = Docu
 
 std::filesystem::path TranscriptPlayer::scratchFolder(const char* name) {
   const std::filesystem::path folder = mScratch.path() / name;
-  if (std::filesystem::create_directory(folder)) mConversation.hiddenFolders.push_back(mScratch.prefix());
+  if (std::filesystem::create_directory(folder)) mConversation.hiddenFolders.add(mScratch.path());
   return folder;
 }
 

@@ -442,6 +442,17 @@ TEST_F(TranscriptPlayerTest, FilesOfDialogsAndTheRelationsAreTheTranscriptsOwn) 
       "> relations none\n> click cmdButton\nUnhandled 53 \"host/Relations_ostrand.xml: no such file\"\n");
 }
 
+TEST_F(TranscriptPlayerTest, NoPathOfThisMachineIsToldWhereTheTemporaryFilesLieBesideTheTranscript) {
+  components.actions["relations"] = [](TestView& view) {
+    view.mMessenger->Log(67, readWholeFile(view.parent()->DTMGUIGetXmlPath() + "Relations_ostrand.xml"));
+  };
+  const Transcript transcript = Transcript::parse(
+      "> create TestPanel\n> messenger\n> set cmdButton.Tag relations\n> relations none\n> click cmdButton\nUnhandled 53 \"host/Relations_ostrand.xml: no such file\"\n",
+      (std::filesystem::temp_directory_path() / "played").string());
+  const TranscriptComparison comparison(transcript, TranscriptPlayer(components, sourceData()).play(transcript));
+  EXPECT_EQ(comparison.diff(), "");
+}
+
 // --- looking
 
 TEST_F(TranscriptPlayerTest, TheTraceTellsTheViewsOwnControlsOnly) {
