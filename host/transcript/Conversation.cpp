@@ -31,6 +31,13 @@ void Conversation::print(const std::string& name, const std::string& argument) {
   if (heeded.heeds(name, argument)) add({name + " " + inQuotes(argument), {}});
 }
 
+void Conversation::printNode(const Node& node) {
+  if (node)
+    add({"node", node.xml()});
+  else
+    printValue("nothing");
+}
+
 void Conversation::printUnhandled(const ErrorText& error) {
   const std::string number = std::to_string(error.number);
   if (heeded.heeds("Unhandled", number)) add({"Unhandled " + number + " " + inQuotes(error.description), {}});
@@ -150,6 +157,10 @@ void Conversation::used(const Control& control, std::string_view member) {
 
 void Conversation::operation(Control& control, std::string_view name, const std::string& arguments) {
   if (mQuiet) return;
+  if (&control == mOurControl && name == mOurMember) {
+    mOurControl = nullptr;
+    return;
+  }
   if (traces(control)) {
     const std::string member = mViews.nameOf(control) + "." + std::string(name);
     if (heeded.heeds(member, {})) add({member + arguments, {}});
@@ -158,21 +169,11 @@ void Conversation::operation(Control& control, std::string_view name, const std:
 }
 
 void Conversation::setting(Control& control, std::string_view property, const std::string& value) {
-  if (mQuiet) return;
-  if (&control == mExpectedControl && property == mExpectedProperty) {
-    mExpectedControl = nullptr;
-    return;
-  }
   operation(control, property, " " + value);
 }
 
 void Conversation::reading(Control& control, std::string_view property) {
   if (!mQuiet) used(control, property);
-}
-
-void Conversation::expectSetting(const Control& control, std::string_view property) {
-  mExpectedControl = &control;
-  mExpectedProperty = property;
 }
 
 }  // namespace ostrand

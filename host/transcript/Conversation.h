@@ -37,6 +37,7 @@ class Conversation : public CallListener, public ControlProbe {
   void print(const std::string& name, const std::string& argument);
   void printValue(std::string line) { add({std::move(line), {}}); }
   void printDocument(std::string xml) { add({{}, std::move(xml)}); }
+  void printNode(const Node& node);
   void printUnhandled(const ErrorText& error);
   // What has been printed since the last call.
   std::vector<Output> take() { return std::exchange(mOutputs, {}); }
@@ -61,9 +62,20 @@ class Conversation : public CallListener, public ControlProbe {
    private:
     Conversation& mConversation;
   };
-  // The next time that this property is set it is the player who does it.
-  void expectSetting(const Control& control, std::string_view property);
-  void expectNothing() { mExpectedControl = nullptr; }
+  // While it lives, the next use of this member is the player's and no act of a view.
+  class Ours {
+   public:
+    Ours(Conversation& conversation, const Control& control, std::string member) : mConversation(conversation) {
+      mConversation.mOurControl = &control;
+      mConversation.mOurMember = std::move(member);
+    }
+    ~Ours() { mConversation.mOurControl = nullptr; }
+    Ours(const Ours&) = delete;
+    Ours& operator=(const Ours&) = delete;
+
+   private:
+    Conversation& mConversation;
+  };
 
   // CallListener
   Call begins(const CallText& call) override;
@@ -111,8 +123,8 @@ class Conversation : public CallListener, public ControlProbe {
   std::set<std::string> mTraced;
   std::set<std::string> mNotTraced;
   int mQuiet = 0;
-  const Control* mExpectedControl = nullptr;
-  std::string mExpectedProperty;
+  const Control* mOurControl = nullptr;
+  std::string mOurMember;
   bool mEnded = false;
 };
 

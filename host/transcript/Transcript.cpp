@@ -99,8 +99,8 @@ Transcript Transcript::parse(std::string_view text, std::string file) {
     } else if (line[0] == '|') {
       if (line.size() > 1 && line[1] != ' ') transcript.malformed(i, "a further line begins with \"| \"");
       if (above == Above::Nothing) transcript.malformed(i, "there is no line above that this one belongs to");
-      // A document that was asked for is an output, though there is no line above it but the input.
-      if (above == Above::Input && block->input->command() == "document") {
+      // A document or a file that was asked for is an output, though there is no line above it but the input.
+      if (above == Above::Input && (block->input->command() == "document" || block->input->command() == "file")) {
         block->expected.push_back({{}, i, i});
         above = Above::Output;
       }

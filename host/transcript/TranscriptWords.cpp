@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
 
 namespace ostrand {
@@ -62,6 +63,8 @@ void passBlanks(std::string_view line, std::size_t& at) {
 }
 
 }  // namespace
+
+int numberOf(const Word& word) { return static_cast<int>(parseInteger(word.text).value_or(0)); }
 
 std::vector<Word> readWords(std::string_view line) {
   std::vector<Word> words;

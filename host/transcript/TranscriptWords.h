@@ -12,6 +12,9 @@ struct Word {
   bool quoted = false;
 };
 
+// The number of a word that is a whole one.
+int numberOf(const Word& word);
+
 // RuntimeError 5 with the reason for a text without an end, an unknown escape, or a text that runs into a word. A bare
 // word may end in a text behind "=" (tag="a b").
 std::vector<Word> readWords(std::string_view line);

@@ -1,0 +1,194 @@
+#include "host/transcript/inputs/MemberCall.h"
+
+#include <functional>
+
+#include "host/transcript/TranscriptStage.h"
+#include "platform/base/NumberText.h"
+#include "platform/controls/EditControl.h"
+#include "platform/controls/ListView.h"
+
+namespace ostrand::inputs {
+
+namespace {
+
+using Values = std::vector<Value>;
+// What a member answers: nothing, a value, or a node.
+using Answer = std::variant<std::monostate, Value, Node>;
+
+template <class T>
+struct Operation {
+  std::string_view name;
+  std::string_view form;  // an argument each: i a whole number, t a text, b a flag
+  Answer (*call)(T&, const Values&);
+};
+
+// clang-format off
+const Operation<Control> kOfControls[] = {
+    {"Move",             "iiii", [](Control& at, const Values& v) -> Answer { at.Move(asInt(v[0]), asInt(v[1]), asInt(v[2]), asInt(v[3])); return {}; }},
+    {"ZOrder",           "i",    [](Control& at, const Values& v) -> Answer { at.ZOrder(asInt(v[0])); return {}; }},
+    {"SetFocus",         "",     [](Control& at, const Values&) -> Answer { at.SetFocus(); return {}; }},
+    {"handleError",      "t",    [](Control& at, const Values& v) -> Answer { at.handleError(asText(v[0])); return {}; }},
+};
+const Operation<EditControl> kOfEdits[] = {
+    {"MarkEdited",       "b",    [](EditControl& at, const Values& v) -> Answer { at.MarkEdited(asBool(v[0])); return {}; }},
+    {"ValueIsValid",     "",     [](EditControl& at, const Values&) -> Answer { return Value(at.ValueIsValid()); }},
+    {"HasParameter",     "",     [](EditControl& at, const Values&) -> Answer { return Value(at.HasParameter()); }},
+    {"GetXmlItem",       "",     [](EditControl& at, const Values&) -> Answer { return at.GetXmlItem(); }},
+    {"GetXmlItem",       "b",    [](EditControl& at, const Values& v) -> Answer { return at.GetXmlItem(asBool(v[0])); }},
+};
+const Operation<ListView> kOfLists[] = {
+    {"AddColumn",        "ti",   [](ListView& at, const Values& v) -> Answer { at.AddColumn(asText(v[0]), asInt(v[1])); return {}; }},
+    {"AddRow",           "",     [](ListView& at, const Values&) -> Answer { at.AddRow(); return {}; }},
+    {"RemoveRow",        "i",    [](ListView& at, const Values& v) -> Answer { at.RemoveRow(asInt(v[0])); return {}; }},
+    {"Clear",            "",     [](ListView& at, const Values&) -> Answer { at.Clear(); return {}; }},
+};
+const Operation<ITaviView> kOfViews[] = {
+    {"GetSelectedView",   "",    [](ITaviView& at, const Values&) -> Answer { return Value(at.GetSelectedView()); }},
+    {"SetSelectedView",   "t",   [](ITaviView& at, const Values& v) -> Answer { at.SetSelectedView(asText(v[0])); return {}; }},
+    {"LeaveSelectedView", "",    [](ITaviView& at, const Values&) -> Answer { return Value(at.LeaveSelectedView()); }},
+    {"RequestFocus",      "",    [](ITaviView& at, const Values&) -> Answer { at.RequestFocus(); return {}; }},
+    {"PrepareToRelease",  "",    [](ITaviView& at, const Values&) -> Answer { at.PrepareToRelease(); return {}; }},
+};
+// clang-format on
+
+bool hasForm(std::string_view form, const Values& values) {
+  if (form.size() != values.size()) return false;
+  for (std::size_t i = 0; i < form.size(); ++i)
+    if (form[i] != (std::holds_alternative<bool>(values[i]) ? 'b' : std::holds_alternative<int>(values[i]) ? 'i' : 't')) return false;
+  return true;
+}
+
+[[noreturn]] void reject(const std::string& why) { throw RuntimeError(RuntimeError::NoSuchMember, why); }
+
+// The operation of this name; empty if there is none. An operation with other arguments is rejected.
+template <class T>
+std::function<Answer()> operation(std::span<const Operation<T>> all, T* target, std::string_view name, const Values& values) {
+  bool isKnown = false;
+  for (const Operation<T>& each : all) {
+    if (!target || each.name != name) continue;
+    if (hasForm(each.form, values)) return [&each, target, values] { return each.call(*target, values); };
+    isKnown = true;
+  }
+  if (isKnown) reject(std::string(name) + " takes other arguments");
+  return nullptr;
+}
+
+std::function<Answer()> operationOf(Control& control, std::string_view name, const Values& values) {
+  if (auto found = operation<EditControl>(kOfEdits, dynamic_cast<EditControl*>(&control), name, values)) return found;
+  if (auto found = operation<ListView>(kOfLists, dynamic_cast<ListView*>(&control), name, values)) return found;
+  if (auto found = operation<ITaviView>(kOfViews, control.view(), name, values)) return found;
+  return operation<Control>(kOfControls, &control, name, values);
+}
+
+// As a trace tells the property: "Cell(2,1)".
+std::string withIndices(std::string property, std::span<const int> indices) {
+  for (std::size_t i = 0; i < indices.size(); ++i) property += (i ? "," : "(") + std::to_string(indices[i]);
+  return indices.empty() ? property : property + ")";
+}
+
+// The indices that a property takes, of the arguments that may be theirs. RuntimeError 438 if there is no such property.
+std::vector<int> indicesOf(const Control& control, const std::string& property, const Values& values) {
+  std::vector<int> indices;
+  for (;;) {
+    try {
+      control.get(property, indices);
+      return indices;
+    } catch (const RuntimeError& error) {
+      const bool takesOthers = error.number() == RuntimeError::NoSuchMember || error.number() == RuntimeError::BadArgument;
+      if (!takesOthers) return indices;
+      if (indices.size() == values.size() || !std::holds_alternative<int>(values[indices.size()])) reject(error.description());
+    }
+    indices.push_back(std::get<int>(values[indices.size()]));
+  }
+}
+
+// Sets a property as code would. The setting is ours; what the view does about it is not.
+void setProperty(TranscriptStage& stage, Control& control, const std::string& property, std::span<const int> indices, const Value& value) {
+  const Ref<Component> pin(control.owner());
+  const Conversation::Ours ours(stage.conversation, control, withIndices(property, indices));
+  control.set(property, indices, value);
+}
+
+std::function<Answer()> propertyOf(TranscriptStage& stage, Control& control, const std::string& name, const Values& values) {
+  const std::vector<int> indices = indicesOf(control, name, values);
+  if (values.size() == indices.size()) return [&control, name, indices] { return Answer(control.get(name, indices)); };
+  if (values.size() > indices.size() + 1) reject(name + " takes fewer arguments");
+  return [&stage, &control, name, indices, value = values.back()] {
+    setProperty(stage, control, name, indices, value);
+    return Answer();
+  };
+}
+
+Value valueOf(const Word& word) {
+  if (word.quoted) return word.text;
+  if (word.text == "true" || word.text == "false") return word.text == "true";
+  return numberOf(word);
+}
+
+// A word in the kind of the property that it is meant for.
+Value valueLike(const Value& model, const Word& word) {
+  if (std::holds_alternative<bool>(model)) {
+    if (word.text == "true" || word.text == "false") return word.text == "true";
+  } else if (std::holds_alternative<int>(model)) {
+    if (const auto number = parseInteger(word.text); number && *number >= INT32_MIN && *number <= INT32_MAX) return static_cast<int>(*number);
+  }
+  return word.text;
+}
+
+void printAnswer(Conversation& conversation, const Answer& answer) {
+  if (const auto* const value = std::get_if<Value>(&answer)) conversation.printValue(toText(*value));
+  if (const auto* const node = std::get_if<Node>(&answer)) conversation.printNode(*node);
+}
+
+}  // namespace
+
+void call(TranscriptStage& stage, const TranscriptInput& input) {
+  const std::string& text = input.words[1].text;
+  const std::size_t point = text.rfind('.');
+  const std::string member = point == text.npos ? text : text.substr(point + 1);
+  Values values;
+  for (std::size_t i = 2; i < input.words.size(); ++i) values.push_back(valueOf(input.words[i]));
+
+  if (point == text.npos) {
+    const Ref<ITaviView> view = query<ITaviView>(stage.current().object.get());
+    const std::function<Answer()> found = operation<ITaviView>(kOfViews, view.get(), member, values);
+    if (!found) reject(stage.current().className + " has no " + member);
+    return stage.onView([&] { printAnswer(stage.conversation, found()); });
+  }
+  Control& control = stage.control(text.substr(0, point));
+  const Ref<Component> pin(control.owner());
+  if (const std::function<Answer()> found = operationOf(control, member, values)) {
+    stage.onView([&] {
+      Answer answer;
+      {
+        const Conversation::Ours ours(stage.conversation, control, member);
+        answer = found();
+      }
+      printAnswer(stage.conversation, answer);
+    });
+    return;
+  }
+  const std::function<Answer()> found = propertyOf(stage, control, member, values);
+  stage.onView([&] { printAnswer(stage.conversation, found()); });
+}
+
+void set(TranscriptStage& stage, const TranscriptInput& input) {
+  const PropertyName name = *PropertyName::read(input.words[1].text);
+  Control& target = stage.control(name.control);
+  const Value value = valueLike(target.get(name.property, name.indices), input.words[2]);
+  try {
+    setProperty(stage, target, name.property, name.indices, value);
+  } catch (const RuntimeError& error) {
+    switch (error.number()) {
+      case RuntimeError::BadArgument:
+      case RuntimeError::OutOfRange:
+      case RuntimeError::NotConvertible:
+      case RuntimeError::NoSuchMember: throw;
+      default: stage.conversation.printUnhandled({error.number(), error.description()});
+    }
+  } catch (...) {
+    stage.conversation.printUnhandled(currentError());
+  }
+}
+
+}  // namespace ostrand::inputs
