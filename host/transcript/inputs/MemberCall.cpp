@@ -4,7 +4,8 @@
 
 #include "host/transcript/TranscriptStage.h"
 #include "platform/base/NumberText.h"
-#include "platform/controls/EditControl.h"
+#include "platform/controls/CtrComboEdit.h"
+#include "platform/controls/CtrTextEdit.h"
 #include "platform/controls/ListView.h"
 
 namespace ostrand::inputs {
@@ -35,6 +36,15 @@ const Operation<EditControl> kOfEdits[] = {
     {"HasParameter",     "",     [](EditControl& at, const Values&) -> Answer { return Value(at.HasParameter()); }},
     {"GetXmlItem",       "",     [](EditControl& at, const Values&) -> Answer { return at.GetXmlItem(); }},
     {"GetXmlItem",       "b",    [](EditControl& at, const Values& v) -> Answer { return at.GetXmlItem(asBool(v[0])); }},
+};
+const Operation<CtrTextEdit> kOfTextEdits[] = {
+    {"SetTextOption",       "b",  [](CtrTextEdit& at, const Values& v) -> Answer { at.SetTextOption(asBool(v[0])); return {}; }},
+    {"ClearValueRelations", "",   [](CtrTextEdit& at, const Values&) -> Answer { at.ClearValueRelations(); return {}; }},
+};
+const Operation<CtrComboEdit> kOfCombos[] = {
+    {"SetAllItemsAllowed", "b",   [](CtrComboEdit& at, const Values& v) -> Answer { at.SetAllItemsAllowed(asBool(v[0])); return {}; }},
+    {"SetItemAllowed",     "tb",  [](CtrComboEdit& at, const Values& v) -> Answer { at.SetItemAllowed(asText(v[0]), asBool(v[1])); return {}; }},
+    {"ApplyItemFilter",    "",    [](CtrComboEdit& at, const Values&) -> Answer { at.ApplyItemFilter(); return {}; }},
 };
 const Operation<ListView> kOfLists[] = {
     {"AddColumn",        "ti",   [](ListView& at, const Values& v) -> Answer { at.AddColumn(asText(v[0]), asInt(v[1])); return {}; }},
@@ -75,6 +85,8 @@ std::function<Answer()> operation(std::span<const Operation<T>> all, T* target, 
 
 std::function<Answer()> operationOf(Control& control, std::string_view name, const Values& values) {
   if (auto found = operation<EditControl>(kOfEdits, dynamic_cast<EditControl*>(&control), name, values)) return found;
+  if (auto found = operation<CtrTextEdit>(kOfTextEdits, dynamic_cast<CtrTextEdit*>(&control), name, values)) return found;
+  if (auto found = operation<CtrComboEdit>(kOfCombos, dynamic_cast<CtrComboEdit*>(&control), name, values)) return found;
   if (auto found = operation<ListView>(kOfLists, dynamic_cast<ListView*>(&control), name, values)) return found;
   if (auto found = operation<ITaviView>(kOfViews, control.view(), name, values)) return found;
   return operation<Control>(kOfControls, &control, name, values);

@@ -34,6 +34,7 @@ TEST_F(MemberCallTest, ACallReachesOperationsOfControlsAndOfTheViewItself) {
       "> call cteText(0).ValueIsValid\ntrue\n"
       "> call cteText(0).GetXmlItem true\nnode\n| <item name=\"text\" unit=\"noUnit\"><stringVal></stringVal></item>\n"
       "> call cteText(0).MarkEdited true\nSetParameterStatus ...\n> call cteText(0).Modified\ntrue\n"
+      "> call cceCombo.SetAllItemsAllowed false\n> call cceCombo.ApplyItemFilter\n> call cteText(0).SetTextOption true\n"
       "> call lsvList.AddRow\n> call lsvList.Count\n2\n> call lsvList.Clear\n> call lsvList.Count\n0\n"
       "> call SetSelectedView \"second\"\n> call GetSelectedView\n\"second\"\n> call LeaveSelectedView\ntrue\n"
       "> call CtrMonitoring1.GetSelectedView\n...\n"
