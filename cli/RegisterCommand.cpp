@@ -6,7 +6,7 @@
 
 #include "cli/Terminal.h"
 #include "host/ServerLibrary.h"
-#include "platform/base/Registry.h"
+#include "platform/types/Registry.h"
 
 namespace ostrand {
 

@@ -7,7 +7,7 @@
 
 #include "host/ComponentSource.h"
 #include "host/ServerLibrary.h"
-#include "platform/base/Registry.h"
+#include "platform/types/Registry.h"
 
 namespace ostrand {
 

@@ -1,8 +1,8 @@
 #include "host/ServerLibrary.h"
 
-#include "platform/base/Registry.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/types/IClassFactory.h"
+#include "platform/types/Registry.h"
 
 #ifdef _WIN32
 #include <windows.h>

@@ -3,7 +3,6 @@
 #include <dlfcn.h>
 
 #include "SmallHost.h"
-#include "platform/base/Registry.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/CommandButton.h"
 #include "platform/desktop/RealDesktop.h"
@@ -13,6 +12,7 @@
 #include "platform/types/ITaviComponent.h"
 #include "platform/types/ITaviDataUser.h"
 #include "platform/types/ITaviView.h"
+#include "platform/types/Registry.h"
 
 const std::string kAnswer =
     "<dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationResponse name=\"activeRecipe\" access=\"read\" responseStatus=\"ok\">"

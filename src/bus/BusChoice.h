@@ -3,8 +3,8 @@
 #include <string>
 
 #include "bus/IBusDependent.h"
-#include "platform/base/Procedure.h"
 #include "platform/controls/Component.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

@@ -2,8 +2,8 @@
 
 #include "bus/SampleCheck.h"
 #include "core/Requests.h"
-#include "platform/base/Procedure.h"
 #include "platform/desktop/Desktop.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "bus/IBusDependent.h"
-#include "platform/base/LastError.h"
 #include "platform/base/Locale.h"
+#include "platform/trap/LastError.h"
 
 namespace ostrand {
 

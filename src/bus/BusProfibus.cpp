@@ -1,8 +1,8 @@
 #include "bus/BusProfibus.h"
 
 #include "core/Requests.h"
-#include "platform/base/Procedure.h"
 #include "platform/desktop/Desktop.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bus/IBusDependent.h"
-#include "platform/base/LastError.h"
+#include "platform/trap/LastError.h"
 
 namespace ostrand {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/Requests.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 
 namespace ostrand {

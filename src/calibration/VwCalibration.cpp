@@ -1,7 +1,7 @@
 #include "calibration/VwCalibration.h"
 
 #include "bus/BusChoice.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

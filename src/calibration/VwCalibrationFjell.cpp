@@ -4,7 +4,7 @@
 #include "bus/BusHart.h"
 #include "bus/SampleCheck.h"
 #include "core/Requests.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

@@ -4,8 +4,8 @@
 
 #include "component/ClassFactory.h"
 #include "platform/base/LibraryPath.h"
-#include "platform/base/Registry.h"
 #include "platform/types/Query.h"
+#include "platform/types/Registry.h"
 
 using namespace ostrand;
 

@@ -1,7 +1,7 @@
 #include "core/View.h"
 
 #include "core/modTools.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 #include "platform/types/StopListening.h"
 

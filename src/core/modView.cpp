@@ -4,11 +4,11 @@
 #include <unordered_set>
 
 #include "core/modTools.h"
-#include "platform/base/Procedure.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/StatusWords.h"
 #include "platform/controls/TextBox.h"
 #include "platform/controls/Value.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand::modView {
 

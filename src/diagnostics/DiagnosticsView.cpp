@@ -1,7 +1,7 @@
 #include "diagnostics/DiagnosticsView.h"
 
 #include "core/modTools.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

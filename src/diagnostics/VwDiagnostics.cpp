@@ -4,8 +4,8 @@
 #include "core/Requests.h"
 #include "core/modTools.h"
 #include "diagnostics/EventLogName.h"
-#include "platform/base/Procedure.h"
 #include "platform/controls/StatusWords.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 #include "platform/xml/Vocabulary.h"
 

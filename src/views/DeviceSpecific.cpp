@@ -1,7 +1,7 @@
 #include "views/DeviceSpecific.h"
 
-#include "platform/base/Procedure.h"
 #include "platform/controls/Form.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 #include "views/Artwork.h"
 

@@ -1,6 +1,6 @@
 #include "views/VwInformationGYREP.h"
 
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

@@ -2,7 +2,7 @@
 
 #include "bus/BusChoice.h"
 #include "core/Requests.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {

@@ -1,7 +1,7 @@
 #include "views/VwMeasurementGYRE.h"
 
 #include "core/Requests.h"
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 

@@ -45,11 +45,12 @@ const std::vector<Floor> kFloors{
 };
 // Inside the ground floor: who of it may include whom.
 const std::vector<Floor> kGround{
-    {"platform/base",     {"platform/types", "platform/xml"}},  // the error trap knows the messenger, the registry documents
+    {"platform/base",     {}},
     {"platform/types",    {"platform/base", "platform/xml"}},
     {"platform/xml",      {"platform/base"}},
+    {"platform/trap",     {"platform/base", "platform/types", "platform/xml"}},
     {"platform/desktop",  {"platform/base"}},
-    {"platform/controls", {"platform/base", "platform/types", "platform/xml", "platform/desktop"}},
+    {"platform/controls", {"platform/base", "platform/types", "platform/xml", "platform/trap", "platform/desktop"}},
 };
 // The rooms of the workbench; each may know the floors below, too.
 const std::vector<Floor> kRooms{

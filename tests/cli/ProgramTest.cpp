@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/base/File.h"
-#include "platform/base/Registry.h"
+#include "platform/types/Registry.h"
 
 namespace ostrand {
 namespace {

@@ -12,13 +12,13 @@
 #include <set>
 
 #include "platform/base/File.h"
-#include "platform/base/Registry.h"
 #include "platform/desktop/VirtualDesktop.h"
 #include "platform/types/IClassFactory.h"
 #include "platform/types/IPlaceable.h"
 #include "platform/types/ITaviDeviceSpecific.h"
 #include "platform/types/ITaviView.h"
 #include "platform/types/Query.h"
+#include "platform/types/Registry.h"
 
 namespace ostrand {
 namespace {

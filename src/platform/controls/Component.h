@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/base/Procedure.h"
 #include "platform/controls/Control.h"
 #include "platform/controls/FormModel.h"
 #include "platform/desktop/Desktop.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/IPlaceable.h"
 #include "platform/types/ITaviView.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/base/NumberText.h"
-#include "platform/base/Procedure.h"
 #include "platform/controls/Form.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 #include "platform/types/StopListening.h"
 #include "platform/xml/Vocabulary.h"

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "platform/base/NumberText.h"
-#include "platform/base/Procedure.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/ParameterInfo.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 #include "platform/xml/Vocabulary.h"
 

@@ -3,9 +3,9 @@
 #include <exception>
 
 #include "platform/base/NumberText.h"
-#include "platform/base/Procedure.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
+#include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
 #include "platform/types/StopListening.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/base/LastError.h"
+#include "platform/trap/LastError.h"
 #include "platform/types/Messenger.h"
 
 namespace ostrand {

@@ -1,4 +1,4 @@
-#include "platform/base/Registry.h"
+#include "platform/types/Registry.h"
 
 #include <cstdlib>
 

@@ -1,4 +1,4 @@
-#include "platform/base/Procedure.h"
+#include "platform/trap/Procedure.h"
 
 namespace ostrand {
 
