@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -131,4 +131,4 @@ void ActionStatus::record(std::string_view command, const Judgement& judgement) 
   }
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -6,7 +6,7 @@
 
 #include "simulator/Transmitter.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // How a transmitter on PROFIBUS tells what became of the last action: a bit for each thing that may be wrong, and one for
 // nothing. A refusal raises what it is about, and also one of the bits that are looked at after such a write: whoever looks
@@ -26,4 +26,4 @@ class ActionStatus {
   ParameterTable& mTable;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

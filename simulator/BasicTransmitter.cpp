@@ -6,7 +6,7 @@
 #include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -192,4 +192,4 @@ void BasicTransmitter::showBusStatus(const BusStatus& status) {
   mTable.set("statusHARTDeviceFailure", !mFailures.empty());
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

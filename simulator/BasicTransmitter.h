@@ -9,7 +9,7 @@
 #include "simulator/PulpFlow.h"
 #include "simulator/Transmitter.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // What a transmitter does, whatever it measures: it keeps its memory, takes a write over as a whole or not at all, and
 // watches itself. What a device has of all this is what its data set has parameters for.
@@ -93,4 +93,4 @@ class BasicTransmitter : public Transmitter {
   bool mIsMoreStatus = false;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -73,4 +73,4 @@ double pulpFactor(std::string_view pulpType) {
   return pulp == std::end(kPulpTypes) ? 1.0 : pulp->factor;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // A blade as its maker knows it: how much force a pulp of a consistency leaves on it, and which pulps it is made for.
 struct Blade {
@@ -22,4 +22,4 @@ struct Blade {
 // 1 for a pulp type that nobody knows.
 double pulpFactor(std::string_view pulpType);
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

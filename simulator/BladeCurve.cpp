@@ -5,7 +5,7 @@
 
 #include "simulator/BladeNames.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -70,4 +70,4 @@ Verdict BladeCurve::verdictOnSpecialGrade() const {
   return Verdict::Accepted;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -6,7 +6,7 @@
 #include "simulator/ParameterTable.h"
 #include "simulator/Transmitter.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // What a blade transmitter makes of a force:
 //   consistency = slope * (force by blade and pulp type, corrected for filler and special grade) + offset,
@@ -34,4 +34,4 @@ class BladeCurve {
   std::string_view mBuiltIn;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

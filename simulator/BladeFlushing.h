@@ -5,7 +5,7 @@
 #include "simulator/Interruption.h"
 #include "simulator/ParameterTable.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // The timed flushing of a blade, during which the measurement stands still.
 class BladeFlushing {
@@ -27,4 +27,4 @@ class BladeFlushing {
   std::int64_t mFrom = 0;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

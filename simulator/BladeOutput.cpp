@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 void BladeOutput::hold() {
   if (!isHeld()) mHeld = mTable.number("consistency", mHeld);
@@ -51,4 +51,4 @@ void BladeOutput::showFunctionBlock(const Health& health) {
   mTable.setKey("outputLimit", limit);
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

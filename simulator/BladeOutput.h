@@ -3,7 +3,7 @@
 #include "simulator/CurrentOutput.h"
 #include "simulator/ParameterTable.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // What a blade transmitter puts out: the current, and on PROFIBUS a function block that stands between the measurement and
 // the master, which simulates, holds, or is out of service.
@@ -49,4 +49,4 @@ class BladeOutput {
   double mHeld = 0;             // %Cs
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

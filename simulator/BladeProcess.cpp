@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -21,4 +21,4 @@ double BladeProcess::shearForce(std::int64_t tick) const {
   return std::floor((force > 0 ? force : 0) * 1e4 + 0.5) / 1e4;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

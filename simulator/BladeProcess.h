@@ -3,7 +3,7 @@
 #include "simulator/Blade.h"
 #include "simulator/PulpFlow.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // The force that the pulp leaves on the blade, on the ticks of its flow.
 class BladeProcess {
@@ -22,4 +22,4 @@ class BladeProcess {
   double mWear = 0;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

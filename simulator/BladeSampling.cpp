@@ -6,7 +6,7 @@
 #include "simulator/BladeNames.h"
 #include "simulator/LaboratoryCalibration.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -107,4 +107,4 @@ Judgement BladeSampling::calibrate() {
   return {};
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -10,7 +10,7 @@
 #include "simulator/EventLog.h"
 #include "simulator/PulpFlow.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // Samples 1 and 2 of a blade transmitter, and the laboratory calibration by them.
 class BladeSampling {
@@ -69,4 +69,4 @@ class BladeSampling {
   std::array<std::optional<Sample>, 2> mSamples;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

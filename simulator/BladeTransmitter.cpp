@@ -6,7 +6,7 @@
 #include "simulator/BladeNames.h"
 #include "simulator/Damping.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -242,4 +242,4 @@ void BladeTransmitter::execute(int action) {
   }
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

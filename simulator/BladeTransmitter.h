@@ -10,7 +10,7 @@
 #include "simulator/BladeProcess.h"
 #include "simulator/BladeSampling.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // A blade transmitter: the shear force on its blade becomes a consistency by the curve of the active recipe (BladeCurve), is
 // damped, and drives the output (BladeOutput). Samples average it, and a laboratory calibration turns their averages into a
@@ -62,4 +62,4 @@ class BladeTransmitter : public BasicTransmitter {
   double mElectronicsCorrection = 0;  // degC
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

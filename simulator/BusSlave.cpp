@@ -10,7 +10,7 @@
 #include "platform/base/RuntimeError.h"
 #include "platform/xml/Vocabulary.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -287,4 +287,4 @@ void BusSlave::setFault(std::string_view name, std::string_view argument) {
   }
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -7,7 +7,7 @@
 #include "simulator/Device.h"
 #include "simulator/Transmitter.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // A transmitter on its bus: queues the requests, lets each transaction take its time, and words the answers. What differs
 // from bus to bus is how fast it is, what it can be asked for, and how it refuses.
@@ -98,4 +98,4 @@ class BusSlave : public Device {
   unsigned mGarbageCount = 0;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -31,4 +31,4 @@ void CurrentOutput::fix(double mA) {
   isSaturated = false;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // What a current output drives: 4 to 20 mA over its range, held at 3.6 and 22 mA.
 struct CurrentOutput {
@@ -20,4 +20,4 @@ struct CurrentOutput {
   void fix(double mA);
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

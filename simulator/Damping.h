@@ -5,7 +5,7 @@
 
 #include "simulator/PulpFlow.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // A value through a first-order filter. It is summed up anew over as much of the past as still counts, so that it does not
 // matter when one looked. `past(n)` is the value of n ticks ago.
@@ -26,4 +26,4 @@ double damped(double seconds, const Past& past) {
   return sum / weights;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

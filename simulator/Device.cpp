@@ -41,6 +41,7 @@ const std::vector<FaultKind>& Device::faults() {
 }
 
 std::unique_ptr<Device> makeDevice(std::string_view name, Desktop& desktop, const Document& dataSet, unsigned seed) {
+  using namespace simulator;
   using Bus = BladeTransmitter::Bus;
   const auto transmitter = [&](const BladeTransmitter::Settings& settings) {
     return std::make_unique<BladeTransmitter>(desktop, dataSet, settings, seed);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -45,4 +45,4 @@ void EventLog::follow(Kind kind, std::string_view event, bool condition) {
   }
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

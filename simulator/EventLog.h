@@ -6,7 +6,7 @@
 
 #include "simulator/ParameterTable.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // The event lists in a transmitter's memory: rows of parameters such as eventLogErrorEvent01 and eventLogErrorCount01.
 class EventLog {
@@ -29,4 +29,4 @@ class EventLog {
   std::set<std::string, std::less<>> mPresent;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

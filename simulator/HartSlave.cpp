@@ -4,7 +4,7 @@
 
 #include "platform/base/Characters.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -56,4 +56,4 @@ Verdict HartSlave::check(const Parameter& parameter, std::string_view text, Valu
   return !field->isPacked || std::all_of(text.begin(), text.end(), isPacked) ? Verdict::Accepted : Verdict::InvalidSelection;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -2,7 +2,7 @@
 
 #include "simulator/BusSlave.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // About three transactions a second, each with as many values as one command carries; an output of several is tested by a
 // command of its own. Texts are packed: no small letters.
@@ -16,4 +16,4 @@ class HartSlave : public BusSlave {
   Verdict check(const Parameter& parameter, std::string_view text, Value& value) const override;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

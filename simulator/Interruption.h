@@ -5,7 +5,7 @@
 
 #include "simulator/PulpFlow.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // A measurement that stands still at intervals, for flushing or to look at water. In ticks.
 struct Interruption {
@@ -26,4 +26,4 @@ struct Interruption {
   std::int64_t lastEnd(std::int64_t tick) const { return tick < from || cycle() <= 0 ? from : tick - (tick - from) % cycle(); }
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

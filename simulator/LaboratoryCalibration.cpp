@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 Calibration calibrated(const std::vector<CalibrationPoint>& points, double presentSlope) {
   // Two points nearer to each other than this, in parts of the larger one, would only fit the noise.
@@ -27,4 +27,4 @@ Calibration calibrated(const std::vector<CalibrationPoint>& points, double prese
   return result;
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -4,7 +4,7 @@
 
 #include "simulator/Transmitter.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 struct CalibrationPoint {
   double measured;    // %Cs, before slope and offset
@@ -21,4 +21,4 @@ struct Calibration {
 // the slope that is there, moved. A line that no pulp would need is suspicious.
 Calibration calibrated(const std::vector<CalibrationPoint>& points, double presentSlope);
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -1,6 +1,6 @@
 #include "simulator/Noise.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -35,4 +35,4 @@ double Noise::smooth(std::int64_t at, std::int64_t period) const {
   return a + (b - a) * smoothStep(static_cast<double>(at - left * period) / static_cast<double>(period));
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // Random numbers that depend on the place at which one looks and on nothing that was drawn before. Only additions and
 // multiplications, so that every machine sees the same.
@@ -26,4 +26,4 @@ constexpr std::int64_t floorDivision(std::int64_t a, std::int64_t b) { return a 
 // 0 to 1 without corners while `x` goes from 0 to 1.
 constexpr double smoothStep(double x) { return x <= 0 ? 0 : x >= 1 ? 1 : x * x * (3 - 2 * x); }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

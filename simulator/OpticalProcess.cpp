@@ -1,6 +1,6 @@
 #include "simulator/OpticalProcess.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -63,4 +63,4 @@ double OpticalProcess::voltageInWater(std::size_t light, std::int64_t tick) cons
   return lightSource(light, tick) * (1 + kWaterNoise * mAge.normal(ofLight(light, tick)));
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -4,7 +4,7 @@
 
 #include "simulator/PulpFlow.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // Light through the stock of a paper machine's headbox: five lights lose intensity to fibres and to filler, each in its own
 // way. On the ticks of the flow.
@@ -44,4 +44,4 @@ class OpticalProcess {
   double mFouling = 0;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

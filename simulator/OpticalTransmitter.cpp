@@ -5,7 +5,7 @@
 
 #include "simulator/Damping.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -205,4 +205,4 @@ void OpticalTransmitter::takeEffect(const Writing& writing) {
   if (name == "measurementTime" || name == "flushingTime" || name == "waterMeasurementTime" || name == "sampleWaitingTime") mWaterFrom = now();
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -7,7 +7,7 @@
 #include "simulator/Interruption.h"
 #include "simulator/OpticalProcess.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // An optical transmitter of six channels, each with a range, a damping and a current output of its own. How much less light
 // arrives than in clean water, weighted by the formulas of the grade in force, is the consistency and the ash of the stock;
@@ -50,4 +50,4 @@ class OpticalTransmitter : public BasicTransmitter {
   PerChannel mLastCurrents{};   // mA, before the first failure; until then as in the data set
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

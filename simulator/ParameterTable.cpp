@@ -6,7 +6,7 @@
 #include "platform/base/NumberText.h"
 #include "platform/xml/Vocabulary.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -143,4 +143,4 @@ void ParameterTable::restore(const Values& values) {
   for (std::size_t i = 0; i < values.size(); ++i) mParameters[i].value = values[i];
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

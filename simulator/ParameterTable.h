@@ -11,7 +11,7 @@
 
 #include "platform/xml/Document.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // The number of a value that the device does not have.
 inline constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
@@ -77,4 +77,4 @@ class ParameterTable {
   std::map<std::string, std::vector<std::string>, std::less<>> mGroups;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -5,7 +5,7 @@
 #include "platform/base/Characters.h"
 #include "simulator/ActionStatus.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -66,4 +66,4 @@ bool ProfibusSlave::acknowledgesRefusal(std::string_view command) const {
   return std::find(std::begin(kActions), std::end(kActions), command) != std::end(kActions);
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

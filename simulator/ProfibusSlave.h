@@ -2,7 +2,7 @@
 
 #include "simulator/BusSlave.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // Ten transactions a second, each with a whole block of values. A write that makes the device act is always acknowledged;
 // what became of it stands in the status items.
@@ -22,4 +22,4 @@ class ProfibusSlave : public BusSlave {
   bool acknowledgesRefusal(std::string_view command) const override;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -1,6 +1,6 @@
 #include "simulator/PulpFlow.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 namespace {
 
@@ -39,4 +39,4 @@ double PulpFlow::electronicsTemperature(std::int64_t tick) const {
   return 18.0 + 0.4 * (mLine.temperature + mHeat) + mWarmth.smooth(tick, ticks(1800));
 }
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -5,7 +5,7 @@
 #include "platform/base/Locale.h"
 #include "simulator/Noise.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // What flows in the pipe.
 struct PulpLine {
@@ -47,4 +47,4 @@ class PulpFlow {
   double mHeat = 0;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

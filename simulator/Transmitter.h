@@ -7,7 +7,7 @@
 
 #include "simulator/ParameterTable.h"
 
-namespace ostrand {
+namespace ostrand::simulator {
 
 // What a transmitter says to a write; each bus has its own words for it.
 enum class Verdict {
@@ -68,4 +68,4 @@ class Transmitter {
   virtual std::optional<double> laboratoryValue(int sample) const = 0;
 };
 
-}  // namespace ostrand
+}  // namespace ostrand::simulator

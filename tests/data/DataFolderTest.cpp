@@ -88,9 +88,9 @@ TEST(DataFolderTest, EveryValueIsWithinItsLimits) {
   for (const DeviceKind& kind : deviceKinds()) {
     const Document dataSet = dataSetOf(kind);
     EXPECT_EQ(dataSet.selectText("//typeInfo:internalInfo/@deviceType"), kind.name);
-    const ParameterTable table(dataSet);
+    const simulator::ParameterTable table(dataSet);
     for (const std::string& name : attributes(dataSet, "//data:parameter[@access!='write' and @type!='stringVal' and @value!='']")) {
-      const Parameter& p = *table.find(name);
+      const simulator::Parameter& p = *table.find(name);
       const bool isNumber = p.lowest && p.highest;
       EXPECT_EQ(p.codes.empty(), isNumber) << kind.name << " " << name;
       const bool isPossible = isNumber ? p.value.number >= *p.lowest && p.value.number <= *p.highest : !p.key(p.value).empty();
@@ -138,10 +138,10 @@ TEST(DataFolderTest, TheRelationsAllowWhatTheDeviceAllows) {
     for (const std::string& blade : blades) {
       const Names allowed = attributes(relations, "//bladeType[@name=\"" + blade + "\"]/*");
       EXPECT_FALSE(allowed.empty()) << blade;
-      EXPECT_EQ(Blade::of(blade).key, blade);
+      EXPECT_EQ(simulator::Blade::of(blade).key, blade);
       for (const std::string& pulp : allowed) EXPECT_TRUE(std::find(pulps.begin(), pulps.end(), pulp) != pulps.end()) << blade << " " << pulp;
       for (const std::string& pulp : pulps)
-        EXPECT_EQ(std::find(allowed.begin(), allowed.end(), pulp) != allowed.end(), Blade::of(blade).allows(pulp)) << blade << " " << pulp;
+        EXPECT_EQ(std::find(allowed.begin(), allowed.end(), pulp) != allowed.end(), simulator::Blade::of(blade).allows(pulp)) << blade << " " << pulp;
     }
     EXPECT_TRUE(blades.empty() || attributes(relations, "//bladeType") == blades);
   }

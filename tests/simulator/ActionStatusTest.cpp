@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace ostrand {
+namespace ostrand::simulator {
 namespace {
 
 using testing::ElementsAre;
@@ -84,4 +84,4 @@ TEST_F(ActionStatusTest, OtherWritesRaiseOneBit) {
 }
 
 }  // namespace
-}  // namespace ostrand
+}  // namespace ostrand::simulator

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace ostrand {
+namespace ostrand::simulator {
 namespace {
 
 Document dataSet() {
@@ -77,4 +77,4 @@ TEST_F(EventLogTest, StopsCountingAtTheHighestCount) {
 }
 
 }  // namespace
-}  // namespace ostrand
+}  // namespace ostrand::simulator

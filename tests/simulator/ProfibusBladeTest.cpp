@@ -79,7 +79,7 @@ TEST_F(ProfibusBladeTest, TheActionStatusComesInOnePiece) {
   const auto all = ask("<?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"activeRecipe\" "
                        "access=\"read\"><item name=\"actionStatus\" unit=\"noUnit\"/></communicationRequest></dtm>");
   ASSERT_EQ(all.size(), 1u);
-  EXPECT_EQ(names(all[0].document), ActionStatus::names());
+  EXPECT_EQ(names(all[0].document), simulator::ActionStatus::names());
   EXPECT_EQ(all[0].document.selectText("//comm:item[@name='actionStatusOK']/comm:integerVal"), "1");
   EXPECT_EQ(all[0].document.selectText("//comm:item[@name='actionStatusSamplingError']/comm:integerVal"), "0");
   EXPECT_EQ(response(all[0].document).attribute("name"), "activeRecipe");
@@ -155,7 +155,7 @@ TEST_F(ProfibusBladeTest, RefusesOtherWritesWithAnError) {
 TEST_F(ProfibusBladeTest, EveryErrorHasItsText) {
   for (const char* language : {"en", "fi", "sv", "de"}) {
     const Document texts = Document::readFile(OSTRAND_SOURCE_DIR "/data/texts/" + std::string(language) + ".xml");
-    std::vector<std::string> keys = ActionStatus::names();
+    std::vector<std::string> keys = simulator::ActionStatus::names();
     keys.insert(keys.end(), {"communicationError", "missingItems", "commandIsNotImplemented", "profibusErrAccessDenied", "profibusErrInvalidRange",
                              "profibusErrInvalidParameter", "sample1Quality", "sample2Quality"});
     for (const std::string& key : keys) EXPECT_TRUE(texts.select("/texts/text[@key='" + key + "']")) << language << " " << key;
