@@ -18,7 +18,7 @@ bool HeededCalls::heedsLine(const std::string& line) const {
   const std::string name = line.substr(0, line.find(' '));
   if (!mRestricted.contains(name)) return true;
   try {
-    const std::vector<Word> words = readWords(line);
+    const std::vector<TranscriptWord> words = readWords(line);
     return heeds(name, words.size() > 1 ? words[1].text : std::string());
   } catch (const RuntimeError&) {
     return heeds(name, {});  // a wildcard has cut a text in two

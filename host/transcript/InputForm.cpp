@@ -9,15 +9,15 @@ namespace ostrand {
 
 namespace {
 
-bool isInteger(const Word& word, int least, int most) {
+bool isInteger(const TranscriptWord& word, int least, int most) {
   const auto number = word.quoted ? std::nullopt : parseInteger(word.text);
   return number && *number >= least && *number <= most;
 }
 
-bool isBool(const Word& word) { return !word.quoted && (word.text == "true" || word.text == "false"); }
+bool isBool(const TranscriptWord& word) { return !word.quoted && (word.text == "true" || word.text == "false"); }
 
 // "{tab|shift}": one of these.
-bool isAmong(std::string_view choices, const Word& word) {
+bool isAmong(std::string_view choices, const TranscriptWord& word) {
   choices = choices.substr(1, choices.size() - 2);
   for (;;) {
     const std::size_t bar = choices.find('|');
@@ -27,7 +27,7 @@ bool isAmong(std::string_view choices, const Word& word) {
   }
 }
 
-bool isOf(std::string_view kind, const Word& word) {
+bool isOf(std::string_view kind, const TranscriptWord& word) {
   switch (kind.front()) {
     case 'i': return isInteger(word, INT_MIN, INT_MAX);
     case 'y': return isInteger(word, 0, UINT8_MAX);
@@ -51,7 +51,7 @@ std::string_view takeKind(std::string_view& form) {
 
 }  // namespace
 
-bool hasForm(std::string_view form, std::span<const Word> arguments) {
+bool hasForm(std::string_view form, std::span<const TranscriptWord> arguments) {
   bool optional = false;
   std::size_t at = 0;
   std::string_view last;

@@ -15,6 +15,6 @@ namespace ostrand {
 //   y  0 to 255          v  a text in quotes, true or false, or a whole number
 //   {a|b}  one of these
 //   *  the last one once more or often          ?  what follows may be left out
-bool hasForm(std::string_view form, std::span<const Word> arguments);
+bool hasForm(std::string_view form, std::span<const TranscriptWord> arguments);
 
 }  // namespace ostrand

@@ -29,7 +29,7 @@ struct ExpectedOutput : Output {
 
 struct TranscriptInput {
   std::string text;  // behind "> "
-  std::vector<Word> words;
+  std::vector<TranscriptWord> words;
   std::optional<std::string> document;
   std::size_t first = 0;
   std::size_t last = 0;

@@ -89,7 +89,7 @@ constexpr TranscriptCommand kCommands[] = {
 // clang-format on
 
 // What a form cannot tell.
-bool isGood(std::string_view name, std::span<const Word> words) {
+bool isGood(std::string_view name, std::span<const TranscriptWord> words) {
   if (name == "create") {
     std::size_t at = 1;
     if (at < words.size() && words[at].text.starts_with("tag=")) ++at;
@@ -122,7 +122,7 @@ std::string complaintAbout(const TranscriptInput& input) {
   const std::string& name = input.command();
   const TranscriptCommand* const command = findCommand(name);
   if (!command) return "no such input: " + name;
-  const std::span<const Word> words = std::span(input.words).subspan(1);
+  const std::span<const TranscriptWord> words = std::span(input.words).subspan(1);
   const std::string usage = "it should be: " + name + (*command->arguments ? " " : "") + command->arguments;
   if (!hasForm(command->form, words) || !isGood(name, words)) return usage;
   if (command->below == kNo && input.document) return name + " takes no document";

@@ -42,8 +42,8 @@ std::string readQuoted(std::string_view line, std::size_t& at) {
 }
 
 // The word that begins at `at`; moves `at` behind it.
-Word readWord(std::string_view line, std::size_t& at) {
-  Word word{{}, line[at] == '"'};
+TranscriptWord readWord(std::string_view line, std::size_t& at) {
+  TranscriptWord word{{}, line[at] == '"'};
   if (word.quoted) {
     word.text = readQuoted(line, at);
     return word;
@@ -64,18 +64,18 @@ void passBlanks(std::string_view line, std::size_t& at) {
 
 }  // namespace
 
-int numberOf(const Word& word) { return static_cast<int>(parseInteger(word.text).value_or(0)); }
+int numberOf(const TranscriptWord& word) { return static_cast<int>(parseInteger(word.text).value_or(0)); }
 
-std::vector<Word> readWords(std::string_view line) {
-  std::vector<Word> words;
+std::vector<TranscriptWord> readWords(std::string_view line) {
+  std::vector<TranscriptWord> words;
   std::size_t at = 0;
   for (passBlanks(line, at); at < line.size(); passBlanks(line, at)) words.push_back(readWord(line, at));
   return words;
 }
 
-std::vector<Word> readInput(std::string_view line) {
+std::vector<TranscriptWord> readInput(std::string_view line) {
   constexpr std::size_t kWordsBeforeRest = 2;
-  std::vector<Word> words;
+  std::vector<TranscriptWord> words;
   std::size_t at = 0;
   for (passBlanks(line, at); at < line.size(); passBlanks(line, at)) {
     const bool hasRest = !words.empty() && (words[0].text == "during" || words[0].text == "document");

@@ -70,7 +70,7 @@ void locale(TranscriptStage& stage, const TranscriptInput& input) {
 
 void advance(TranscriptStage& stage, const TranscriptInput& input) { stage.advanceClock(*parseNumber(input.words[1].text, '.')); }
 
-std::optional<unsigned> seedOf(const Word& word) {
+std::optional<unsigned> seedOf(const TranscriptWord& word) {
   if (!word.text.starts_with("seed=")) return std::nullopt;
   const auto number = parseInteger(std::string_view(word.text).substr(5));
   return number && *number >= 0 ? std::optional(static_cast<unsigned>(*number)) : std::nullopt;

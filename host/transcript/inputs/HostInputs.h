@@ -34,6 +34,6 @@ void run(TranscriptStage& stage, const TranscriptInput& input);
 void fault(TranscriptStage& stage, const TranscriptInput& input);
 
 // "seed=7"; nothing for any other word.
-std::optional<unsigned> seedOf(const Word& word);
+std::optional<unsigned> seedOf(const TranscriptWord& word);
 
 }  // namespace ostrand::inputs

@@ -131,14 +131,14 @@ std::function<Answer()> propertyOf(TranscriptStage& stage, Control& control, con
   };
 }
 
-Value valueOf(const Word& word) {
+Value valueOf(const TranscriptWord& word) {
   if (word.quoted) return word.text;
   if (word.text == "true" || word.text == "false") return word.text == "true";
   return numberOf(word);
 }
 
 // A word in the kind of the property that it is meant for.
-Value valueLike(const Value& model, const Word& word) {
+Value valueLike(const Value& model, const TranscriptWord& word) {
   if (std::holds_alternative<bool>(model)) {
     if (word.text == "true" || word.text == "false") return word.text == "true";
   } else if (std::holds_alternative<int>(model)) {

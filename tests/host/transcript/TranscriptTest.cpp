@@ -20,9 +20,9 @@ std::string wrong(const std::string& text) {
   return "nothing wrong";
 }
 
-std::vector<std::string> texts(const std::vector<Word>& words) {
+std::vector<std::string> texts(const std::vector<TranscriptWord>& words) {
   std::vector<std::string> texts;
-  for (const Word& word : words) texts.push_back((word.quoted ? "'" : "") + word.text);
+  for (const TranscriptWord& word : words) texts.push_back((word.quoted ? "'" : "") + word.text);
   return texts;
 }
 
