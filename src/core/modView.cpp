@@ -29,10 +29,6 @@ void silently(F&& body) {
   }
 }
 
-bool isPlain(Kind kind) { return kind < Kind::TextEdit; }
-bool isEdit(Kind kind) { return kind >= Kind::TextEdit && kind < Kind::DateLabel; }
-bool isChoice(Kind kind) { return kind == Kind::ComboEdit || kind == Kind::CheckEdit || kind == Kind::OptionEdit; }
-
 // A walk waits for memory more than for anything else: while one control takes its value, another is on its way to the
 // processor. A hint and no more; an edit is about so large.
 void fetch(const Control* control) {

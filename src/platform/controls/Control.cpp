@@ -8,18 +8,6 @@ namespace ostrand {
 
 namespace {
 
-struct ClassName {
-  std::string_view name;
-  Control::Kind kind;
-};
-constexpr ClassName kEditClasses[] = {
-    {"CtrTextEdit", Control::Kind::TextEdit},     {"CtrComboEdit", Control::Kind::ComboEdit}, {"CtrDateEdit", Control::Kind::DateEdit},
-    {"CtrTimeEdit", Control::Kind::TimeEdit},     {"CtrOptionEdit", Control::Kind::OptionEdit}, {"CtrCheckEdit", Control::Kind::CheckEdit},
-    {"CtrDateLabel", Control::Kind::DateLabel},
-};
-
-bool isEditKind(Control::Kind kind) { return kind >= Control::Kind::TextEdit && kind <= Control::Kind::DateLabel; }
-
 // The interface without its count: an Object lives as long as its control.
 template <class I>
 I* found(IObject* object) {
@@ -36,9 +24,7 @@ std::string traced(const Node& node) {
 Control::Kind Control::kind() const {
   if (mKind >= 0) return static_cast<Kind>(mKind);
   Kind kind = ownKind();
-  if (!isEditKind(kind))
-    for (const ClassName& edit : kEditClasses)
-      if (edit.name == className()) kind = edit.kind;
+  if (!isEdit(kind) && kind != Kind::DateLabel) kind = kindOfClass(className()).value_or(kind);
   mKind = static_cast<int>(kind);
   return kind;
 }

@@ -6,6 +6,7 @@
 
 #include "platform/base/Signal.h"
 #include "platform/controls/Color.h"
+#include "platform/controls/ControlKind.h"
 #include "platform/controls/Value.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/types/ILocalizable.h"
@@ -26,11 +27,7 @@ class Component;
 // 438.
 class Control {
  public:
-  enum class Kind {
-    Label, TextBox, Frame, CheckBox, OptionButton, CommandButton, ListView, PictureBox, NoData,
-    TextEdit, ComboEdit, DateEdit, TimeEdit, OptionEdit, CheckEdit, DateLabel,
-    Nested,
-  };
+  using Kind = ControlKind;
 
   explicit Control(std::string name) : mName(std::move(name)) {}
   virtual ~Control() = default;
