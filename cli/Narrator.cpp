@@ -9,6 +9,7 @@
 #include "platform/base/Characters.h"
 #include "platform/base/NumberText.h"
 #include "platform/controls/CaptionedControl.h"
+#include "platform/controls/Choices.h"
 #include "platform/controls/Component.h"
 #include "platform/controls/EditControl.h"
 #include "platform/xml/Vocabulary.h"
@@ -144,9 +145,8 @@ void Narrator::drawForm(const ViewSite& site) {
 }
 
 std::string Narrator::worded(const std::string& parameter, const std::string& value) const {
-  const Node choices = mapping(mHost->dataSet()->document(), parameter);
-  for (Node each = choices ? choices.firstChild() : nullptr; each; each = each.nextSibling())
-    if (each.findAttribute("value") == value) return value + " (" + text(std::string(each.findAttribute("key").value_or(""))) + ")";
+  const Choices choices(mapping(mHost->dataSet()->document(), parameter));
+  if (const Choice* const choice = choices.byValue(value)) return value + " (" + text(choice->key) + ")";
   const ParameterInfo info = mHost->dataSet()->info(parameter);
   const auto number = info.isFloat() && info.decimals ? parseNumber(value, '.') : std::nullopt;
   if (!number) return value;

@@ -95,7 +95,7 @@ void BindingAudit::see(const std::string& view, Control& control) {
     }
     if (const auto* const choice = dynamic_cast<const ChoiceEdit*>(&control)) {
       if (choice->choices().empty() && dataSet.info(name).isInteger()) mFindings.push_back({Kind::MappingMissing, view, name, control.name()});
-      for (const ChoiceEdit::Choice& each : choice->choices()) need(each.key, view);
+      for (const Choice& each : choice->choices()) need(each.key, view);
     }
     return;
   }

@@ -3,6 +3,7 @@
 #include "platform/base/File.h"
 #include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
+#include "platform/controls/DeviceValue.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
@@ -162,20 +163,13 @@ std::vector<std::string> DataSet::takeAnswer(const Document& answer, LocalTime n
 }
 
 std::optional<std::string> usableValue(const Node& item, const ParameterInfo& info, IUnitConverter* units) {
-  const Node element = valueElement(item, info.type);
-  if (!element) return std::nullopt;
-  std::string text = element.text();
-  if (!info.isNumeric()) return text;
-  text = trimmed(text);
-  if (text == "NaN" || text == "-Inf") return text;
-  const auto number = parseNumber(text, '.');
-  if (!number) return std::nullopt;
-  const std::string unit = named(item, "unit");
-  // A unit that is not told, or has no factor, is the data set's.
-  if (unit.empty() || unit == "noUnit" || unit == info.unit || unit.find('%') != unit.npos || !info.hasConvertibleUnit()) return text;
-  double converted = 0;
-  if (!units || !units->ConvertValue(*number, unit, info.unit, converted)) return std::nullopt;
-  return plainText(converted, '.');
+  struct Held final : UnitSource {
+    explicit Held(IUnitConverter* units) : mUnits(units) {}
+    Ref<IUnitConverter> converter() const override { return mUnits; }
+    const Ref<IUnitConverter> mUnits;
+  };
+  const auto received = DeviceValue::received(item, info, Held(units));
+  return received && received->usable ? std::optional(received->text) : std::nullopt;
 }
 
 std::string groupStamp(LocalTime time) {

@@ -256,7 +256,7 @@ class PulpTypesTest : public testing::Test {
   // The keys that a list offers, without their common beginning.
   std::string offered(int recipe) {
     std::string keys;
-    for (const ChoiceEdit::Choice& choice : bench.pulpType(recipe).choices())
+    for (const Choice& choice : bench.pulpType(recipe).choices())
       if (choice.offered) keys += (keys.empty() ? "" : " ") + choice.key.substr(std::string("pulpType").size());
     return keys;
   }

@@ -1,25 +1,17 @@
 #include "workbench/plant/ValueText.h"
 
 #include "platform/base/NumberText.h"
+#include "platform/controls/Choices.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
 
-namespace {
-
-std::optional<QString> choiceText(DataSet& dataSet, const Texts& texts, const std::string& parameter, const std::string& value) {
-  if (const Node choices = mapping(dataSet.document(), parameter))
-    for (Node choice = choices.firstChild(); choice; choice = choice.nextSibling())
-      if (choice.findAttribute("value").value_or("") == value) return texts(std::string(choice.findAttribute("key").value_or("")));
-  return std::nullopt;
-}
-
-}  // namespace
 
 QString valueText(Host& host, const Texts& texts, const std::string& parameter, const std::string& value) {
   DataSet* const dataSet = host.dataSet();
   if (!dataSet || value.empty()) return {};
-  if (const auto choice = choiceText(*dataSet, texts, parameter, value)) return *choice;
+  const Choices choices(mapping(dataSet->document(), parameter));
+  if (const Choice* const choice = choices.byValue(value)) return texts(choice->key);
   const ParameterInfo info = dataSet->info(parameter);
   const auto number = info.isFloat() ? parseNumber(value, '.') : std::nullopt;
   return qt(number ? fixedText(*number, info.decimals.value_or(2), host.desktop().locale().decimalSeparator) : value);

@@ -58,7 +58,7 @@ void ComboEditRenderer::sync() {
   const QSignalBlocker quiet(mBox);
   int row = 0;
   int chosen = -1;
-  for (const ChoiceEdit::Choice& choice : mModel.choices()) {
+  for (const Choice& choice : mModel.choices()) {
     if (!choice.offered) continue;
     const QString key = toQt(choice.key), text = toQt(mModel.label(choice.key));
     if (row >= mBox->count()) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
+#include "platform/controls/Choices.h"
 #include "platform/controls/EditControl.h"
 
 namespace ostrand {
@@ -11,20 +11,13 @@ namespace ostrand {
 // stands its value. Without a mapping the raw text passes for both.
 class ChoiceEdit : public EditControl {
  public:
-  struct Choice {
-    std::string value;
-    std::string key;
-    bool allowed = true;  // by the filter that is being made
-    bool offered = true;  // by the filter in force
-  };
-
   // Nothing is chosen at first, which is not correct.
   explicit ChoiceEdit(std::string name) : EditControl(std::move(name)) { mCorrect = false; }
 
   // The user picks a choice by its key; error 5 if it is not offered, 70 if the edit cannot be reached.
   void choose(const std::string& key);
 
-  const std::vector<Choice>& choices() const { return mChoices; }
+  const Choices& choices() const { return mChoices; }
   // A choice in the user's language.
   std::string label(const std::string& key) const;
   std::string displayText() const override { return label(mText); }
@@ -38,11 +31,7 @@ class ChoiceEdit : public EditControl {
   // A choice made by code counts as one made by the user.
   void pick(const std::string& key);
 
-  std::vector<Choice> mChoices;
-
- private:
-  const Choice* byKey(const std::string& key) const;
-  const Choice* byValue(const std::string& value) const;
+  Choices mChoices;
 };
 
 }  // namespace ostrand

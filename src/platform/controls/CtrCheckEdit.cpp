@@ -11,8 +11,7 @@ bool isZero(const std::string& value) { return parseNumber(value, '.').value_or(
 }  // namespace
 
 bool CtrCheckEdit::isOn() const {
-  for (const Choice& choice : mChoices)
-    if (choice.key == mText) return !isZero(choice.value);
+  if (const Choice* const choice = mChoices.byKey(mText)) return !isZero(choice->value);
   return !mText.empty() && !isZero(mText);
 }
 

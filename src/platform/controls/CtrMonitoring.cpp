@@ -71,10 +71,9 @@ void CtrMonitoring::Localize(const Ref<ITextTable>& textTable) {
 void CtrMonitoring::ViewSetUnits() {
   Procedure proc(*this, "mMessenger_ViewSetUnits");
   proc.step([&] {
-    const Ref<IUnitConverter> converter = proc.messenger().GetUnitConverter();
     for (int row = 1; row <= static_cast<int>(mVariables.size()); ++row) {
       const Ref<Variable> variable = mVariables[static_cast<std::size_t>(row) - 1];
-      variable->translator.chooseUnit(variable->info, converter.get());
+      variable->value.chooseUnit(*this);
       showTexts(*variable, row);
       showRow(*variable, row);
     }
@@ -95,7 +94,7 @@ void CtrMonitoring::SetOfflineData(const Document& doc) {
       if (!found) continue;
       int row = 0;
       const Ref<Variable> variable = variableOf(found, row);
-      variable->stored = found.findAttribute("value").value_or("");
+      variable->value.store(variable->value.documentText(found.findAttribute("value").value_or("")));
       showRow(*variable, row);
     }
   });
@@ -122,7 +121,7 @@ void CtrMonitoring::SetOnlineData(const Document& doc) {
       } else {
         variable = mVariables[static_cast<std::size_t>(row) - 1];
       }
-      if (const Node element = valueElement(item, variable->info.type)) take(*variable, row, element.text());
+      take(*variable, row, item);
     }
   });
 }
@@ -133,9 +132,11 @@ Ref<CtrMonitoring::Variable> CtrMonitoring::variableOf(const Node& parameter, in
   if (!isNew) return mVariables[static_cast<std::size_t>(row) - 1];
   const Ref<Variable> variable(new Variable);
   mVariables.push_back(variable);
-  variable->info.read(parameter);
+  variable->value.describe(parameter);
+  // A coded value is shown by the name of its choice.
+  variable->choices.read(mapping(mDataSet, variable->value.info().name));
   lsvMonitoring.AddRow();
-  variable->translator.chooseUnit(variable->info, converter().get());
+  variable->value.chooseUnit(*this);
   showTexts(*variable, row);
   return variable;
 }
@@ -145,16 +146,18 @@ Ref<IUnitConverter> CtrMonitoring::converter() const {
   return host ? host->GetUnitConverter() : nullptr;
 }
 
-void CtrMonitoring::take(Variable& variable, int row, const std::string& value) {
-  if (const auto number = parseNumber(value, '.')) variable.values[variable.count++ % kTrendLength] = *number;
-  variable.stored = value;
+void CtrMonitoring::take(Variable& variable, int row, const Node& item) {
+  const auto received = variable.value.received(item, *this);
+  if (!received) return;
+  if (const auto number = parseNumber(received->text, '.')) variable.values[variable.count++ % kTrendLength] = *number;
+  variable.value.store(received->text);
   variable.read = true;
   showRow(variable, row);
 }
 
 void CtrMonitoring::showTexts(const Variable& variable, int row) {
-  lsvMonitoring.Cell(row, Name, label(variable.info.name));
-  const std::string unit = variable.translator.displayUnit();
+  lsvMonitoring.Cell(row, Name, label(variable.value.info().name));
+  const std::string unit = variable.value.displayUnit();
   std::string shown = unit == "noUnit" ? std::string() : unit;
   const Ref<ITextTable> texts = mTextTable;
   if (texts && !shown.empty()) shown = texts->GetSectionText(unit, "unit");
@@ -162,17 +165,8 @@ void CtrMonitoring::showTexts(const Variable& variable, int row) {
 }
 
 void CtrMonitoring::showRow(const Variable& variable, int row) {
-  std::string shown;
-  if (variable.info.isNumeric()) {
-    const bool converts = variable.translator.displayUnit() != variable.info.unit;
-    shown = variable.translator.shown(variable.info, variable.stored, desktop().locale(), converts ? converter().get() : nullptr);
-  } else {
-    shown = variable.stored;
-  }
-  // A coded value is shown by the name of its choice.
-  if (const Node choices = mDataSet ? mapping(mDataSet, variable.info.name) : Node())
-    for (Node choice = choices.firstChild(); choice; choice = choice.nextSibling())
-      if (choice.findAttribute("value").value_or("") == variable.stored) shown = text(std::string(choice.findAttribute("key").value_or("")));
+  const Choice* const choice = variable.choices.byValue(variable.value.stored());
+  const std::string shown = choice ? text(choice->key) : variable.value.shown(variable.value.stored(), desktop().locale(), *this);
   lsvMonitoring.Cell(row, Shown, shown);
   lsvMonitoring.CellColor(row, Shown, variable.read ? Color::text() : Color::disabledText());
   lsvMonitoring.Cell(row, Trend, trendText(variable));

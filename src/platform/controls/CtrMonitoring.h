@@ -5,10 +5,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/controls/Choices.h"
+#include "platform/controls/DeviceValue.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/Panel.h"
-#include "platform/controls/ParameterInfo.h"
-#include "platform/controls/ValueTranslator.h"
 #include "platform/types/MessengerEvents.h"
 
 namespace ostrand {
@@ -16,7 +16,7 @@ namespace ostrand {
 // The live values: a table of name, value, unit and trend. It begins with the parameters of the request
 // group that bears its Tag, and takes in what else the device answers for that group, as far as the data
 // set knows it. Other answers bring new values for what is there, and no rows.
-class CtrMonitoring : public Panel, public MessengerEvents {
+class CtrMonitoring : public Panel, public MessengerEvents, private UnitSource {
  public:
   static constexpr std::string_view kClassName = "CtrMonitoring";
   ~CtrMonitoring() override;
@@ -45,9 +45,8 @@ class CtrMonitoring : public Panel, public MessengerEvents {
 
  private:
   struct Variable : Counted {
-    ParameterInfo info;
-    ValueTranslator translator;
-    std::string stored;  // document text
+    DeviceValue value;
+    Choices choices;
     bool read = false;
     std::array<double, kTrendLength> values{};
     std::size_t count = 0;  // how many ever came
@@ -55,8 +54,8 @@ class CtrMonitoring : public Panel, public MessengerEvents {
 
   // A row is held while it is shown: what the host is asked meanwhile may bring another data set.
   Ref<Variable> variableOf(const Node& parameter, int& row);
-  Ref<IUnitConverter> converter() const;
-  void take(Variable& variable, int row, const std::string& value);
+  Ref<IUnitConverter> converter() const override;
+  void take(Variable& variable, int row, const Node& item);
   void showRow(const Variable& variable, int row);
   void showTexts(const Variable& variable, int row);
   std::string trendText(const Variable& variable) const;

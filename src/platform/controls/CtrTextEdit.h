@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "platform/controls/EditControl.h"
-#include "platform/controls/ValueTranslator.h"
 
 namespace ostrand {
 
@@ -28,7 +27,6 @@ class CtrTextEdit : public EditControl {
   // cannot be reached.
   void type(const std::string& text);
 
-  std::string displayUnit() const override { return mTranslator.displayUnit(); }
   // The limits on the screen, in the user's unit; empty where there is none.
   std::string shownLimit(const std::optional<double>& limit) const;
 
@@ -37,22 +35,13 @@ class CtrTextEdit : public EditControl {
   std::string shown(const std::string& documentText) const override;
   std::optional<std::string> told() const override;
   bool passes() const override;
-  std::string received(const Node& item, std::string value) const override;
-  void parameterChanged() override;
+  void parameterChanged() override { mValue.chooseUnit(*this); }
   void unitsChanged() override;
-  void forgetTyped() override { mTyped.reset(); }
   void takeText(const std::string& text) override;
   void loadEdit(const std::string& documentText) override;
   void recheckOthers() override;
 
  private:
-  // A text that is not the stored one: as it was typed (with a point) or set by code, and its unit. It
-  // is kept so that a change of units on the screen and back changes nothing.
-  struct Typed {
-    std::string text;
-    std::string unit;
-    bool byUser;
-  };
   struct Lower {
     CtrTextEdit* edit;
     double margin;
@@ -63,20 +52,14 @@ class CtrTextEdit : public EditControl {
     Ref<Component> held;  // its view
   };
 
-  void takeTyped(std::string text, std::string unit, bool byUser);
-  std::optional<std::string> told(const Typed& typed) const;
-  // Whether it is the stored value, as a number in the data unit.
-  bool isStored(const Typed& typed) const;
-  std::string typedOnScreen() const;
+  void takeEdit(DeviceValue::Edit edit);
+  // What the user typed, with the unit in which he meant it.
+  DeviceValue::Edit typedEdit(std::string text) const;
   std::string restricted(const std::string& text) const;
-  // The value in the data unit, if it is a number.
-  std::optional<double> number() const;
   void clearRelations();
   // What the edits above ask of the host may end their view.
   std::vector<Upper> heldUppers() const;
 
-  ValueTranslator mTranslator;
-  std::optional<Typed> mTyped;
   bool mRestricted = false;
   std::vector<Lower> mLowers;          // the edits that bound this one from below
   std::vector<CtrTextEdit*> mUppers;  // the edits that this one bounds

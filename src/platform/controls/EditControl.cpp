@@ -2,7 +2,6 @@
 
 #include <exception>
 
-#include "platform/base/NumberText.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
 #include "platform/trap/Procedure.h"
@@ -54,7 +53,7 @@ void EditControl::MarkEdited(bool edited) {
 void EditControl::mark(bool edited) {
   const Ref<Component> pin(owner());
   if (!edited)
-    if (const auto value = told()) mStored = *value;
+    if (auto value = told()) mValue.store(std::move(*value));
   update(mText, edited);
 }
 
@@ -75,8 +74,8 @@ Node EditControl::GetXmlItem(bool ignoreErrors) {
   pugi::xml_node item = tree->document.append_child("item");
   item.append_attribute("name").set_value(std::string(parameterName()).c_str());
   // What cannot be told in the data set's unit bears the one in which it stands on the screen.
-  item.append_attribute("unit").set_value((value ? mInfo.unit : displayUnit()).c_str());
-  item.append_child(mInfo.wireType().c_str()).append_child(pugi::node_pcdata).set_value(value.value_or(mText).c_str());
+  item.append_attribute("unit").set_value((value ? info().unit : displayUnit()).c_str());
+  item.append_child(info().wireType().c_str()).append_child(pugi::node_pcdata).set_value(value.value_or(mText).c_str());
   return {tree, item};
 }
 
@@ -86,12 +85,12 @@ void EditControl::takeParameter(const Node& parameter) {
   const Ref<Component> pin(owner());
   AllSteps all;
   mHasParameter = static_cast<bool>(parameter);
-  const ParameterValues values = mInfo.read(parameter);
-  std::string stored(mInfo.isNumeric() ? trimmed(values.value) : values.value);
-  const std::string offline(mInfo.isNumeric() ? trimmed(values.offlineValue) : values.offlineValue);
+  const ParameterValues values = mValue.describe(parameter);
+  std::string stored = mValue.documentText(values.value);
+  const std::string offline = mValue.documentText(values.offlineValue);
   all.step([&] { parameterChanged(); });
-  if (mReadOnly != mInfo.readOnly) {
-    mReadOnly = mInfo.readOnly;
+  if (mReadOnly != info().readOnly) {
+    mReadOnly = info().readOnly;
     changedNow();
   }
   if (offline.empty() || offline == stored) {
@@ -99,7 +98,7 @@ void EditControl::takeParameter(const Node& parameter) {
   } else {
     // What was edited without the device comes back as an edit.
     clearError();
-    mStored = std::move(stored);
+    mValue.store(std::move(stored));
     all.step([&] { loadEdit(offline); });
   }
   all.done();
@@ -118,12 +117,9 @@ void EditControl::takeLocalData(const Node& item) {
 }
 
 bool EditControl::loadItem(const Node& item) {
-  const Node element = valueElement(item, mInfo.type);
-  if (!element) return false;
-  std::string value = element.text();
-  if (mInfo.isNumeric()) value = trimmed(value);
-  load(received(item, std::move(value)));
-  return true;
+  auto received = mValue.received(item, *this);
+  if (received) load(std::move(received->text));
+  return received.has_value();
 }
 
 void EditControl::clearError() {
@@ -133,10 +129,10 @@ void EditControl::clearError() {
 }
 
 void EditControl::load(std::string documentText) {
-  forgetTyped();
+  dropEdit();
   clearError();
-  mStored = std::move(documentText);
-  update(shown(mStored), false);
+  mValue.store(std::move(documentText));
+  update(storedText(), false);
 }
 
 void EditControl::takeError(const std::string& code) {
@@ -150,13 +146,13 @@ void EditControl::takeError(const std::string& code) {
 
 // --- state
 
-void EditControl::update(std::string text, bool modified) {
+void EditControl::update(std::string text, bool edited) {
   const Ref<Component> pin(owner());
   AllSteps all;
   const bool newText = text != mText;
-  const bool newState = modified != mModified;
+  const bool newState = edited != mModified;
   if (newText) mText = std::move(text);
-  mModified = modified;
+  mModified = edited;
   all.step([&] { recheck(); });
   all.step([&] { recheckOthers(); });
   if (newText || newState) changedNow();
@@ -182,8 +178,8 @@ void EditControl::requireEditable() const {
 
 void EditControl::restore() {
   requireEditable();
-  forgetTyped();
-  update(shown(mStored), false);
+  dropEdit();
+  update(storedText(), false);
 }
 
 void EditControl::leave() {
@@ -242,8 +238,8 @@ void EditControl::ViewGetChanges(int& mode) {
     if (!value) return;
     const Ref<ITextTable> texts = mTextTable;
     const std::string caption = texts ? texts->GetLabel(name) : name;
-    const std::string stored = mStored, unit = mInfo.unit, type = mInfo.type, group = mContextTag;
-    proc.messenger().AddChange(name, caption, stored, *value, unit, type, group);
+    const std::string before = stored(), unit = info().unit, type = info().type, group = mContextTag;
+    proc.messenger().AddChange(name, caption, before, *value, unit, type, group);
   });
 }
 

@@ -4,20 +4,19 @@
 #include <string>
 
 #include "platform/controls/Control.h"
-#include "platform/controls/ParameterInfo.h"
+#include "platform/controls/DeviceValue.h"
 #include "platform/controls/StatusWords.h"
 #include "platform/types/Messenger.h"
 #include "platform/types/MessengerEvents.h"
 
 namespace ostrand {
 
-// What all edits share: one value of the device, its state, and its way to the host. The value as the
-// documents have it (mStored) and the text on the screen (mText) are two things; the derived class
-// translates between them.
+// What all edits share: one value of the device, its state, and its way to the host. The value as the documents have it
+// (mValue) and the text on the screen (mText) are two things; the derived class translates between them.
 //
 // A value counts as edited from the user's action (or MarkEdited) until a document brings a new one, or until it is the stored
 // one again.
-class EditControl : public Control, public ITaviComponent, public ITaviDataEditor, public ILocalizable, public MessengerEvents {
+class EditControl : public Control, public ITaviComponent, public ITaviDataEditor, public ILocalizable, public MessengerEvents, protected UnitSource {
  public:
   using Control::Control;
   ~EditControl() override { detach(); }
@@ -58,16 +57,16 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   void leave();
 
   // For whoever shows the control.
-  const ParameterInfo& info() const { return mInfo; }
+  const ParameterInfo& info() const { return mValue.info(); }
   const std::string& editWord() const { return mEditWord; }
   const std::string& syncWord() const { return mSyncWord; }
-  const std::string& stored() const { return mStored; }
+  const std::string& stored() const { return mValue.stored(); }
   // What the screen shows when nothing is edited.
-  std::string storedText() const { return shown(mStored); }
+  std::string storedText() const { return shown(stored()); }
   const std::optional<LocalTime>& lastRead() const { return mLastRead; }
   // What the user reads: for a choice its text in the user's language.
   virtual std::string displayText() const { return mText; }
-  virtual std::string displayUnit() const { return mInfo.unit; }
+  std::string displayUnit() const { return mValue.displayUnit(); }
 
   Value get(std::string_view property, std::span<const int> indices) const override;
   void set(std::string_view property, std::span<const int> indices, const Value& value) override;
@@ -97,14 +96,12 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   virtual std::optional<std::string> told() const = 0;
   // Whether the value on the screen passes its limits.
   virtual bool passes() const = 0;
-  // The value of an item in the data set's unit, from a response that may bear another.
-  virtual std::string received(const Node& item, std::string value) const { return (void)item, value; }
-  virtual void parameterChanged() {}  // mInfo is new
+  virtual void parameterChanged() {}  // info() is new
   virtual void unitsChanged() {}      // the user has chosen other units, or another locale
-  virtual void forgetTyped() {}       // the screen shows what is stored
+  virtual void dropEdit() { mValue.dropEdit(); }  // the screen shows what is stored
   virtual void takeText(const std::string& text) = 0;  // a text set by code
 
-  // The screen shows this document text as an edit of the user, although mStored is another one.
+  // The screen shows this document text as an edit of the user, although another one is stored.
   virtual void loadEdit(const std::string& documentText) {
     takeText(shown(documentText));
     update(mText, true);
@@ -112,16 +109,14 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   virtual void recheckOthers() {}  // the edits whose correctness depends on this value
 
   // Puts the screen right: `text` replaces the text, the state follows, and whoever listens is told.
-  void update(std::string text, bool modified);
+  void update(std::string text, bool edited);
   void recheck();
   void requireEditable() const;
   const Locale& locale() const { return desktop().locale(); }
-  // The host's unit service; nothing if it has none, or if there is no host.
-  Ref<IUnitConverter> converter() const;
+  Ref<IUnitConverter> converter() const override;
   const Ref<ITextTable>& textTable() const { return mTextTable; }
 
-  ParameterInfo mInfo;
-  std::string mStored;
+  DeviceValue mValue;
   std::string mText;
   bool mModified = false;
   bool mCorrect = true;

@@ -9,12 +9,12 @@ std::string MomentEdit::shown(const std::string& documentText) const {
   return readDocument(documentText, moment) ? screenForm(moment) : documentText;
 }
 
-std::optional<std::string> MomentEdit::told() const { return mTyped ? mTyped->text : mStored; }
+std::optional<std::string> MomentEdit::told() const { return mTyped ? mTyped->text : stored(); }
 
 bool MomentEdit::passes() const {
   if (mTyped) return mTyped->readable || mTyped->text.empty();
   LocalTime moment;
-  return mStored.empty() || readDocument(mStored, moment);
+  return stored().empty() || readDocument(stored(), moment);
 }
 
 void MomentEdit::takeTyped(const std::string& text, bool byUser) {
@@ -22,7 +22,7 @@ void MomentEdit::takeTyped(const std::string& text, bool byUser) {
   const bool readable = readScreen(text, moment);
   mTyped = Typed{readable ? documentForm(moment) : text, readable};
   std::string screen = typedOnScreen();
-  const bool edited = (byUser || (mModified && !text.empty())) && screen != shown(mStored);
+  const bool edited = (byUser || (mModified && !text.empty())) && screen != storedText();
   if (byUser && !edited) mTyped.reset();
   update(std::move(screen), edited);
 }
@@ -36,7 +36,7 @@ void MomentEdit::type(const std::string& text) {
 }
 
 void MomentEdit::unitsChanged() {
-  if (owner()) update(mTyped ? typedOnScreen() : shown(mStored), mModified);
+  if (owner()) update(mTyped ? typedOnScreen() : storedText(), mModified);
 }
 
 }  // namespace ostrand

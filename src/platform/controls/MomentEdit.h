@@ -19,7 +19,7 @@ class MomentEdit : public EditControl {
   bool passes() const override;
   void takeText(const std::string& text) override;
   void unitsChanged() override;
-  void forgetTyped() override { mTyped.reset(); }
+  void dropEdit() override { mTyped.reset(); }
 
   virtual bool readDocument(const std::string& text, LocalTime& moment) const = 0;
   virtual bool readScreen(const std::string& text, LocalTime& moment) const = 0;

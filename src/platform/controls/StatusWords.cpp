@@ -39,14 +39,14 @@ void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word
   }
 }
 
-void forwardEditChanges(std::string_view name, bool modified, bool correct, std::string& word, const Ref<Messenger>& messenger) {
+void forwardEditChanges(std::string_view name, bool edited, bool correct, std::string& word, const Ref<Messenger>& messenger) {
   Telling telling(name, word, messenger);
-  if (word == EditWord::kOriginal && modified) telling.become(EditWord::kEdited);
+  if (word == EditWord::kOriginal && edited) telling.become(EditWord::kEdited);
   if (word == EditWord::kEditedError && correct) telling.become(EditWord::kCorrected);
   if (word == EditWord::kEdited || word == EditWord::kCorrected) {
     if (!correct)
       telling.become(EditWord::kEditedError);
-    else if (!modified)
+    else if (!edited)
       telling.become(EditWord::kOriginal);
   }
 }

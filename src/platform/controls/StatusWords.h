@@ -28,6 +28,6 @@ void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word
 
 // Moves the edit word of a value, by three rules of which each sees the result of the one before, and
 // tells the host each move.
-void forwardEditChanges(std::string_view name, bool modified, bool correct, std::string& word, const Ref<Messenger>& messenger);
+void forwardEditChanges(std::string_view name, bool edited, bool correct, std::string& word, const Ref<Messenger>& messenger);
 
 }  // namespace ostrand

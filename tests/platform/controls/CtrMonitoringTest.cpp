@@ -80,6 +80,24 @@ TEST_F(CtrMonitoringTest, TakesInEveryItemThatHasAParameter) {
   EXPECT_EQ(list().CellColor(2, 2), Color::text());
 }
 
+TEST_F(CtrMonitoringTest, AnAnswerMayBearAnotherUnit) {
+  monitoring->SetOfflineData(data());
+  const auto temperature = [&](const char* value, const char* unit) {
+    monitoring->SetOnlineData(online("<comm:item name=\"temperature\" unit=\"" + std::string(unit) + "\"><comm:floatVal>" + value + "</comm:floatVal></comm:item>"));
+    return list().Cell(2, 2);
+  };
+  EXPECT_EQ(temperature("68", "degF"), "20.0");
+  EXPECT_EQ(temperature("21", "degC"), "21.0");
+  EXPECT_EQ(temperature("22", "Nm"), "22 Nm") << "as the device told it, and no point of the trend";
+  EXPECT_THAT(monitoring->trend(2), testing::ElementsAre(testing::DoubleNear(20, 1e-9), 21));
+}
+
+TEST_F(CtrMonitoringTest, ACodedValueIsFoundByItsNumberToo) {
+  monitoring->SetOfflineData(data());
+  monitoring->SetOnlineData(online(itemXml("grade", "2.0", "integerVal")));
+  EXPECT_EQ(list().Cell(3, 2), "grade2");
+}
+
 TEST_F(CtrMonitoringTest, WithoutADataSetAnswersPassBy) {
   monitoring->SetOnlineData(online(itemXml("temperature", "1", "floatVal")));
   EXPECT_THAT(rows(), IsEmpty());

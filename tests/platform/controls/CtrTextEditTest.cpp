@@ -457,7 +457,8 @@ TEST_F(CtrTextEditTest, AnAnswerMayBearAnotherUnit) {
   edit().SetOnlineData(itemNode("x", "floatVal", "22", "unit=\"\""));
   EXPECT_EQ(edit().stored(), "22");
   edit().SetOnlineData(itemNode("x", "floatVal", "23", "unit=\"Nm\""));
-  EXPECT_EQ(edit().stored(), "23") << "what cannot be converted is taken as it is";
+  EXPECT_EQ(edit().Text(), "23 Nm") << "what cannot be converted is shown as the device told it";
+  EXPECT_FALSE(edit().Correct());
   edit().SetOnlineData(itemNode("x", "floatVal", "NaN", "unit=\"degF\""));
   EXPECT_EQ(edit().Text(), "NaN");
 }
