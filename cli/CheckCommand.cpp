@@ -26,7 +26,7 @@ struct Options {
 // Nobody is there to answer.
 class Nobody : public UserPrompt {
  public:
-  int ask(const std::string&, const std::string&) override { return kStop; }
+  int ask(const std::string&, const std::string&, const Answers&) override { return kStop; }
   void show(const std::string&, const std::string&) override {}
 };
 
@@ -43,6 +43,8 @@ constexpr Heading kHeadings[] = {
     {BindingAudit::Kind::FrameMissing, "Nodes of the tree document without a frame"},
     {BindingAudit::Kind::ErrorReported, "Errors that the views reported"},
     {BindingAudit::Kind::ParameterUnbound, "Parameters that no control of these views shows"},
+    {BindingAudit::Kind::ActsUnknown, "Unknown words in acts"},
+    {BindingAudit::Kind::ActsMissing, "Values that act by their name, and do not say so"},
     {BindingAudit::Kind::ViewMissing, "Views of the tree document that nobody has registered"},
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/ActingValues.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/CaptionedControl.h"
 #include "platform/controls/ChoiceEdit.h"
@@ -133,6 +134,9 @@ std::vector<BindingAudit::Finding> BindingAudit::dataSetFindings() {
     const std::string unit = dataSet.info(name).unit;
     const bool plain = unit == "noUnit" || unit == "%";
     if (!plain && !mHost.units()->knows(unit) && units.insert(unit).second) found.push_back({Kind::UnitUnknown, "", unit, name});
+    const std::string acts = dataSet.acts(name);
+    if (!acts.empty() && !actsOfWord(acts)) found.push_back({Kind::ActsUnknown, "", name, acts});
+    if (acts.empty() && actsByName(name) != Acts::No) found.push_back({Kind::ActsMissing, "", name, dataSet.homeGroup(name)});
     if (!mBound.contains(name)) found.push_back({Kind::ParameterUnbound, "", name, dataSet.homeGroup(name)});
   }
   return found;

@@ -22,6 +22,8 @@ class BindingAudit {
     ErrorReported,        // the view reported an error while it took in the data set
     ParameterUnbound,     // no control shows this parameter
     ViewMissing,          // the tree document names a class that nobody has registered
+    ActsUnknown,          // a word in `acts` that there is not
+    ActsMissing,          // a parameter without `acts` whose name says that it makes the device act
   };
   struct Finding {
     Kind kind;
