@@ -29,7 +29,7 @@ struct LinkedViews final : ComponentSource {
 };
 
 struct Consent final : UserPrompt {
-  int ask(const std::string&, const std::string&) override { return kGoOn; }
+  int ask(const std::string&, const std::string&, const Answers&) override { return kGoOn; }
   void show(const std::string&, const std::string&) override {}
 };
 

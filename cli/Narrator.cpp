@@ -228,7 +228,7 @@ CallListener::Call Narrator::begins(const CallText& call) {
 
 void Narrator::fails(Call, const ErrorText& error) { say(Road::ViewToHost, "which failed", error.description); }
 
-int Narrator::ask(const std::string& title, const std::string& message) {
+int Narrator::ask(const std::string& title, const std::string& message, const Answers&) {
   say(Road::HostToUser, title + "?", message);
   say(Road::UserToView, "answers yes");
   return kGoOn;

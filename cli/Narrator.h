@@ -38,7 +38,7 @@ class Narrator : private HostObserver, private CallListener, public UserPrompt {
   int done(const std::string& request) const;
 
   // UserPrompt
-  int ask(const std::string& title, const std::string& message) override;
+  int ask(const std::string& title, const std::string& message, const Answers& answers) override;
   void show(const std::string& title, const std::string& message) override;
 
  private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/OutputRules.h"
+#include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
 
@@ -130,6 +131,11 @@ void Communication::arrived(const Request& request, const Document& answer) {
   mObservers.tell([&](HostObserver& each) { each.requestAnswered(request, answer); });
   showProgress(request);
   if (request.quiet || !mDataSet) return;
+  const AnswerHead head = headOf(answer);
+  if (const auto started = startedSample(request.document); started && head.fromDevice() && head.errorCode.empty() && response(answer).firstChild())
+    mDataSet->forgetSample(started->start == RunningSample::Start::Written || started->start == RunningSample::Start::Executed
+                               ? kSample + std::to_string(started->number)
+                               : kSample);
   for (const std::string& name : mDataSet->takeAnswer(answer, mDesktop.now(), mUnits.get()))
     mObservers.tell([&](HostObserver& each) { each.logged("", 'C', "The device's value of " + name + " cannot be used"); });
   mObservers.tell([](HostObserver& each) { each.dataSetChanged(); });
@@ -139,7 +145,7 @@ void Communication::answered(const Request& request, const Document& answer) {
   if (request.onAnswer) request.onAnswer(answer);
   // What is no answer at all ends as one that never came.
   const AnswerHead head = headOf(answer);
-  if (!request.quiet && head.valid && (request.tellsFailure || head.errorCode.empty())) mDeliver(answer);
+  if (!request.quiet && head.valid && (request.tellsFailure || head.errorCode.empty())) mDeliver(request, answer);
 }
 
 void Communication::finished(const Request& request, Outcome outcome) {
@@ -154,7 +160,7 @@ void Communication::finished(const Request& request, Outcome outcome) {
     if (request.onAnswer) request.onAnswer(error);
     // The user knows what he has cancelled; a view that waits for its answer must still hear that there is none.
     const bool told = outcome == Outcome::NoAnswer || !request.asker.empty();
-    if (!request.quiet && request.tellsFailure && told) mDeliver(error);
+    if (!request.quiet && request.tellsFailure && told) mDeliver(request, error);
   }
   if (request.onFinished) request.onFinished(outcome);
 }

@@ -15,7 +15,7 @@ namespace ostrand {
 
 // Who may say what to the device, and where the answers go.
 //
-// - Download: a request goes to the device. Its answers are written into the data set, then handed to every view. Where the
+// - Download: a request goes to the device. Its answers are written into the data set, then handed to the views. Where the
 //   device gives no answer, or nonsense, the views get a final answer with the error "communicationError".
 // - LocalAcceptance: nothing goes to the device. A write is taken into the data set as an edit, a read is answered from it;
 //   the answer bears responseStatus "local". What only the device can do is refused: a write without items, of items that the
@@ -27,8 +27,8 @@ namespace ostrand {
 // for a refusal.
 class Communication {
  public:
-  // Hands an answer to the views: with an error code to SetErrorData, else to SetOnlineData.
-  using Deliver = std::function<void(const Document& answer)>;
+  // Hands an answer to the views that it is for.
+  using Deliver = std::function<void(const Request& request, const Document& answer)>;
 
   // All but `deliver` must outlive it.
   Communication(Desktop& desktop, const Observers& observers, const UserSession& session, const SampleWatch& samples, Deliver deliver);

@@ -40,6 +40,20 @@ void DataSet::saveAs(const std::filesystem::path& file) {
   writeWholeFile(file, mDocument.xml(true));
   mFile = file;
   mChanged = false;
+  mExchanged.clear();
+}
+
+Document DataSet::deviceCopy() const {
+  const Document copy = mDocument.copy();
+  const Node list = copy.root().child("data:persistentData").child("data:parameters");
+  for (Node each = list ? list.firstChild() : nullptr; each; each = each.nextSibling()) {
+    if (each.findAttribute("offlineValue")) each.setAttribute("offlineValue", "");
+    // A value that counts as the user's would be there to be written again.
+    if (each.findAttribute("synchronised") != "0") continue;
+    each.setAttribute("value", "");
+    each.setAttribute("synchronised", "1");
+  }
+  return copy;
 }
 
 std::string DataSet::busCategory() const { return mDocument.selectText("//typeInfo:internalInfo/@busCategory").value_or(""); }
@@ -155,11 +169,17 @@ std::vector<std::string> DataSet::takeAnswer(const Document& answer, LocalTime n
     }
     set(parameter, "value", *value);
     set(parameter, "synchronised", "1");
+    mExchanged.insert(name);
     if (head.write || named(parameter, "offlineValue") == *value) set(parameter, "offlineValue", "");
   }
   if (head.isFinal && !head.write && head.errorCode.empty() && isName(head.name))
     if (const Node found = group(mDocument, head.name)) set(found, "lastUpdate", groupStamp(now));
   return unusable;
+}
+
+void DataSet::forgetSample(std::string_view sample) {
+  for (const std::string& name : parameters())
+    if (name.starts_with(sample) && info(name).readOnly) set(node(name), "value", "");
 }
 
 std::optional<std::string> usableValue(const Node& item, const ParameterInfo& info, IUnitConverter* units) {

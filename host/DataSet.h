@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,13 +23,17 @@ class DataSet {
 
   const Document& document() const { return mDocument; }
   // A document of its own for a view, which may change what it is handed.
-  Document copy() const { return Document::read(mDocument.xml()); }
+  Document copy() const { return mDocument.copy(); }
+  // The same without edits, and without values that the device has not given.
+  Document deviceCopy() const;
   const std::filesystem::path& file() const { return mFile; }
   // Whole or not at all; RuntimeError 70 leaves the file as it was. `saveAs` takes on the new file when it is written.
   void save();
   void saveAs(const std::filesystem::path& file);
   // Whether anything has changed since it was opened or saved.
   bool changed() const { return mChanged; }
+  // What the device has told, or was told, since then.
+  const std::set<std::string>& exchanged() const { return mExchanged; }
 
   std::string busCategory() const;
   std::string deviceType() const;
@@ -41,6 +46,8 @@ class DataSet {
   std::string offlineValue(std::string_view parameter) const;
   std::string current(std::string_view parameter) const;
   bool synchronised(std::string_view parameter) const;
+  // Whether an edit was accepted and the device has not been told.
+  bool accepted(std::string_view parameter) const { return !offlineValue(parameter).empty(); }
   // How the value leaves, in the data set's own word (ActingValues); empty for one that does nothing.
   std::string acts(std::string_view parameter) const { return attribute(parameter, "acts"); }
 
@@ -64,6 +71,8 @@ class DataSet {
   // What was written is no edit any more. Gives the names of items whose values could not be used: text where a number
   // belongs, or a unit that cannot be converted. "NaN" is a value.
   std::vector<std::string> takeAnswer(const Document& answer, LocalTime now, IUnitConverter* units);
+  // A sample that begins anew ("sample1") has no values yet.
+  void forgetSample(std::string_view sample);
 
  private:
   Node node(std::string_view parameter) const;
@@ -73,6 +82,7 @@ class DataSet {
   Document mDocument;
   std::filesystem::path mFile;
   bool mChanged = false;
+  std::set<std::string> mExchanged;
 };
 
 // The value of an answer's item in the unit of the parameter; nothing if it cannot be used there.

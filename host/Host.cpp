@@ -2,12 +2,18 @@
 
 #include <algorithm>
 
+#include "host/AnswerRoutes.h"
+#include "host/Questions.h"
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/StatusWords.h"
+#include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
 
 namespace {
+
+constexpr const char* kActingValuesTitle = "warning";
+constexpr const char* kActingValuesWarning = "actingValuesWarning";
 
 // The frame whose values live.
 constexpr std::string_view kLiveFrame = "monitoringVariables";
@@ -29,9 +35,15 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
       mUnits(isThere(mDataFolder / "units.xml") ? UnitService::open(mDataFolder / "units.xml") : Ref<UnitService>(new UnitService)),
       mAddressService(new AddressService),
       mSamples(mObservers),
-      mCommunication(desktop, mObservers, mSession, mSamples, [this](const Document& answer) { deliver(answer); }),
+      mCommunication(desktop, mObservers, mSession, mSamples, [this](const Request& request, const Document& answer) { deliver(request, answer); }),
       mOutputs(mObservers, mCommunication, mSamples),
+      mStopReport(desktop, mObservers, mOutputs,
+                  [this](const std::string& title, const std::string& message) {
+                    const std::string tag = this->dataSet() ? this->dataSet()->current("tag") : "";
+                    mPrompt.show(mTextTable->GetText(title), (tag.empty() ? "" : tag + ": ") + mTextTable->GetText(message));
+                  }),
       mTransfer(mCommunication),
+      mWriting(mCommunication, mTransfer, [this](const std::vector<Change>& acting) { return confirms(acting); }),
       mComparison(mCommunication, mUnits),
       mLiveReading(desktop, mCommunication, [this] { return liveGroup(); }, [this](const std::string& parameter) { return isEdited(parameter); }) {
   const bool hasTexts = isThere(mDataFolder / "texts" / (mSession.language + ".xml"));
@@ -43,6 +55,7 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
 
 Host::~Host() {
   while (!mSites.empty()) release(*mSites.back());
+  for (const Ref<ViewSite>& site : mLeaving) site->messenger().detach();
 }
 
 // --- data set and device
@@ -54,7 +67,14 @@ Document Host::readTree(const std::string& deviceType) const {
   return isThere(common) ? Document::readFile(common) : Document();
 }
 
+// A view keeps in its edits what a stop of its test has to send: a document that is handed in again would empty them.
+void Host::requireNoLoopTest() const {
+  if (mOutputs.holdsDocuments())
+    throw RuntimeError(RuntimeError::PermissionDenied, "a loop test may still drive the output: stop it, or confirm at the device that the output is free");
+}
+
 void Host::setDataSet(DataSet dataSet) {
+  requireNoLoopTest();
   mTree = readTree(dataSet.deviceType());
   mCommunication.setDataSet(std::move(dataSet));
   mObservers.tell([](HostObserver& each) { each.dataSetChanged(); });
@@ -157,16 +177,22 @@ void Host::release(ViewSite& site) {
   const Ref<ViewSite> pin(&site);
   std::erase(mSites, pin);
   if (mFront == pin) mFront = nullptr;
+  std::erase_if(mLeaving, [](const Ref<ViewSite>& each) { return !each->leaving(); });
+  if (site.leaving()) mLeaving.push_back(pin);
   site.close();
   mEdited.erase(site.name());
   mLiveReading.refresh();
 }
 
-void Host::deliver(const Document& answer) {
-  const DataPath path = headOf(answer).errorCode.empty() ? DataPath::Online : DataPath::Error;
-  const std::vector<Ref<ViewSite>> sites = mSites;
-  // A view may change what it is handed, so each but the last gets its own.
-  for (const Ref<ViewSite>& site : sites) site->handIn(path, site == sites.back() ? answer : Document::read(answer.xml()));
+ITaviView* Host::viewOf(const std::string& name) const {
+  const auto site = std::find_if(mSites.begin(), mSites.end(), [&](const Ref<ViewSite>& each) { return each->name() == name; });
+  return site == mSites.end() ? nullptr : (*site)->view();
+}
+
+void Host::deliver(const Request& request, const Document& answer) {
+  const AnswerRoutes routes(request, answer, dataSet());
+  for (const Ref<ViewSite>& site : std::vector(mSites))
+    if (const Document part = routes.forView(site->name())) site->handIn(routes.path(), part);
 }
 
 void Host::setLiveReading(bool on) {
@@ -203,20 +229,20 @@ void Host::readAll(std::function<void()> finished) {
   mTransfer.start(std::move(jobs), std::move(finished));
 }
 
-void Host::readParameters(const std::vector<std::string>& names, std::function<void()> finished) { transferParameters(names, false, std::move(finished)); }
-
-void Host::writeParameters(const std::vector<std::string>& names, std::function<void()> finished) { transferParameters(names, true, std::move(finished)); }
-
-void Host::transferParameters(const std::vector<std::string>& names, bool write, std::function<void()> finished) {
+void Host::readParameters(const std::vector<std::string>& names, std::function<void()> finished) {
   if (!dataSet()) throwNothingThere("the data set");
   std::vector<Transfer::Job> jobs;
   for (const std::string& group : dataSet()->groups()) {
-    Transfer::Job job{group, write, {}};
+    Transfer::Job job{group, false, {}};
     for (const std::string& name : names)
-      if (dataSet()->homeGroup(name) == group) job.items.push_back(dataSet()->item(name, write));
+      if (dataSet()->homeGroup(name) == group) job.items.push_back(dataSet()->item(name, false));
     jobs.push_back(std::move(job));
   }
   mTransfer.start(std::move(jobs), std::move(finished));
+}
+
+std::vector<LeftOut> Host::writeParameters(const std::vector<std::string>& names, std::function<void()> finished) {
+  return mWriting.writeParameters(names, std::move(finished));
 }
 
 // --- edits
@@ -229,33 +255,33 @@ std::vector<Change> Host::collectChanges(int mode) {
   return changes;
 }
 
-std::vector<Change> Host::applyChanges(const std::vector<Change>& changes, std::function<void()> finished) {
-  if (!dataSet()) throwNothingThere("the data set");
-  std::vector<Change> left;
-  std::vector<Transfer::Job> jobs;
-  for (const Change& change : changes) {
-    const std::string group = dataSet()->homeGroup(change.name);
-    if (!dataSet()->has(change.name) || group.empty()) {
-      left.push_back(change);
-      continue;
-    }
-    auto job = std::find_if(jobs.begin(), jobs.end(), [&](const Transfer::Job& each) { return each.group == group; });
-    if (job == jobs.end()) job = jobs.insert(jobs.end(), {group, true, {}});
-    MessageItem item = dataSet()->item(change.name, false);
-    if (!change.unit.empty()) item.unit = change.unit;
-    item.value = change.newText;
-    job->items.push_back(std::move(item));
+std::vector<LeftOut> Host::applyChanges(const std::vector<Change>& changes, std::function<void()> finished, const std::string& page) {
+  return mWriting.applyChanges(changes, std::move(finished), page);
+}
+
+bool Host::confirms(const std::vector<Change>& acting) {
+  const Ref<ITextTable> texts = mTextTable;
+  std::string question = texts->GetText(kActingValuesWarning) + "\r\n";
+  for (const Change& change : acting) {
+    const Node choices = mappingByTail(dataSet()->document(), change.name);
+    question += "\r\n" + wordedValue(*texts, change.name, wordedChoice(*texts, choices, change.newText), change.unit);
   }
-  mTransfer.start(std::move(jobs), std::move(finished));
+  return mPrompt.ask(texts->GetText(kActingValuesTitle), question, answersTo(*texts, kActingValuesWarning)) == UserPrompt::kGoOn;
+}
+
+std::vector<LeftOut> Host::keepTypedEdits() {
+  std::vector<LeftOut> left = mWriting.keep(collectChanges());
+  mObservers.tell([](HostObserver& each) { each.dataSetChanged(); });
   return left;
 }
 
 void Host::discardEdits() {
   DataSet* const open = dataSet();
   if (!open) return;
+  requireNoLoopTest();
   for (const std::string& name : open->edited()) open->discardEdit(name);
   mObservers.tell([](HostObserver& each) { each.dataSetChanged(); });
-  for (const Ref<ViewSite>& site : std::vector(mSites)) site->handIn(DataPath::Offline, open->copy());
+  for (const Ref<ViewSite>& site : std::vector(mSites)) site->handIn(DataPath::Offline, open->deviceCopy());
 }
 
 // --- for the views

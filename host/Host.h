@@ -14,11 +14,14 @@
 #include "host/ComponentSource.h"
 #include "host/LiveReading.h"
 #include "host/OutputWatch.h"
+#include "host/SampleWatch.h"
+#include "host/StopReport.h"
 #include "host/TextTables.h"
 #include "host/Transfer.h"
 #include "host/UnitService.h"
 #include "host/UserPrompt.h"
 #include "host/ViewSite.h"
+#include "host/Writing.h"
 
 namespace ostrand {
 
@@ -59,7 +62,7 @@ class Host {
   // --- data set and device
 
   // Takes the place of the data set before, and hands itself to the views that are open. RuntimeError 53, 70 or 5 leaves
-  // everything as it was.
+  // everything as it was. Error 70 also while a loop test may still drive an output (OutputWatch::holdsDocuments).
   void openDataSet(const std::filesystem::path& file) { setDataSet(DataSet::open(file)); }
   void setDataSet(DataSet dataSet);
   // nullptr if none is open.
@@ -100,8 +103,8 @@ class Host {
   ViewSite* front() const { return mFront.get(); }
   const std::vector<Ref<ViewSite>>& sites() const { return mSites; }
   void release(ViewSite& site);
-  // Hands an answer to every view that is placed: with an error code as error, else as online data.
-  void deliver(const Document& answer);
+  // The component of that name; nullptr if there is none, or if it is no view.
+  ITaviView* viewOf(const std::string& name) const;
   // How often values are read while a frame with live values is in front.
   LiveReading& liveReading() { return mLiveReading; }
   void setLiveReading(bool on);
@@ -111,19 +114,23 @@ class Host {
   Transfer& transfer() { return mTransfer; }
   void readGroup(const std::string& group, std::function<void()> finished = {});
   void readAll(std::function<void()> finished = {});
-  // Each parameter in a request of its home group. A write sends the edit, or the data set's value where there is none.
+  // Each parameter in a request of its home group. A write sends the edit, or the data set's value where there is none, and
+  // leaves out what makes the device act.
   void readParameters(const std::vector<std::string>& names, std::function<void()> finished = {});
-  void writeParameters(const std::vector<std::string>& names, std::function<void()> finished = {});
+  std::vector<LeftOut> writeParameters(const std::vector<std::string>& names, std::function<void()> finished = {});
   Comparison& comparison() { return mComparison; }
 
   // --- edits
 
   // What the views' edits hold. 1 collects all items, 2 the modified ones.
   std::vector<Change> collectChanges(int mode = 2);
-  // Sends changes to the device, or with local acceptance takes them into the data set. Gives those that cannot go: several
-  // values in one, or a parameter that the data set does not have.
-  std::vector<Change> applyChanges(const std::vector<Change>& changes, std::function<void()> finished = {});
-  // Takes back the data set's edits and those in the views.
+  // Sends changes to the device, or with local acceptance takes them into the data set. Values that make the device act are
+  // left out, but for those of `page`, the group whose page is applied, when the user has confirmed them.
+  std::vector<LeftOut> applyChanges(const std::vector<Change>& changes, std::function<void()> finished = {}, const std::string& page = {});
+  // Takes what is typed and not applied into the data set, so that it is in the file that is saved.
+  std::vector<LeftOut> keepTypedEdits();
+  // Takes back the data set's edits and those in the views: these then hold what the device last said, and nothing where it
+  // has said nothing. Error 70 while a loop test may still drive an output.
   void discardEdits();
 
   // --- for the views
@@ -144,10 +151,12 @@ class Host {
 
  private:
   void raise(const ViewEvent& event);
+  void deliver(const Request& request, const Document& answer);
+  void requireNoLoopTest() const;
+  bool confirms(const std::vector<Change>& acting);
   Document readTree(const std::string& deviceType) const;
   std::string liveGroup() const;
   bool isEdited(const std::string& parameter) const;
-  void transferParameters(const std::vector<std::string>& names, bool write, std::function<void()> finished);
   std::string uniqueName(const std::string& className) const;
 
   Desktop& mDesktop;
@@ -165,12 +174,15 @@ class Host {
   SampleWatch mSamples;
   Communication mCommunication;
   OutputWatch mOutputs;
+  StopReport mStopReport;
   Transfer mTransfer;
+  Writing mWriting;
   Comparison mComparison;
   bool mLive = true;
   LiveReading mLiveReading;
   std::map<std::string, std::set<std::string>> mEdited;  // by view: the parameters of which it shows an edit
   std::vector<Ref<ViewSite>> mSites;
+  std::vector<Ref<ViewSite>> mLeaving;  // released while they were asked to leave
   Ref<ViewSite> mFront;
   std::vector<Change>* mCollecting = nullptr;
 };

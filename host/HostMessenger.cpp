@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/Host.h"
+#include "host/Questions.h"
 #include "platform/base/RuntimeError.h"
 
 namespace ostrand {
@@ -63,7 +64,9 @@ bool HostMessenger::GetMaximizeAllowed() { return host().session().maximizeAllow
 
 int HostMessenger::AskUser(const std::string& title, const std::string& message) {
   const Ref<HostMessenger> pin(this);
-  const int answer = host().prompt().ask(host().textTable()->GetText(title), host().textTable()->GetText(message));
+  const Ref<ITextTable> texts = host().textTable();
+  const std::string question = wordedQuestion(*texts, message, host().viewOf(mView));
+  const int answer = host().prompt().ask(texts->GetText(title), question, answersTo(*texts, message));
   tell([&](HostObserver& each) { each.questionAsked(mView, title, message, answer); });
   return answer;
 }

@@ -11,8 +11,15 @@ class UserPrompt {
   static constexpr int kGoOn = 4;
   static constexpr int kStop = 5;
 
+  // What the two answers to a question say that they do. The second one is safe, and the default: who only closes the question
+  // gives it.
+  struct Answers {
+    std::string goOn;
+    std::string stop;
+  };
+
   // One of the two numbers above. Any other is passed on as it is: a view decides then for itself what it means.
-  virtual int ask(const std::string& title, const std::string& message) = 0;
+  virtual int ask(const std::string& title, const std::string& message, const Answers& answers) = 0;
   // Returns when the user has seen it.
   virtual void show(const std::string& title, const std::string& message) = 0;
 

@@ -89,7 +89,11 @@ bool ViewSite::leave() {
   if (!mView) return true;
   host().observers().tell([&](HostObserver& each) { each.viewAskedToLeave(*this); });
   bool may = true;
-  guarded([&] { may = mView->LeaveSelectedView(); });
+  const Ref<ViewSite> pin(this);
+  const Ref<ITaviView> view = mView;
+  ++mLeaving;
+  guarded([&] { may = view->LeaveSelectedView(); });
+  if (--mLeaving == 0 && !alive()) mMessenger->detach();
   return may;
 }
 
@@ -105,7 +109,7 @@ void ViewSite::close() {
   host().observers().tell([&](HostObserver& each) { each.viewReleased(*this); });
   if (mView) guarded([&] { mView->PrepareToRelease(); });
   if (mPlaceable) guarded([&] { mPlaceable->Terminate(); });
-  mMessenger->detach();
+  if (mLeaving == 0) mMessenger->detach();
   mHost = nullptr;
   mPlaceable = nullptr;
   mView = nullptr;

@@ -40,8 +40,10 @@ class ViewSite : public HostObject<IHostContainer, INotifyStatus> {
   void handIn(DataPath path, const Document& document);
   void requestFocus();
   void resize(int width, int height);  // twips
-  // Whether the frame in front may be left now; the view may ask the user.
+  // Whether the frame in front may be left now; the view may ask the user. A view that is released meanwhile may still send
+  // what its answer asks for, a stop above all: its Messenger works until the call has returned.
   bool leave();
+  bool leaving() const { return mLeaving > 0; }
   std::string selected() const;
   void close();
 
@@ -61,6 +63,7 @@ class ViewSite : public HostObject<IHostContainer, INotifyStatus> {
   std::string mName;
   std::string mTag;
   std::string mBusyWith;
+  int mLeaving = 0;
   Ref<HostMessenger> mMessenger;
   Ref<IObject> mComponent;
   Ref<IPlaceable> mPlaceable;

@@ -47,7 +47,7 @@ class DeviceHost : private HostObserver {
   class Prompt : public UserPrompt {
    public:
     // The script answers before anybody is asked.
-    int ask(const std::string&, const std::string&) override { return kGoOn; }
+    int ask(const std::string&, const std::string&, const Answers&) override { return kGoOn; }
     void show(const std::string&, const std::string&) override {}
   };
 

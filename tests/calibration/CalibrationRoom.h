@@ -28,7 +28,7 @@ class CalibrationUser : public UserPrompt {
   std::function<int()> answer = [] { return kGoOn; };
   std::function<void()> meanwhile;  // what happens while a message or a question is open
 
-  int ask(const std::string&, const std::string&) override {
+  int ask(const std::string&, const std::string&, const Answers&) override {
     if (meanwhile) meanwhile();
     return answer();
   }

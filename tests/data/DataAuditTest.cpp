@@ -16,7 +16,7 @@ namespace {
 
 class Nobody : public UserPrompt {
  public:
-  int ask(const std::string&, const std::string&) override { return kStop; }
+  int ask(const std::string&, const std::string&, const Answers&) override { return kStop; }
   void show(const std::string&, const std::string&) override {}
 };
 

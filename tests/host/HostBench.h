@@ -213,8 +213,9 @@ class PaperSource : public ComponentSource {
 
 class PaperPrompt : public UserPrompt {
  public:
-  int ask(const std::string& title, const std::string& message) override {
+  int ask(const std::string& title, const std::string& message, const Answers& told) override {
     lines.push_back("? " + title + "/" + message);
+    answers = told;
     if (during) during();
     return answer;
   }
@@ -222,6 +223,7 @@ class PaperPrompt : public UserPrompt {
   std::vector<std::string> lines;
   std::function<void()> during;
   int answer = UserPrompt::kGoOn;
+  Answers answers;  // of the last question
 };
 
 // A host of paper: its device answers by hand, its views only write down.

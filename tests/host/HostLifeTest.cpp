@@ -259,6 +259,49 @@ TEST_F(HostLifeTest, WithLocalAcceptanceChangesGoIntoTheDataSet) {
   EXPECT_EQ(source.made.back()->take().back(), "SetOfflineData");
 }
 
+TEST_F(HostLifeTest, DiscardingBringsBackWhatTheDeviceHasSaid) {
+  PaperView& paper = view();
+  host.dataSet()->edit("speed", "3");
+  host.discardEdits();
+  EXPECT_EQ(paper.take(), Lines{"SetOfflineData"});
+  const DataSet handed(paper.lastDocument);
+  EXPECT_EQ(handed.value("speed"), "1.25");
+  EXPECT_EQ(handed.offlineValue("speed"), "");
+  EXPECT_EQ(handed.value("mode"), "") << "the device has never given it";
+  EXPECT_TRUE(handed.synchronised("mode")) << "nor is it there to be written";
+  EXPECT_EQ(host.dataSet()->value("mode"), "1") << "the data set keeps it";
+}
+
+TEST_F(HostLifeTest, TypedEditsAreKeptForTheFile) {
+  PaperView& paper = view();
+  paper.during = [&](const std::string& call) {
+    if (!call.starts_with("changes")) return;
+    paper.messenger->AddChange("speed", "Speed", "1.25", "2", "N", "floatVal", "drive");
+    paper.messenger->AddChange("loopTestValue", "Test", "", "12", "mA", "floatVal", "loopTest");
+  };
+  const std::vector<LeftOut> left = host.keepTypedEdits();
+  EXPECT_EQ(host.dataSet()->edited(), Lines{"speed"});
+  ASSERT_EQ(left.size(), 1u);
+  EXPECT_EQ(left[0].name, "loopTestValue");
+  EXPECT_TRUE(asked.empty());
+}
+
+TEST_F(HostLifeTest, AViewThatIsReleasedWhileItIsAskedToLeaveMayStillStopItsTest) {
+  PaperView& paper = view();
+  const Ref<ViewSite> site = host.sites().front();
+  const Ref<Messenger> kept = paper.messenger;
+  const char* const stop = "<communicationRequest name=\"drive\" access=\"write\"><item name=\"speed\" unit=\"N\"><floatVal>0</floatVal></item></communicationRequest>";
+  paper.during = [&](const std::string& call) {
+    if (call != "LeaveSelectedView") return;
+    host.release(*site);
+    kept->SendRequest(stop, "drive");
+  };
+  site->leave();
+  ASSERT_EQ(asked.size(), 1u);
+  EXPECT_EQ(told(asked[0].request), "write drive: speed=0");
+  EXPECT_EQ(refusalOf([&] { kept->SendRequest(stop, "drive"); }).number, RuntimeError::NothingThere) << "not after that";
+}
+
 TEST_F(HostLifeTest, RefusesADataFolderWithADamagedFileOnly) {
   Host bare(desktop, source, prompt, "no/such/folder");
   EXPECT_EQ(bare.session().language, "keys");

@@ -8,9 +8,9 @@
 
 namespace ostrand {
 
-int QtPrompt::ask(const std::string& title, const std::string& message) {
+int QtPrompt::ask(const std::string& title, const std::string& message, const Answers& answers) {
   if (standIn) return standIn(title, message);
-  return choose(qt(title), qt(message), {mTexts.say("Yes, go on"), mTexts.say("No, stop")}) == 0 ? kGoOn : kStop;
+  return choose(qt(title), qt(message), {qt(answers.goOn), qt(answers.stop)}) == 0 ? kGoOn : kStop;
 }
 
 std::size_t QtPrompt::choose(const QString& title, const QString& message, const QStringList& answers) {

@@ -15,9 +15,8 @@ namespace ostrand {
 class QtPrompt : public UserPrompt {
  public:
   void setWindow(QWidget* window) { mWindow = window; }
-  void setTexts(const Texts& texts) { mTexts = texts; }
 
-  int ask(const std::string& title, const std::string& message) override;
+  int ask(const std::string& title, const std::string& message, const Answers& answers) override;
   void show(const std::string& title, const std::string& message) override;
 
   // A question whose answers say what they do. Gives the place of the one that was chosen; the last one changes nothing: Enter,
@@ -32,7 +31,6 @@ class QtPrompt : public UserPrompt {
   void showBox(const std::string& title, const std::string& message);
 
   QWidget* mWindow = nullptr;
-  Texts mTexts;
   QObject mTurn;
   std::string mSaid;  // in this turn of the event loop
 };

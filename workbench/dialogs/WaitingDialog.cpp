@@ -3,7 +3,6 @@
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -86,17 +85,6 @@ QString WaitingDialog::whyLeftOut(const Change& change) const {
   return {};
 }
 
-// Asks before what makes the device act is written, value by value.
-bool WaitingDialog::mayAct(const std::vector<Change>& chosen) const {
-  QStringList acting;
-  for (const Change& change : chosen)
-    if (actsOf(host().dataSet(), change.name) != Acts::No)
-      acting << QStringLiteral("%1: %2").arg(texts()(change.name), withUnit(wholeValueText(host(), texts(), change.name, change.newText), texts().unit(change.unit)));
-  if (acting.isEmpty()) return true;
-  const QString message = texts().say("The device acts on them as soon as it has them, and its output may be forced:") + QLatin1Char('\n') + acting.join(QLatin1Char('\n'));
-  return workbench().prompt().choose(texts().say("Write values that act?"), message, {texts().say("Write them"), texts().say("Do not write")}) == 0;
-}
-
 void WaitingDialog::addLeftOut(const EditControl& edit) {
   const std::string name(edit.parameterName());
   auto* const row = new QTreeWidgetItem(mList);
@@ -152,24 +140,31 @@ void WaitingDialog::writeTicked() {
   std::vector<Change> chosen;
   mSent.clear();
   for (QTreeWidgetItem* const row : ticked()) chosen.push_back(changeOf(*row));
-  // Under the question the device may be left, and this dialog be gone.
-  const QPointer<WaitingDialog> self(this);
-  if (chosen.empty() || !mayAct(chosen) || !self) return;
-  const QSignalBlocker quiet(mList);
-  for (QTreeWidgetItem* const row : ticked()) row->setText(Result, texts().say("Waiting"));
+  if (chosen.empty()) return;
+  for (QTreeWidgetItem* const row : ticked()) {
+    const QSignalBlocker quiet(mList);
+    row->setText(Result, texts().say("Waiting"));
+  }
   mWriting = true;
+  // The host asks before what acts is written: under its question the device may be left, and this dialog be gone.
+  const std::weak_ptr alive(mAlive);
   try {
-    const std::vector<Change> left = host().applyChanges(chosen, [this, alive = std::weak_ptr(mAlive)] {
+    const std::function<void()> done = [this, alive] {
       if (!alive.expired()) finish();
-    });
+    };
+    const std::vector<LeftOut> left = host().applyChanges(chosen, done, device().frame());
+    if (alive.expired()) return;
+    const QSignalBlocker quiet(mList);
     for (QTreeWidgetItem* const row : ticked()) {
       const std::string& name = changeOf(*row).name;
-      if (std::none_of(left.begin(), left.end(), [&](const Change& each) { return each.name == name; }))
+      const auto found = std::find_if(left.begin(), left.end(), [&](const LeftOut& each) { return each.name == name; });
+      if (found == left.end())
         mSent.push_back(name);
       else
-        settle(*row, texts().say("Left out: the data set has no such value"), true);
+        settle(*row, found->why == LeftOut::Why::Declined ? QString() : texts().say("Left out: the data set has no such value"), true);
     }
   } catch (...) {
+    if (alive.expired()) return;
     mWriting = false;
     mNote->setText(qt(currentError().description));
   }

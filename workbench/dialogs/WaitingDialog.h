@@ -44,7 +44,6 @@ class WaitingDialog : public DeviceDialog {
   const Change& changeOf(const QTreeWidgetItem& row) const;
   QString pageText(const Change& change) const;
   QString whyLeftOut(const Change& change) const;
-  bool mayAct(const std::vector<Change>& chosen) const;
 
   QLabel* mNote;
   QTreeWidget* mList;

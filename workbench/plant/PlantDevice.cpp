@@ -127,8 +127,7 @@ std::vector<EditControl*> PlantDevice::leftOut() {
 }
 
 std::size_t PlantDevice::keepEdits() {
-  if (mHost.dataSet())
-    for (const Change& change : mHost.collectChanges()) mHost.dataSet()->edit(change.name, change.newText);
+  if (mHost.dataSet()) mHost.keepTypedEdits();
   const std::vector<EditControl*> edits = viewEdits();
   return static_cast<std::size_t>(std::count_if(edits.begin(), edits.end(), [](const EditControl* each) { return !each->Correct(); }));
 }

@@ -35,7 +35,6 @@ Workbench::Workbench(std::filesystem::path dataFolder, ComponentCatalog* compone
   mSettings.language = host().session().language;
   mSettings.locale = mDesktop.locale().name;
   mTexts = Texts(host().textTable(), mSettings.language);
-  mPrompt.setTexts(mTexts);
   mDesktop.onDebugOutput = [this](const std::string& text) { mCurrent->tap().note(ConversationLog::Kind::Log, text); };
 }
 
@@ -74,7 +73,6 @@ void Workbench::setLanguage(const std::string& language) {
   }
   mSettings.language = language;
   mTexts = Texts(host().textTable(), language);
-  mPrompt.setTexts(mTexts);
   settingsChanged();
 }
 

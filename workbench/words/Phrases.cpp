@@ -120,8 +120,6 @@ constexpr Phrase kPhrases[] = {
     {"Error", "Virhe", "Fel", "Fehler"},
 
     // --- questions and messages
-    {"Yes, go on", "Kyllä, jatka", "Ja, fortsätt", "Ja, fortfahren"},
-    {"No, stop", "Ei, lopeta", "Nej, avbryt", "Nein, abbrechen"},
     {"The view reported an error: %1", "Näkymä ilmoitti virheestä: %1", "Vyn rapporterade ett fel: %1", "Die Ansicht hat einen Fehler gemeldet: %1"},
     {"The page could not be opened", "Sivua ei voitu avata", "Sidan kunde inte öppnas", "Die Seite konnte nicht geöffnet werden"},
     {"The device does not let this value be written", "Laite ei salli tämän arvon kirjoittamista", "Enheten tillåter inte att värdet skrivs", "Das Gerät erlaubt nicht, diesen Wert zu schreiben"},
@@ -210,10 +208,7 @@ constexpr Phrase kPhrases[] = {
     {"Dropped", "Hylätty", "Kastat", "Verworfen"},
     {"Left out: leaves by the button of its page", "Jätetty pois: lähtee sivunsa painikkeella", "Utelämnat: skickas med knappen på sin sida", "Ausgelassen: geht mit der Taste seiner Seite"},
     {"Left out: leaves only while its own page is open", "Jätetty pois: lähtee vain, kun oma sivu on auki", "Utelämnat: skickas bara när dess egen sida är öppen", "Ausgelassen: geht nur, während die eigene Seite offen ist"},
-    {"Write values that act?", "Kirjoitetaanko vaikuttavat arvot?", "Skriva värden som verkar?", "Wirkende Werte schreiben?"},
     {"The device acts on them as soon as it has them, and its output may be forced:", "Laite toimii niiden mukaan heti, ja sen lähtö voi olla pakotettu:", "Enheten verkar enligt dem genast, och dess utgång kan vara tvingad:", "Das Gerät handelt danach, sobald es sie hat, und sein Ausgang ist vielleicht erzwungen:"},
-    {"Write them", "Kirjoita ne", "Skriv dem", "Schreiben"},
-    {"Do not write", "Älä kirjoita", "Skriv inte", "Nicht schreiben"},
     {"Left out, since the device acts on it: %1", "Jätetty pois, koska laite toimii sen mukaan: %1", "Utelämnat, eftersom enheten verkar enligt det: %1", "Ausgelassen, weil das Gerät danach handelt: %1"},
     {"Left out: wrong value", "Jätetty pois: virheellinen arvo", "Utelämnat: felaktigt värde", "Ausgelassen: falscher Wert"},
     {"%1 is saved, but without %2 wrong values", "%1 on tallennettu, mutta ilman %2 virheellistä arvoa", "%1 är sparad, men utan %2 felaktiga värden", "%1 ist gespeichert, aber ohne %2 falsche Werte"},

@@ -13,7 +13,7 @@ namespace {
 // A user who is asked, and does something meanwhile.
 class ScriptedPrompt : public UserPrompt {
  public:
-  int ask(const std::string&, const std::string&) override {
+  int ask(const std::string&, const std::string&, const Answers&) override {
     if (meanwhile) std::exchange(meanwhile, nullptr)();
     return answer;
   }

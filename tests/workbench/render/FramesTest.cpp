@@ -190,7 +190,7 @@ TEST_F(FramesTest, ALiveAnswerIsSeenInTheNestedPanel) {
   show("monitoringVariables");
   auto* table = widget<QTableView>("lsvMonitoring");
   ASSERT_NE(table, nullptr);
-  host.deliver(answer("name=\"monitoringVariables\" access=\"read\" isFinal=\"1\"", itemXml("consistency", "5.55", "floatVal")));
+  host.sites().front()->handIn(DataPath::Online, answer("name=\"monitoringVariables\" access=\"read\" isFinal=\"1\"", itemXml("consistency", "5.55", "floatVal")));
   settle();
   EXPECT_EQ(table->model()->index(0, 1).data().toString(), "5.55");
   ASSERT_FALSE(panel.widget()->findChildren<QLabel*>().isEmpty());

@@ -58,7 +58,7 @@ class HostedViews {
  private:
   class SilentPrompt : public UserPrompt {
    public:
-    int ask(const std::string&, const std::string&) override { return kGoOn; }
+    int ask(const std::string&, const std::string&, const Answers&) override { return kGoOn; }
     void show(const std::string&, const std::string&) override {}
   };
 

@@ -30,19 +30,19 @@ class DialogsTest : public WindowBench {
   static void picture(QWidget& dialog, const char* name) {
     if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog.grab().save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name));
   }
-  int ask() { return workbench->prompt().ask("Sampling", "Sampling is running and will be stopped if you leave this page. Do you want to leave?"); }
+  int ask() { return workbench->prompt().ask("Sampling", "Sampling is running and will be stopped if you leave this page. Do you want to leave?", {"Leave", "Stay here"}); }
 };
 
 TEST_F(DialogsTest, YesGoesOn) {
   inDialog([](QWidget& dialog) {
     picture(dialog, "question.png");
-    clickButton(dialog, QStringLiteral("Yes, go on"));
+    clickButton(dialog, QStringLiteral("Leave"));
   });
   EXPECT_EQ(ask(), UserPrompt::kGoOn);
 }
 
 TEST_F(DialogsTest, NoEnterAndEscapeStop) {
-  inDialog([](QWidget& dialog) { clickButton(dialog, QStringLiteral("No, stop")); });
+  inDialog([](QWidget& dialog) { clickButton(dialog, QStringLiteral("Stay here")); });
   EXPECT_EQ(ask(), UserPrompt::kStop);
   inDialog([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
   EXPECT_EQ(ask(), UserPrompt::kStop);
