@@ -51,9 +51,13 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
   mTextTable = mTextTables.table(mSession.language);
   mTree = readTree({});
   mCommunication.setUnits(mUnits);
+  mUnhandled = mDesktop.unhandled.connect([this](const ErrorText& error) {
+    mObservers.tell([&](HostObserver& each) { each.errorUnhandled({}, error.number, error.description); });
+  });
 }
 
 Host::~Host() {
+  mDesktop.unhandled.disconnect(mUnhandled);
   while (!mSites.empty()) release(*mSites.back());
   for (const Ref<ViewSite>& site : mLeaving) site->messenger().detach();
 }

@@ -160,6 +160,7 @@ class Host {
   std::string uniqueName(const std::string& className) const;
 
   Desktop& mDesktop;
+  Signal<const ErrorText&>::Id mUnhandled = 0;
   ComponentSource& mComponents;
   UserPrompt& mPrompt;
   std::filesystem::path mDataFolder;

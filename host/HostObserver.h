@@ -55,7 +55,7 @@ class HostObserver {
   virtual void progress(const std::string& /*text*/, int /*done*/, int /*total*/) {}
   virtual void logged(const std::string& /*view*/, char /*category*/, const std::string& /*text*/) {}
   virtual void errorReported(const std::string& /*view*/, const std::string& /*prefix*/, int /*number*/, const std::string& /*description*/) {}
-  // An error that left the handler of an event.
+  // An error that left the handler of an event, or other work out of the event pump (which has no view's name).
   virtual void errorUnhandled(const std::string& /*view*/, int /*number*/, const std::string& /*description*/) {}
   virtual void parameterStatus(const std::string& /*view*/, const std::string& /*name*/, const std::string& /*word*/) {}
   virtual void changeAdded(const Change&) {}

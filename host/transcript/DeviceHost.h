@@ -41,7 +41,10 @@ class DeviceHost : private HostObserver {
   void run(std::optional<double> seconds, const std::function<void(double)>& advance);
 
  private:
-  void errorUnhandled(const std::string&, int number, const std::string& description) override { mEvents.unhandled({number, description}); }
+  void errorUnhandled(const std::string& view, int number, const std::string& description) override {
+    // What belongs to no view has been heard from the desktop.
+    if (!view.empty()) mEvents.unhandled({number, description});
+  }
   void viewHandedIn(const ViewSite&, DataPath, const Document& document) override { mEvents.handedIn(document); }
 
   class Prompt : public UserPrompt {

@@ -11,7 +11,10 @@ namespace ostrand {
 // The desktop of a transcript: what views ask it for is part of the conversation.
 class TranscriptDesktop : public VirtualDesktop {
  public:
-  explicit TranscriptDesktop(Conversation& conversation) : mConversation(conversation) { setProbe(&conversation); }
+  explicit TranscriptDesktop(Conversation& conversation) : mConversation(conversation) {
+    setProbe(&conversation);
+    unhandled.connect([&conversation](const ErrorText& error) { conversation.printUnhandled(error); });
+  }
 
   void wait(double seconds) override;
   std::optional<std::filesystem::path> openDialog(const FileDialog& dialog) override { return ask("OpenDialog", dialog, findFile); }

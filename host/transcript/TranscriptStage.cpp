@@ -1,7 +1,6 @@
 #include "host/transcript/TranscriptStage.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "host/transcript/RecordingContainer.h"
 #include "host/transcript/RecordingMessenger.h"
@@ -175,18 +174,6 @@ void TranscriptStage::raise(const ViewEvent& event) {
     device->raise(event);
   else
     script->raise(event);
-}
-
-void TranscriptStage::advanceClock(double seconds) {
-  const LocalTime target = desktop.now() + std::chrono::milliseconds(std::llround(seconds * 1000.0));
-  // An error of one timer leaves the others their time.
-  for (;;) {
-    try {
-      return desktop.advance(std::chrono::duration<double>(target - desktop.now()).count());
-    } catch (...) {
-      conversation.printUnhandled(currentError());
-    }
-  }
 }
 
 }  // namespace ostrand

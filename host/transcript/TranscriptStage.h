@@ -58,7 +58,6 @@ class TranscriptStage {
   // Puts a simulated device behind the host.
   void connect(const std::string& deviceName, unsigned seed);
   void raise(const ViewEvent& event);
-  void advanceClock(double seconds);
   void end();
 
   // RuntimeError 91 where there is no view.

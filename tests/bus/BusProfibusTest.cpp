@@ -410,6 +410,17 @@ TEST_F(BusProfibusTest, AnAnswerToTheReadBackIsAnOrdinaryDocument) {
   EXPECT_THAT(calibrate(answer("name=\"recipes\"", itemXml("recipe1PulpType", "3", "integerVal"))), IsEmpty());
 }
 
+TEST_F(BusProfibusTest, AnErrorOfWhatElseIsPumpedCutsNoWaitShort) {
+  int heard = 0;
+  desktop.unhandled.connect([&](const ErrorText&) { ++heard; });
+  desktop.schedule(0.2, [] { throw RuntimeError(RuntimeError::BadArgument, "a handler fails"); });
+  const LocalTime before = desktop.now();
+  EXPECT_TRUE(run(&IBusDependent::StartSampling1));
+  EXPECT_EQ(desktop.now() - before, std::chrono::seconds(1));
+  EXPECT_THAT(calls.take(), ElementsAre(write(3, "sampling"), "wait 10/10", askStatus("sampling")));
+  EXPECT_EQ(heard, 1);
+}
+
 TEST_F(BusProfibusTest, ASecondOperationTakesOverTheAwaitedAction) {
   desktop.onWait = nullptr;
   desktop.schedule(0.5, [&] { EXPECT_TRUE(run(&IBusDependent::StopSampling1)); });

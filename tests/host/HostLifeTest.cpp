@@ -22,6 +22,13 @@ TEST_F(HostLifeTest, AViewIsCalledInTheOrderOfItsLife) {
   EXPECT_EQ(source.alive, 0);
 }
 
+TEST_F(HostLifeTest, TellsOfAnErrorThatNobodyHandled) {
+  diary.take();
+  desktop.schedule(1, [] { throw RuntimeError(RuntimeError::NothingThere, "gone"); });
+  desktop.wait(2);
+  EXPECT_THAT(diary.take(), testing::ElementsAre("unhandled of : 91 gone"));
+}
+
 TEST_F(HostLifeTest, AReleasedSiteDoesNothing) {
   view();
   const Ref<ViewSite> site = host.sites().front();

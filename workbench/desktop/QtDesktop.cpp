@@ -116,7 +116,7 @@ void QtDesktop::fire() {
   if (!mTimers.empty() && mTimers.nextDue() <= now()) {
     // The work may open a dialog, or wait: what is due meanwhile must find the timer running.
     mTimer.start(0);
-    mTimers.runNext();
+    mTimers.runNext(*this);
   }
   arm();
 }

@@ -68,7 +68,7 @@ void locale(TranscriptStage& stage, const TranscriptInput& input) {
   if (!stage.desktop.setLocale(input.words[1].text)) throw RuntimeError(RuntimeError::BadArgument, "no such locale: " + input.words[1].text);
 }
 
-void advance(TranscriptStage& stage, const TranscriptInput& input) { stage.advanceClock(*parseNumber(input.words[1].text, '.')); }
+void advance(TranscriptStage& stage, const TranscriptInput& input) { stage.desktop.advance(*parseNumber(input.words[1].text, '.')); }
 
 std::optional<unsigned> seedOf(const TranscriptWord& word) {
   if (!word.text.starts_with("seed=")) return std::nullopt;
@@ -83,7 +83,7 @@ void device(TranscriptStage& stage, const TranscriptInput& input) {
 void run(TranscriptStage& stage, const TranscriptInput& input) {
   if (!stage.device) throw RuntimeError(RuntimeError::NothingThere, "there is no device");
   const auto seconds = input.words.size() > 1 ? parseNumber(input.words[1].text, '.') : std::nullopt;
-  stage.device->run(seconds, [&stage](double each) { stage.advanceClock(each); });
+  stage.device->run(seconds, [&stage](double each) { stage.desktop.advance(each); });
 }
 
 void fault(TranscriptStage& stage, const TranscriptInput& input) {

@@ -7,6 +7,8 @@
 #include <string>
 
 #include "platform/base/Locale.h"
+#include "platform/base/RuntimeError.h"
+#include "platform/base/Signal.h"
 #include "platform/desktop/ControlProbe.h"
 
 namespace ostrand {
@@ -29,7 +31,8 @@ class Desktop {
 
   // The wall clock of the user. It does not jump while somebody waits.
   virtual LocalTime now() const = 0;
-  // Pumps events until the clock has passed the target. Waits nest: what is pumped may wait too.
+  // Pumps events until the clock has passed the target. Waits nest: what is pumped may wait too. An error of
+  // what is pumped does not end the wait.
   virtual void wait(double seconds) = 0;
   // Calls `work` once, `seconds` from now, out of the event pump.
   virtual TimerId schedule(double seconds, std::function<void()> work) = 0;
@@ -44,6 +47,10 @@ class Desktop {
   virtual std::optional<std::filesystem::path> saveDialog(const FileDialog& dialog) = 0;
 
   virtual void debugOutput(const std::string& text) = 0;
+
+  // An error that left scheduled work. Where nobody listens it goes to the debug output.
+  Signal<const ErrorText&> unhandled;
+  void tellUnhandled(const ErrorText& error) noexcept;
 
   ControlProbe* probe() const { return mProbe; }
   void setProbe(ControlProbe* probe) { mProbe = probe; }

@@ -46,7 +46,7 @@ void RealDesktop::wait(double seconds) {
   while (true) {
     const LocalTime at = now();
     if (!mTimers.empty() && mTimers.nextDue() <= at) {
-      mTimers.runNext();
+      mTimers.runNext(*this);
       continue;
     }
     if (at >= target) return;

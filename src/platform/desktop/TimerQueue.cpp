@@ -19,9 +19,13 @@ void TimerQueue::remove(Desktop::TimerId timer) {
   if (entry != mTimers.end()) mTimers.extract(entry);
 }
 
-void TimerQueue::runNext() {
+void TimerQueue::runNext(Desktop& desktop) {
   const auto work = std::move(mTimers.extract(mTimers.begin()).mapped());
-  work();
+  try {
+    work();
+  } catch (...) {
+    desktop.tellUnhandled(currentError());
+  }
 }
 
 }  // namespace ostrand

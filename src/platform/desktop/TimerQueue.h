@@ -20,8 +20,8 @@ class TimerQueue {
   bool empty() const { return mTimers.empty(); }
   // When the first one is due; only if there is one.
   LocalTime nextDue() const { return mTimers.begin()->first.first; }
-  // Takes the first one out and runs it.
-  void runNext();
+  // Takes the first one out and runs it; its error goes to those who listen to the desktop.
+  void runNext(Desktop& desktop);
 
  private:
   std::map<std::pair<LocalTime, Desktop::TimerId>, std::function<void()>> mTimers;

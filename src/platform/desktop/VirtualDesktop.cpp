@@ -21,7 +21,7 @@ void VirtualDesktop::advance(double seconds) {
   while (!mTimers.empty() && mTimers.nextDue() <= target) {
     // A wait inside the work may have moved the clock on.
     mNow = std::max(mNow, mTimers.nextDue());
-    mTimers.runNext();
+    mTimers.runNext(*this);
   }
   mNow = std::max(mNow, target);
 }

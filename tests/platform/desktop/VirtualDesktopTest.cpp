@@ -85,12 +85,25 @@ TEST_F(VirtualDesktopTest, WaitsNest) {
   EXPECT_THAT(log, ElementsAre("08:00:01 enters", "08:00:02 in the inner wait", "08:00:06 leaves", "08:00:06 after the outer wait"));
 }
 
-TEST_F(VirtualDesktopTest, AFailingTimerIsGoneAndTheOthersStay) {
+TEST_F(VirtualDesktopTest, AFailingTimerEndsNoWait) {
+  desktop.onDebugOutput = [&](const std::string& text) { log.push_back(text); };
   desktop.schedule(1, [] { throw std::runtime_error("fails"); });
   desktop.schedule(2, notes("stays"));
-  EXPECT_THROW(desktop.wait(3), std::runtime_error);
   desktop.wait(3);
-  EXPECT_THAT(log, ElementsAre("08:00:02 stays"));
+  EXPECT_EQ(clock(), "08:00:03");
+  EXPECT_THAT(log, ElementsAre("unhandled error 440: fails", "08:00:02 stays"));
+}
+
+TEST_F(VirtualDesktopTest, AnErrorOfATimerGoesToThoseWhoListen) {
+  desktop.onDebugOutput = [&](const std::string&) { ADD_FAILURE() << "somebody listens"; };
+  desktop.unhandled.connect([&](const ErrorText& error) {
+    log.push_back(std::to_string(error.number) + " " + error.description);
+    throw std::runtime_error("the listener too");
+  });
+  desktop.schedule(1, [] { throw RuntimeError(RuntimeError::PermissionDenied, "closed"); });
+  desktop.wait(2);
+  EXPECT_EQ(clock(), "08:00:02");
+  EXPECT_THAT(log, ElementsAre("70 closed"));
 }
 
 TEST_F(VirtualDesktopTest, TellsOfEachWaitBeforeItBegins) {

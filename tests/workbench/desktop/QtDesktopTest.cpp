@@ -39,6 +39,20 @@ TEST(QtDesktopTest, AWaitLastsUntilTheClockHasPassed) {
   EXPECT_GE(secondsOf(desktop.now() - begin), 0.05);
 }
 
+TEST(QtDesktopTest, AFailingTimerEndsNoWait) {
+  QtDesktop desktop;
+  std::vector<std::string> unhandled;
+  desktop.unhandled.connect([&](const ErrorText& error) { unhandled.push_back(error.description); });
+  bool later = false;
+  desktop.schedule(0.01, [] { throw std::runtime_error("fails"); });
+  desktop.schedule(0.02, [&] { later = true; });
+  const LocalTime begin = desktop.now();
+  desktop.wait(0.04);
+  EXPECT_GE(secondsOf(desktop.now() - begin), 0.04);
+  EXPECT_TRUE(later);
+  EXPECT_THAT(unhandled, ElementsAre("fails"));
+}
+
 TEST(QtDesktopTest, TimersComeInTheOrderOfTheirTimes) {
   QtDesktop desktop;
   std::vector<int> order;
