@@ -33,6 +33,7 @@ void Component::Place(Desktop& desktop, const Ref<IHostContainer>& parent, const
     Form form(*this);
     declare(form);
   }
+  connect();
   initialize();
   resized();
 }

@@ -66,6 +66,8 @@ class Component : public IPlaceable, public Reporter {
 
   // The form at a glance: frames, rows, labels, tags.
   virtual void declare(Form& form) { (void)form; }
+  // The handlers of the controls' events, all in this one place.
+  virtual void connect() {}
   virtual void initialize() {}  // UserControl_Initialize
   virtual void resized() {}     // UserControl_Resize
   virtual void terminate() {}   // UserControl_Terminate

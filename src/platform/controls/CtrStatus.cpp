@@ -27,7 +27,7 @@ bool contains(const std::string& text, const std::string& part) {
 
 }  // namespace
 
-CtrStatus::CtrStatus() {
+void CtrStatus::connect() {
   txtSearch.Change.connect([this](const std::string&) { rebuild(); });
 }
 
@@ -83,7 +83,7 @@ void CtrStatus::SetOfflineData(const Document& doc) {
 void CtrStatus::SetOnlineData(const Document& doc) {
   Procedure proc(*this, "ITaviDataUser_setOnlineData");
   proc.step([&] {
-    const Node answer = response(doc);
+    const Node answer = ownAnswer(doc);
     if (!answer) return;
     const bool first = !mLastRead;
     for (Node item = answer.firstChild(); item; item = item.nextSibling()) {
@@ -97,7 +97,7 @@ void CtrStatus::SetOnlineData(const Document& doc) {
       if (text.empty() || text == "NaN") continue;
       Leaf& leaf = *leafOf(name);
       const bool raised = !isZero(text);
-      leaf.isNew = raised && !leaf.raised && !first;
+      leaf.isNew = raised && !leaf.raised.value_or(false) && !first;
       leaf.raised = raised;
     }
     mLastRead = desktop().now();
@@ -106,11 +106,23 @@ void CtrStatus::SetOnlineData(const Document& doc) {
   });
 }
 
-void CtrStatus::SetErrorData(const Document&) {
+void CtrStatus::SetErrorData(const Document& doc) {
   Procedure proc(*this, "ITaviDataUser_setErrorData");
   proc.step([&] {
+    if (!ownAnswer(doc)) return;
     mFailed = true;
     rebuild();
+  });
+}
+
+Node CtrStatus::ownAnswer(const Document& doc) const {
+  const Node answer = doc ? response(doc) : Node();
+  return answer && answer.findAttribute("name") == tag() ? answer : Node();
+}
+
+bool CtrStatus::isKnown() const {
+  return !mPlaces.empty() && std::all_of(mBranches.begin(), mBranches.end(), [](const Branch& branch) {
+    return std::all_of(branch.leaves.begin(), branch.leaves.end(), [](const Leaf& leaf) { return leaf.raised.has_value(); });
   });
 }
 
@@ -121,7 +133,7 @@ bool CtrStatus::addLeaf(const std::string& item) {
   auto branch = std::find_if(mBranches.begin(), mBranches.end(), [&](const Branch& at) { return at.key == key; });
   if (branch == mBranches.end()) branch = mBranches.insert(mBranches.end(), Branch{key, {}});
   mPlaces[item] = {static_cast<std::size_t>(branch - mBranches.begin()), branch->leaves.size()};
-  branch->leaves.push_back({item, ne107OfRaised(mapping).value_or(Ne107::Maintenance)});
+  branch->leaves.push_back({item, ne107OfRaised(mapping).value_or(Ne107::Maintenance), {}, false});
   return true;
 }
 
@@ -142,29 +154,35 @@ void CtrStatus::rebuild() {
   // The host may change everything below while it is asked for texts; what it changes is shown by a rebuild of its own.
   const int turn = ++mRebuilds;
   const std::vector<Branch> branches = mBranches;
+  const bool known = isKnown();
   const std::string wanted = txtSearch.Text();
   Ne107 worstOfAll = Ne107::Good;
   bool anyNew = false;
   for (const Branch& branch : branches) {
     Ne107 worst = Ne107::Good;
-    bool branchNew = false;
+    bool branchNew = false, branchKnown = true;
     std::vector<Row> leaves;
     for (const Leaf& leaf : branch.leaves) {
-      if (leaf.raised) worst = std::max(worst, leaf.category);
+      const bool raised = leaf.raised.value_or(false);
+      if (raised) worst = std::max(worst, leaf.category);
+      branchKnown = branchKnown && leaf.raised;
       branchNew = branchNew || leaf.isNew;
       const std::string name = text(leaf.item);
       if (!wanted.empty() && !contains(name, wanted)) continue;
-      leaves.push_back({std::string(kIndent) + kIndent + name, !mLastRead ? std::string() : text(leaf.raised ? "on" : "off"),
-                        leaf.raised ? categoryText(leaf.category) : std::string(), leaf.isNew ? text("new") : std::string(), leaf.raised});
+      leaves.push_back({std::string(kIndent) + kIndent + name, text(!leaf.raised ? "notRead" : raised ? "on" : "off"),
+                        raised ? categoryText(leaf.category) : std::string(), leaf.isNew ? text("new") : std::string(), raised});
     }
     worstOfAll = std::max(worstOfAll, worst);
     anyNew = anyNew || branchNew;
     if (leaves.empty()) continue;
-    rows.push_back({kIndent + text(branch.key), {}, mLastRead ? categoryText(worst) : std::string(), branchNew ? text("new") : std::string(), worst != Ne107::Good});
+    rows.push_back({kIndent + text(branch.key), {}, branchKnown || worst != Ne107::Good ? categoryText(worst) : text("notKnown"), branchNew ? text("new") : std::string(), worst != Ne107::Good});
     rows.insert(rows.end(), leaves.begin(), leaves.end());
   }
+  // What is raised is told also while the rest is not known.
+  const std::string worstText = categoryText(worstOfAll);
+  const std::string state = known ? worstText : text("notKnown") + (worstOfAll == Ne107::Good ? std::string() : " (" + worstText + ")");
   rows[0] = {text(tag()), mFailed ? text("syncError") : mLastRead ? desktop().locale().dateAndTime(*mLastRead) : text("notRead"),
-             mLastRead ? categoryText(worstOfAll) : std::string(), anyNew ? text("new") : std::string(), worstOfAll != Ne107::Good};
+             state, anyNew ? text("new") : std::string(), worstOfAll != Ne107::Good};
 
   if (turn != mRebuilds) return;
   mWorst = worstOfAll;

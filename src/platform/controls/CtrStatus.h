@@ -20,14 +20,15 @@ namespace ostrand {
 //
 // The worst category rises to the branch and to the root. Bits that are raised and were not at the last
 // read are marked as new. A search shows the leaves whose text holds it.
+//
+// Only the answer that bears the control's Tag as its name is believed. A bit that none has told is not read, and
+// the state of the device is not known before every bit has been told.
 class CtrStatus : public Panel {
  public:
   static constexpr std::string_view kClassName = "CtrStatus";
-  CtrStatus();
-
   void RequestFocus() override;
 
-  // A failed read leaves the tree as it was and says so in its root.
+  // A failed read leaves the tree as it was and says so in its root. Answers to other requests pass by.
   void SetErrorData(const Document& doc) override;
   void SetOfflineData(const Document& doc) override;
   void SetOnlineData(const Document& doc) override;
@@ -36,19 +37,22 @@ class CtrStatus : public Panel {
 
   std::string_view objectName() const override { return kClassName; }
 
-  // The worst category that is raised; Good before the first read.
+  // The worst category that is known to be raised.
   Ne107 worst() const { return mWorst; }
+  // Whether the device has told every bit; before, `worst` is not its state.
+  bool isKnown() const;
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
   void resized() override;
   void terminate() override;
 
  private:
   struct Leaf {
     std::string item;
-    Ne107 category;  // when it is raised
-    bool raised = false;
+    Ne107 category;              // when it is raised
+    std::optional<bool> raised;  // nothing before the device has told it
     bool isNew = false;
   };
   struct Branch {
@@ -56,6 +60,8 @@ class CtrStatus : public Panel {
     std::vector<Leaf> leaves;
   };
 
+  // The answer to the request that bears the control's Tag; an empty node for any other document.
+  Node ownAnswer(const Document& doc) const;
   bool addLeaf(const std::string& item);
   Leaf* leafOf(const std::string& item);
   void rebuild();

@@ -71,14 +71,15 @@ struct CtrStatusTest : testing::Test {
 
 TEST_F(CtrStatusTest, AnEmptyTreeIsNotRead) {
   status->SetOfflineData(dataSet({}));
-  EXPECT_THAT(rows(), ElementsAre("deviceStatus|notRead||"));
-  EXPECT_EQ(status->worst(), Ne107::Good);
+  EXPECT_THAT(rows(), ElementsAre("deviceStatus|notRead|notKnown|"));
+  EXPECT_FALSE(status->isKnown());
 }
 
 TEST_F(CtrStatusTest, EachKindOfBitIsABranchInTheOrderOfTheGroup) {
   status->SetOfflineData(data());
-  EXPECT_THAT(rows(), ElementsAre("deviceStatus|notRead||", "outOfLimits|||", "statusForceOutOfLimits|||", "statusHeatOutOfLimits|||", "failure|||",
-                                  "statusSensorFailure|||", "active|||", "statusTestActive|||", "coldStart|||", "coldStart|||"))
+  EXPECT_THAT(rows(), ElementsAre("deviceStatus|notRead|notKnown|", "outOfLimits||notKnown|", "statusForceOutOfLimits|notRead||", "statusHeatOutOfLimits|notRead||",
+                                  "failure||notKnown|", "statusSensorFailure|notRead||", "active||notKnown|", "statusTestActive|notRead||",
+                                  "coldStart||notKnown|", "coldStart|notRead||"))
       << "a bit of no kind has no place";
   EXPECT_EQ(list().Cell(1, 1), "deviceStatus");
   EXPECT_EQ(list().Cell(2, 1), "    outOfLimits");
@@ -143,7 +144,7 @@ TEST_F(CtrStatusTest, TheRootTellsTheLastReadAndItsFailure) {
   status->SetErrorData(Document());
   EXPECT_EQ(rows()[2], "aFailure|on|F  failure|new") << "the tree stands";
   status->SetOfflineData(data({"aFailure"}));
-  EXPECT_THAT(rows(), ElementsAre("deviceStatus|notRead||", "failure|||", "aFailure|||")) << "another data set begins anew";
+  EXPECT_THAT(rows(), ElementsAre("deviceStatus|notRead|notKnown|", "failure||notKnown|", "aFailure|notRead||")) << "another data set begins anew";
 }
 
 TEST_F(CtrStatusTest, ValuesOfEveryForm) {
@@ -172,7 +173,38 @@ TEST_F(CtrStatusTest, BitsThatTheDataSetDoesNotListFindTheirBranch) {
   EXPECT_EQ(list().Count(), 1) << "there is no data set yet";
   status->SetOfflineData(data({"aFailure"}));
   read({{"bFailure", "1"}, {"cActive", "0"}, {"dUnknown", "1"}, {"", "1"}});
-  EXPECT_THAT(rows(), ElementsAre(testing::_, "failure||F  failure|", "aFailure|off||", "bFailure|on|F  failure|", "active||good|", "cActive|off||"));
+  EXPECT_THAT(rows(), ElementsAre(testing::_, "failure||F  failure|", "aFailure|notRead||", "bFailure|on|F  failure|", "active||good|", "cActive|off||"));
+}
+
+TEST_F(CtrStatusTest, TheStateIsNotKnownBeforeEveryBitHasBeenTold) {
+  status->SetOfflineData(data({"aFailure", "bFailure", "cActive"}));
+  read({{"aFailure", "0"}});
+  EXPECT_FALSE(status->isKnown());
+  EXPECT_THAT(rows(), ElementsAre("deviceStatus|1/5/2026 8:00:00 AM|notKnown|", "failure||notKnown|", "aFailure|off||", "bFailure|notRead||",
+                                  "active||notKnown|", "cActive|notRead||"));
+  read({{"cActive", "1"}});
+  EXPECT_THAT(rows()[0], testing::HasSubstr("|notKnown (C  functionCheck)|")) << "what is raised is told meanwhile";
+  EXPECT_EQ(rows()[4], "active||C  functionCheck|new");
+  EXPECT_EQ(list().CellColor(1, 3), Color::errorText());
+  read({{"bFailure", "NaN"}});
+  EXPECT_FALSE(status->isKnown()) << "a bit without a value has not been told";
+  read({{"bFailure", "0"}, {"cActive", "0"}});
+  EXPECT_TRUE(status->isKnown());
+  EXPECT_THAT(rows(), ElementsAre("deviceStatus|1/5/2026 8:00:00 AM|good|", "failure||good|", "aFailure|off||", "bFailure|off||", "active||good|", "cActive|off||"));
+}
+
+TEST_F(CtrStatusTest, AnswersToOtherRequestsPassBy) {
+  status->SetOfflineData(data({"aFailure"}));
+  const std::vector<std::string> before = rows();
+  for (const char* name : {"loopTest", "values", "date_deviceStatus", "deviceStatu", ""}) {
+    status->SetOnlineData(answer("name=\"" + std::string(name) + "\" isFinal=\"1\"", itemXml("aFailure", "1", "integerVal")));
+    status->SetErrorData(answer("name=\"" + std::string(name) + "\" errorCode=\"communicationError\""));
+  }
+  status->SetOnlineData(answer("isFinal=\"1\"", itemXml("aFailure", "1", "integerVal")));
+  status->SetOnlineData(Document());
+  status->SetErrorData(Document());
+  EXPECT_EQ(rows(), before);
+  EXPECT_FALSE(status->isKnown());
 }
 
 TEST_F(CtrStatusTest, ASearchShowsTheLeavesThatHoldIt) {
@@ -198,8 +230,8 @@ TEST_F(CtrStatusTest, TextsComeFromTheTable) {
   read({});
   read({{"aFailure", "1"}});
   status->Localize(messenger->textTable);
-  EXPECT_THAT(rows(), ElementsAre("T:deviceStatus|1/5/2026 8:00:00 AM|F  T:failure|T:new", "T:failure||F  T:failure|T:new",
-                                  "T:aFailure|T:on|F  T:failure|T:new", "T:active||T:good|", "T:bActive|T:off||"));
+  EXPECT_THAT(rows(), ElementsAre("T:deviceStatus|1/5/2026 8:00:00 AM|T:notKnown (F  T:failure)|T:new", "T:failure||F  T:failure|T:new",
+                                  "T:aFailure|T:on|F  T:failure|T:new", "T:active||T:notKnown|", "T:bActive|T:notRead||"));
   EXPECT_EQ(list().Header(1), "T:status");
   EXPECT_EQ(list().Header(4), "T:newSinceLastRead");
   EXPECT_EQ(get<Label>("lblSearch").Caption(), "T:search");
