@@ -22,9 +22,4 @@ void chooseBus(Procedure& proc, Component& view, const std::string& viewName, co
   });
 }
 
-const Ref<IBusDependent>& required(const Ref<IBusDependent>& bus) {
-  if (!bus) throwNothingThere("the bus strategy");
-  return bus;
-}
-
 }  // namespace ostrand

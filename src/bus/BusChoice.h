@@ -12,7 +12,4 @@ namespace ostrand {
 // the one that was there stays. `viewName` is the title of the message.
 void chooseBus(Procedure& proc, Component& view, const std::string& viewName, const Document& doc, Ref<IBusDependent>& bus);
 
-// The strategy, or error 91 if the view has none.
-const Ref<IBusDependent>& required(const Ref<IBusDependent>& bus);
-
 }  // namespace ostrand

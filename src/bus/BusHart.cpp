@@ -1,7 +1,7 @@
 #include "bus/BusHart.h"
 
-#include "bus/SampleCheck.h"
 #include "core/Requests.h"
+#include "core/SampleCheck.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/trap/Procedure.h"
 
@@ -43,7 +43,7 @@ bool BusHart::CalibrationSetOnlineData(const Document& data, const Ref<Messenger
     const auto read = [&](const Node& item) { return floatOf(item, mDesktop.locale()); };
     warnOfLargeDeviation(data, "sample1", read, proc.messenger());
     warnOfLargeDeviation(data, "sample2", read, proc.messenger());
-    showWhenFinal(data, "laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView", proc.messenger());
+    showWhenFinal(data, "laboratoryResults", kCalibrated, proc.messenger());
   });
 }
 

@@ -1,6 +1,7 @@
 #include "bus/BusProfibus.h"
 
 #include "core/Requests.h"
+#include "core/SampleCheck.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/trap/Procedure.h"
 
@@ -260,7 +261,7 @@ void BusProfibus::judgeRecipes(const Document& doc) {
 void BusProfibus::judgeLaboratoryResults(const Document& doc) {
   for (const char* status : {"actionStatusCalibrationSampleNotTaken", "actionStatusCalibrationSuspicious", "actionStatusCalibrationError"})
     if (!CheckActionStatus(doc, status)) return show("error", status);
-  show("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView");
+  show("laboratoryResults", kCalibrated);
 }
 
 }  // namespace ostrand

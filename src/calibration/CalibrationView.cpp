@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/HostNumbers.h"
 #include "core/Requests.h"
 #include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
@@ -10,7 +11,8 @@ namespace ostrand {
 
 namespace {
 
-constexpr int kGoOn = 4;  // of AskUser
+// Both samples report under the first one's name.
+constexpr const char* kSampleClick = "Sample1Button_Click";
 
 bool isModified(const EditControl& edit) { return edit.Modified(); }
 bool isFilled(const EditControl& edit) { return edit.Correct() && !edit.Text().empty(); }
@@ -18,10 +20,7 @@ bool isFilled(const EditControl& edit) { return edit.Correct() && !edit.Text().e
 }  // namespace
 
 CalibrationView::CalibrationView(std::string recipeButtonName)
-    : View("VwCalibration", "calibration"), recipeButton(recipeButtonName), mRecipeClick(recipeButtonName + "_Click") {
-  LabCalibrateBtn.Click.connect([this] { LabCalibrateBtn_Click(); });
-  recipeButton.Click.connect([this] { recipeButton_Click(); });
-}
+    : View("VwCalibration", "calibration"), recipeButton(recipeButtonName), mRecipeClick(recipeButtonName + "_Click") {}
 
 // clang-format off
 void CalibrationView::declareSampling(Form& form) {
@@ -35,8 +34,9 @@ void CalibrationView::declareSampling(Form& form) {
 }
 // clang-format on
 
-void CalibrationView::initialize() {
-  View::initialize();
+void CalibrationView::connect() {
+  LabCalibrateBtn.Click.connect([this] { LabCalibrateBtn_Click(); });
+  recipeButton.Click.connect([this] { recipeButton_Click(); });
   for (const ButtonIndex index : {Take, Stop}) {
     Sample1Button(index).Click.connect([this, index] { sampleClick(1, index); });
     Sample2Button(index).Click.connect([this, index] { sampleClick(2, index); });
@@ -44,7 +44,10 @@ void CalibrationView::initialize() {
   cce_laboratoryResults.each([this](int, CtrComboEdit& combo) {
     combo.Change.connect([this, &combo](const std::string& text) { cce_laboratoryResults_Change(combo, text); });
   });
+}
 
+void CalibrationView::initialize() {
+  View::initialize();
   // What the user types here stays until a button of this view writes it.
   Procedure proc(*this, "UserControl_Initialize");
   const auto explicitApply = [&](EditControl& edit) { proc.step([&] { edit.ExplicitApply(true); }); };
@@ -56,11 +59,16 @@ void CalibrationView::initialize() {
   }
 }
 
-void CalibrationView::SetMessenger(const Ref<Messenger>& messenger) {
-  View::SetMessenger(messenger);
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
+void CalibrationView::messengerTaken(Procedure& proc) {
   // A Stop button is never disabled: a sample that runs can always be stopped.
-  for (CommandButton* button : {&Sample1Button(Take), &Sample2Button(Take), &LabCalibrateBtn, &recipeButton}) enableByLevel(proc, *button);
+  proc.step([&] {
+    for (CommandButton* button : {&Sample1Button(Take), &Sample2Button(Take), &LabCalibrateBtn, &recipeButton}) enableByLevel(proc, *button);
+  });
+}
+
+void CalibrationView::clear() {
+  mBus = nullptr;
+  View::clear();
 }
 
 void CalibrationView::ViewSetCommunicationMode(int mode) {
@@ -78,44 +86,59 @@ void CalibrationView::RequestFocus() {
 // --- samples
 
 bool CalibrationView::LeaveSelectedView() {
-  Procedure proc(*this, "ITaviView_LeaveSelectedView");
+  BusProcedure proc(*this, "ITaviView_LeaveSelectedView", mBus);
   bool mayLeave = true;
   proc.step([&] {
     const bool firstRuns = Sample1Button(Stop).Visible();
     if (!firstRuns && !Sample2Button(Stop).Visible()) return;
-    mayLeave = proc.value(0, [&] { return proc.messenger().AskUser("sampling", "samplingExitWarning"); }) == kGoOn;
-    if (mayLeave) sampleClick(Sample1Button(Stop).Visible() ? 1 : 2, Stop);
+    mayLeave = proc.value(Answer::kNone, [&] { return proc.messenger().AskUser("sampling", "samplingExitWarning"); }) == Answer::kGoOn;
+    if (!mayLeave) return;
+    // Also when the view was released meanwhile: the stop leaves by what this entry holds.
+    BusProcedure click(*this, kSampleClick, proc);
+    carryOut(click, Sample1Button(Stop).Visible() ? 1 : 2, Stop);
   });
   return mayLeave;
 }
 
 void CalibrationView::sampleClick(int sample, ButtonIndex index) {
-  // Both samples report under the first one's name.
-  Procedure proc(*this, "Sample1Button_Click");
+  BusProcedure proc(*this, kSampleClick, mBus);
+  carryOut(proc, sample, index);
+}
+
+void CalibrationView::carryOut(BusProcedure& proc, int sample, ButtonIndex index) {
   const auto& own = sample == 1 ? Sample1Button : Sample2Button;
   const auto& other = sample == 1 ? Sample2Button : Sample1Button;
   proc.all([&] {
     // The question comes before the refusal: who confirms it may still be refused.
-    if (index == Take && proc.messenger().AskUser("sampling", "checkThatRecipeToBeCalibratedIsActive") != kGoOn) return;
+    if (index == Take && proc.messenger().AskUser("sampling", "checkThatRecipeToBeCalibratedIsActive") != Answer::kGoOn) return;
+    if (index == Take && isReleased(proc)) return;
     if (other(Stop).Visible())
       return proc.messenger().ShowMessage("error", sample == 1 ? "pleaseStopSamplingSample2First" : "pleaseStopSamplingSample1First");
     own(Take).Visible(false);
     own(Stop).Visible(false);
 
     if (index == Stop) {
-      if (!stopSample(sample, proc.pinnedMessenger())) return proc.reportLastError();
+      if (!stopSample(proc, sample)) return proc.reportLastError();
       notifyStatus("");
       own(Take).Visible(true);
       return;
     }
     // The old averages of sample 1 disappear before the start, those of sample 2 after it.
     if (sample == 1) clearSample(sample);
-    if (!startSample(sample, proc.pinnedMessenger())) return proc.reportLastError();
+    if (!startSample(proc, sample)) return proc.reportLastError();
     notifyStatus("sampling");
     if (sample == 2) clearSample(sample);
     own(Stop).Visible(true);
     own(Stop).SetFocus();
   });
+}
+
+bool CalibrationView::startSample(BusProcedure& proc, int sample) {
+  return sample == 1 ? proc.bus()->StartSampling1(proc.pinnedMessenger()) : proc.bus()->StartSampling2(proc.pinnedMessenger());
+}
+
+bool CalibrationView::stopSample(BusProcedure& proc, int sample) {
+  return sample == 1 ? proc.bus()->StopSampling1(proc.pinnedMessenger()) : proc.bus()->StopSampling2(proc.pinnedMessenger());
 }
 
 void CalibrationView::clearSample(int sample) {
@@ -150,7 +173,7 @@ void CalibrationView::cce_laboratoryResults_Change(CtrComboEdit& combo, const st
 
 void CalibrationView::LabCalibrateBtn_Click() {
   // No trap: an error goes to whoever raised the click. The procedure pins, and reports a False.
-  Procedure proc(*this, "LabCalibrateBtn_Click");
+  BusProcedure proc(*this, "LabCalibrateBtn_Click", mBus);
   // A read may have brought the device's value into a closed field since; it goes as 0 all the same.
   cte_laboratoryResults.each([](int, CtrTextEdit& field) {
     if (!field.Enabled() && field.Text() != "0") field.Text("0");
@@ -170,7 +193,7 @@ void CalibrationView::LabCalibrateBtn_Click() {
   collect(cce_laboratoryResults);
   if (!valid) return proc.messenger().ShowMessage("informationError", "pleaseCheckTheValues");
   sendValues(controls, "laboratoryResults");
-  if (!afterLaboratoryResults(proc.pinnedMessenger())) proc.reportLastError();
+  if (!afterLaboratoryResults(proc)) proc.reportLastError();
 }
 
 void CalibrationView::sendValues(const std::vector<EditControl*>& controls, const std::string& requestName) {
@@ -185,7 +208,7 @@ void CalibrationView::sendValues(const std::vector<EditControl*>& controls, cons
 // --- recipes
 
 void CalibrationView::recipeButton_Click() {
-  Procedure proc(*this, mRecipeClick);
+  BusProcedure proc(*this, mRecipeClick, mBus);
   proc.all([&] {
     bool valid = true;
     for (const RecipeRow& row : recipeRows()) {
@@ -198,7 +221,7 @@ void CalibrationView::recipeButton_Click() {
     }
     if (!valid) return proc.messenger().ShowMessage("informationError", "pleaseCheckTheValues");
     sendRecipes();
-    if (!afterRecipes(proc.pinnedMessenger())) proc.reportLastError();
+    if (!afterRecipes(proc)) proc.reportLastError();
   });
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "bus/BusProcedure.h"
 #include "core/View.h"
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/CtrTextEdit.h"
@@ -19,7 +20,6 @@ class CalibrationView : public View {
  public:
   bool LeaveSelectedView() override;
   void RequestFocus() override;
-  void SetMessenger(const Ref<Messenger>& messenger) override;
   void ViewSetCommunicationMode(int mode) override;
 
  protected:
@@ -33,14 +33,17 @@ class CalibrationView : public View {
   CalibrationView(std::string recipeButtonName);
 
   void declareSampling(Form& form);
+  void connect() override;
   void initialize() override;
+  void messengerTaken(Procedure& proc) override;
+  void clear() override;
 
   // What a view does by itself. The first two answer whether the step was carried out.
-  virtual bool startSample(int sample, const Ref<Messenger>& messenger) = 0;
-  virtual bool stopSample(int sample, const Ref<Messenger>& messenger) = 0;
+  virtual bool startSample(BusProcedure& proc, int sample);
+  virtual bool stopSample(BusProcedure& proc, int sample);
   // After the write of the results, of the recipes; True if there is nothing to do.
-  virtual bool afterLaboratoryResults(const Ref<Messenger>& messenger) { return (void)messenger, true; }
-  virtual bool afterRecipes(const Ref<Messenger>& messenger) { return (void)messenger, true; }
+  virtual bool afterLaboratoryResults(BusProcedure& proc) { return (void)proc, true; }
+  virtual bool afterRecipes(BusProcedure& proc) { return (void)proc, true; }
   virtual std::vector<RecipeRow> recipeRows() const = 0;
 
   ControlArray<CommandButton> Sample1Button{"Sample1Button"};
@@ -54,8 +57,11 @@ class CalibrationView : public View {
   ControlArray<Label> lblRecipes{"lblRecipes"};
   CommandButton recipeButton;
 
+  Ref<IBusDependent> mBus;
+
  private:
   void sampleClick(int sample, ButtonIndex index);
+  void carryOut(BusProcedure& proc, int sample, ButtonIndex index);
   void clearSample(int sample);
   void notifyStatus(const std::string& key);
   void cce_laboratoryResults_Change(CtrComboEdit& combo, const std::string& text);

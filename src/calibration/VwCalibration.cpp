@@ -50,11 +50,6 @@ void VwCalibration::declare(Form& form) {
 }
 // clang-format on
 
-void VwCalibration::clear() {
-  mBus = nullptr;
-  View::clear();
-}
-
 std::vector<CalibrationView::RecipeRow> VwCalibration::recipeRows() const {
   std::vector<RecipeRow> rows;
   for (int i = 0; i < kRecipes; ++i) rows.push_back({&ccePulpType(i), {&cteFiller(i), &cteSlope(i), &cteOffset(i)}});
@@ -68,34 +63,15 @@ void VwCalibration::SetOfflineData(const Document& doc) {
 }
 
 void VwCalibration::SetOnlineData(const Document& doc) {
-  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  BusProcedure proc(*this, "ITaviDataUser_setOnlineData", mBus);
   // The values stand on the screen before a warning comes.
   proc.step([&] { modView::setOnlineData(*this, doc); });
-  proc.step([&] {
-    const Ref<IBusDependent> bus = required(mBus);
-    bus->CalibrationSetOnlineData(doc, proc.pinnedMessenger());
-  });
+  proc.step([&] { proc.bus()->CalibrationSetOnlineData(doc, proc.pinnedMessenger()); });
 }
 
-bool VwCalibration::startSample(int sample, const Ref<Messenger>& messenger) {
-  const Ref<IBusDependent> bus = required(mBus);
-  return sample == 1 ? bus->StartSampling1(messenger) : bus->StartSampling2(messenger);
-}
+bool VwCalibration::afterLaboratoryResults(BusProcedure& proc) { return proc.bus()->LaboratoryResultsApply(proc.pinnedMessenger()); }
 
-bool VwCalibration::stopSample(int sample, const Ref<Messenger>& messenger) {
-  const Ref<IBusDependent> bus = required(mBus);
-  return sample == 1 ? bus->StopSampling1(messenger) : bus->StopSampling2(messenger);
-}
-
-bool VwCalibration::afterLaboratoryResults(const Ref<Messenger>& messenger) {
-  const Ref<IBusDependent> bus = required(mBus);
-  return bus->LaboratoryResultsApply(messenger);
-}
-
-bool VwCalibration::afterRecipes(const Ref<Messenger>& messenger) {
-  const Ref<IBusDependent> bus = required(mBus);
-  return bus->RecipesApply(messenger);
-}
+bool VwCalibration::afterRecipes(BusProcedure& proc) { return proc.bus()->RecipesApply(proc.pinnedMessenger()); }
 
 void VwCalibration::ViewReceiveValue(const std::string& tag, const std::string& value) {
   if (tag != "ctr_bladeType") return;

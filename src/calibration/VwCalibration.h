@@ -1,6 +1,5 @@
 #pragma once
 
-#include "bus/IBusDependent.h"
 #include "calibration/CalibrationView.h"
 
 namespace ostrand {
@@ -17,11 +16,8 @@ class VwCalibration : public CalibrationView {
 
  protected:
   void declare(Form& form) override;
-  void clear() override;
-  bool startSample(int sample, const Ref<Messenger>& messenger) override;
-  bool stopSample(int sample, const Ref<Messenger>& messenger) override;
-  bool afterLaboratoryResults(const Ref<Messenger>& messenger) override;
-  bool afterRecipes(const Ref<Messenger>& messenger) override;
+  bool afterLaboratoryResults(BusProcedure& proc) override;
+  bool afterRecipes(BusProcedure& proc) override;
   std::vector<RecipeRow> recipeRows() const override;
 
  private:
@@ -29,8 +25,6 @@ class VwCalibration : public CalibrationView {
   ControlArray<CtrTextEdit> cteFiller{"cteFiller"};
   ControlArray<CtrTextEdit> cteSlope{"cteSlope"};
   ControlArray<CtrTextEdit> cteOffset{"cteOffset"};
-
-  Ref<IBusDependent> mBus;
 };
 
 }  // namespace ostrand

@@ -1,9 +1,8 @@
 #include "calibration/VwCalibrationFjell.h"
 
-#include "bus/BusChoice.h"
 #include "bus/BusHart.h"
-#include "bus/SampleCheck.h"
 #include "core/Requests.h"
+#include "core/SampleCheck.h"
 #include "platform/trap/Procedure.h"
 
 namespace ostrand {
@@ -47,11 +46,6 @@ void VwCalibrationFjell::initialize() {
   mBus = Ref<IBusDependent>(new BusHart(desktop(), lastError()));
 }
 
-void VwCalibrationFjell::clear() {
-  mBus = nullptr;
-  View::clear();
-}
-
 std::vector<CalibrationView::RecipeRow> VwCalibrationFjell::recipeRows() const {
   std::vector<RecipeRow> rows;
   for (int i = 0; i < kRecipes; ++i) rows.push_back({&cce_pulpType(i), {&cte_slope(i), &cte_offset(i)}});
@@ -65,20 +59,14 @@ void VwCalibrationFjell::SetOnlineData(const Document& doc) {
   const auto read = [&](const Node& item) { return proc.value(0.0, [&] { return floatOf(item, desktop().locale()); }); };
   proc.step([&] { warnOfLargeDeviation(doc, "sample1", read, proc.messenger()); });
   proc.step([&] { warnOfLargeDeviation(doc, "sample2", read, proc.messenger()); });
-  proc.step([&] { showWhenFinal(doc, "laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView", proc.messenger()); });
+  proc.step([&] { showWhenFinal(doc, "laboratoryResults", kCalibrated, proc.messenger()); });
 }
 
-bool VwCalibrationFjell::startSample(int sample, const Ref<Messenger>& messenger) {
-  const Ref<IBusDependent> bus = required(mBus);
-  return sample == 1 ? bus->StartSampling1(messenger) : bus->StartSampling2(messenger);
-}
-
-bool VwCalibrationFjell::stopSample(int sample, const Ref<Messenger>& messenger) {
+bool VwCalibrationFjell::stopSample(BusProcedure& proc, int sample) {
   // Without the shear force that the strategy asks for too; nothing is tested.
   const std::string name = "sample" + std::to_string(sample);
   const std::string items = Requests::readItem(name + "Deviation", "noUnit", "floatVal") + Requests::readItem(name + "ConsistencyAverage", "%", "floatVal");
-  if (!messenger) throwNothingThere("the messenger");
-  messenger->ReadRequest(Requests::document("sampling", "read", items), 0);
+  proc.messenger().ReadRequest(Requests::document("sampling", "read", items), 0);
   return true;
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "bus/IBusDependent.h"
 #include "calibration/CalibrationView.h"
 
 namespace ostrand {
@@ -16,17 +15,13 @@ class VwCalibrationFjell : public CalibrationView {
  protected:
   void declare(Form& form) override;
   void initialize() override;
-  void clear() override;
-  bool startSample(int sample, const Ref<Messenger>& messenger) override;
-  bool stopSample(int sample, const Ref<Messenger>& messenger) override;
+  bool stopSample(BusProcedure& proc, int sample) override;
   std::vector<RecipeRow> recipeRows() const override;
 
  private:
   ControlArray<CtrComboEdit> cce_pulpType{"cce_pulpType"};
   ControlArray<CtrTextEdit> cte_slope{"cte_slope"};
   ControlArray<CtrTextEdit> cte_offset{"cte_offset"};
-
-  Ref<IBusDependent> mBus;
 };
 
 }  // namespace ostrand

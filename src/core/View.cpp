@@ -1,20 +1,16 @@
 #include "core/View.h"
 
+#include <utility>
+
+#include "core/HostNumbers.h"
 #include "core/modTools.h"
 #include "platform/trap/Procedure.h"
+#include "platform/types/Listening.h"
 #include "platform/types/Query.h"
-#include "platform/types/StopListening.h"
 
 namespace ostrand {
 
 namespace {
-
-constexpr int kWritingLevel = 3;
-
-constexpr int kLocalAcceptance = 10;
-constexpr int kDownload = 11;
-constexpr int kBusy = 20;
-constexpr int kFree = 21;
 
 constexpr int kStampTop = 20;
 
@@ -34,7 +30,6 @@ bool View::offerInterface(const Guid& id, void** out) noexcept {
 // --- life
 
 void View::initialize() {
-  // There is no messenger yet: a failure here is told to nobody.
   Procedure proc(*this, "UserControl_Initialize");
   frmViews.each([&](int, Frame& frame) {
     proc.step([&] { frame.BackColor(Color::window()); });
@@ -53,12 +48,13 @@ void View::resized() {
 }
 
 void View::SetMessenger(const Ref<Messenger>& messenger) {
-  stopListening(mMessenger, *this);
-  mMessenger = messenger;
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  if (messenger) proc.step([&] { messenger->Subscribe(*this); });
-  proc.step([&] { modView::setMessenger(*this, messenger); });
+  Procedure proc(*this, "ITaviComponent_SetMessenger", messenger);
+  proc.step([&] { changeMessenger(mMessenger, proc.pinnedMessenger(), *this); });
+  if (!isReleased(proc)) proc.step([&] { modView::setMessenger(*this, proc.pinnedMessenger()); });
+  if (!isReleased(proc)) messengerTaken(proc);
 }
+
+void View::dropped(const std::string& text) { modTools::DropTrace(text); }
 
 void View::Localize(const Ref<ITextTable>& textTable) {
   Procedure proc(*this, "ILocalizable_Localize");
@@ -73,8 +69,7 @@ void View::PrepareToRelease() {
 void View::clear() {
   mViews.clear();
   for (Control* control : controls()) control->detach();
-  stopListening(mMessenger, *this);
-  mMessenger = nullptr;
+  stopListening(std::exchange(mMessenger, nullptr), *this);
 }
 
 // --- selection and focus
@@ -135,10 +130,10 @@ void View::enableByLevel(Procedure& proc, CommandButton& button) {
 
 void View::followMode(Procedure& proc, int mode, CommandButton& button) {
   switch (mode) {
-    case kLocalAcceptance: proc.step([&] { button.Tag("accept"); }); break;
-    case kDownload: proc.step([&] { button.Tag("download"); }); break;
-    case kBusy: proc.step([&] { button.Enabled(false); }); break;
-    case kFree: {
+    case Mode::kLocalAcceptance: proc.step([&] { button.Tag("accept"); }); break;
+    case Mode::kDownload: proc.step([&] { button.Tag("download"); }); break;
+    case Mode::kBusy: proc.step([&] { button.Enabled(false); }); break;
+    case Mode::kFree: {
       const int level = proc.value(0, [&] { return proc.messenger().GetUserLevel(); });
       if (level >= kWritingLevel) proc.step([&] { button.Enabled(true); });
       break;
@@ -154,12 +149,12 @@ void View::setCaption(Procedure& proc, CommandButton& button, const std::string&
 }
 
 void View::captionFromTag(Procedure& proc, CommandButton& button) {
-  const Ref<ITextTable> texts = proc.value(Ref<ITextTable>(), [&] { return proc.messenger().GetTextTable(); });
-  const std::string caption = proc.value(std::string(), [&] {
+  // A text that cannot be had leaves the caption as it was.
+  proc.step([&] {
+    const Ref<ITextTable> texts = proc.messenger().GetTextTable();
     if (!texts) throwNothingThere("the text table");
-    return texts->GetText(button.Tag());
+    button.Caption(texts->GetText(button.Tag()));
   });
-  proc.step([&] { button.Caption(caption); });
 }
 
 }  // namespace ostrand

@@ -31,10 +31,11 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   void SetOfflineData(const Document& doc) override;
   void SetOnlineData(const Document& doc) override;
 
-  void SetMessenger(const Ref<Messenger>& messenger) override;
+  void SetMessenger(const Ref<Messenger>& messenger) final;
   void Localize(const Ref<ITextTable>& textTable) override;
 
   std::string_view objectName() const override { return mObjectName; }
+  void dropped(const std::string& text) override;
 
  protected:
   // `objectName` leads the prefixes of the error reports; `treeName` is the Tag of the whole view unless the
@@ -49,10 +50,16 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   void resized() override;
   void terminate() override { clear(); }
   bool offerInterface(const Guid& id, void** out) noexcept override;
+  // The messenger has been taken over: what the view asks it at once.
+  virtual void messengerTaken(Procedure& proc) { (void)proc; }
   // What PrepareToRelease and the end of the view drop.
   virtual void clear();
+  // Whether the host has taken its messenger back, or given another, since this entry began.
+  bool isReleased(const Procedure& proc) const { return mMessenger != proc.pinnedMessenger(); }
+  // Whether the frame with this key is in front, whatever was selected last.
+  bool isInFront(std::string_view key) const { return front() && front()->Tag() == key; }
 
-  // A button that writes to the device: enabled at a user level of 3 or more.
+  // A button that writes to the device: enabled from kWritingLevel on.
   void enableByLevel(Procedure& proc, CommandButton& button);
   // A button that writes to the device follows the communication mode.
   void followMode(Procedure& proc, int mode, CommandButton& button);

@@ -23,7 +23,8 @@ std::string LocalizeDatafileDate(std::string_view stamp, Desktop& desktop);
 
 // To the machine's debug output: for procedures that have no Messenger at hand.
 void DebugTrace(Desktop& desktop, const std::string& source, const std::string& procedure, int number, const std::string& description);
-// Takes the failures that happen while no Messenger exists, and does nothing with them.
+// Takes the failures that happen while no Messenger exists ("<view> <procedure> - Error<number>: <description>"),
+// and does nothing with them.
 void DropTrace(const std::string& text);
 
 // The name of the request group in which a parameter is at home, for ContextTag; empty if it has none.

@@ -336,24 +336,21 @@ void forwardSyncChanges(const std::string& name, bool succeeded, std::string& st
 
 std::string selectView(Procedure& proc, const std::string& name, const std::string& ownTag, const std::vector<Control*>& views) {
   if (name == ownTag) {
-    std::string key;
-    proc.step([&] {
-      if (views.empty()) throw RuntimeError(RuntimeError::OutOfRange, "there is no item to select");
-      views.front()->ZOrder(0);
-      key = views.front()->Tag();
-    });
-    return key;
+    if (views.empty()) {
+      proc.report({RuntimeError::OutOfRange, "there is no item to select"});
+      return {};
+    }
+    proc.step([&] { views.front()->ZOrder(0); });
+    return proc.value(std::string(), [&] { return views.front()->Tag(); });
   }
   for (Control* item : views) {
-    const bool matches = proc.value(false, [&] {
-      if (!item->Object()) return item->Tag() == name;
-      ITaviView* const nested = item->view();
-      if (!nested) return false;
-      callObject(*item, nested, "SetSelectedView", " " + inQuotes(name), [&](ITaviView& view) { view.SetSelectedView(name); });
-      std::string selected;
-      callObject(*item, nested, "GetSelectedView", "", [&](ITaviView& view) { selected = view.GetSelectedView(); });
-      return selected == name;
-    });
+    bool matches = false;
+    if (!item->Object()) {
+      proc.step([&] { matches = item->Tag() == name; });
+    } else if (ITaviView* const nested = item->view()) {
+      proc.step([&] { callObject(*item, nested, "SetSelectedView", " " + inQuotes(name), [&](ITaviView& view) { view.SetSelectedView(name); }); });
+      proc.step([&] { callObject(*item, nested, "GetSelectedView", "", [&](ITaviView& view) { matches = view.GetSelectedView() == name; }); });
+    }
     if (!matches) continue;
     proc.step([&] { item->ZOrder(0); });
     return name;

@@ -37,6 +37,7 @@ template <class I, class F>
 void callObject(Control& control, I* object, std::string_view operation, const std::string& arguments, F&& call) {
   control.announce(operation, arguments);
   const Ref<I> pin(object);
+  if (!pin) throwNothingThere("the Object");
   call(*pin);
 }
 

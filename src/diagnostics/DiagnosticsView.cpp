@@ -1,5 +1,6 @@
 #include "diagnostics/DiagnosticsView.h"
 
+#include "core/HostNumbers.h"
 #include "core/modTools.h"
 #include "platform/trap/Procedure.h"
 
@@ -9,8 +10,7 @@ using modView::TabPosition;
 
 namespace {
 
-constexpr int kGoOn = 4;  // of AskUser
-constexpr int kStop = 5;
+constexpr const char* kStopClick = "cmdStopLoopTest_Click";
 
 void callStatus(Control& status, const char* operation, const Document& doc, void (ITaviDataUser::*member)(const Document&)) {
   modView::callObject(status, status.dataUser(), operation, " document", [&](ITaviDataUser& user) { (user.*member)(doc); });
@@ -18,9 +18,14 @@ void callStatus(Control& status, const char* operation, const Document& doc, voi
 
 }  // namespace
 
-DiagnosticsView::DiagnosticsView(std::string_view objectName) : View(objectName, "diagnostics") {
+DiagnosticsView::DiagnosticsView(std::string_view objectName) : View(objectName, "diagnostics") {}
+
+void DiagnosticsView::connect() {
   cmdLoopTest.Click.connect([this] { cmdLoopTest_Click(); });
-  cmdStopLoopTest.Click.connect([this] { cmdStopLoopTest_Click(); });
+  cmdStopLoopTest.Click.connect([this] {
+    Procedure proc(*this, kStopClick);
+    stopLoopTest(proc);
+  });
   cmdStopLoopTest.LostFocus.connect([this] { leaveByTab("cmdStopLoopTest_LostFocus", TabPosition::Last); });
 }
 
@@ -40,22 +45,16 @@ void DiagnosticsView::PrepareToRelease() {
   proc.step([&] { clear(); });
 }
 
-void DiagnosticsView::SetMessenger(const Ref<Messenger>& messenger) {
-  View::SetMessenger(messenger);
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  enableByLevel(proc, cmdLoopTest);
-}
-
 bool DiagnosticsView::LeaveSelectedView() {
   Procedure proc(*this, "ITaviView_LeaveSelectedView");
   bool mayLeave = true;
   proc.step([&] {
-    if (!cmdStopLoopTest.Enabled() || mSelectedView != "loopTest") return;
-    mayLeave = proc.value(0, [&] { return proc.messenger().AskUser("loopTest", "loopTestExitWarning"); }) == kGoOn;
-    if (mayLeave)
-      cmdStopLoopTest_Click();
-    else
-      cmdLoopTest.SetFocus();
+    if (!cmdStopLoopTest.Enabled() || !isInFront("loopTest")) return;
+    mayLeave = proc.value(Answer::kNone, [&] { return proc.messenger().AskUser("loopTest", "loopTestExitWarning"); }) == Answer::kGoOn;
+    if (!mayLeave) return cmdLoopTest.SetFocus();
+    // Also when the view was released meanwhile: the stop leaves by the messenger that this entry holds.
+    Procedure click(*this, kStopClick, proc.pinnedMessenger());
+    stopLoopTest(click);
   });
   return mayLeave;
 }
@@ -63,11 +62,12 @@ bool DiagnosticsView::LeaveSelectedView() {
 // --- loop test
 
 bool DiagnosticsView::confirmsTest(Procedure& proc) {
-  bool confirms = true;
+  bool confirms = false;
   proc.step([&] {
-    if (cmdLoopTest.Tag() == "startTest") confirms = proc.value(kStop, [&] { return proc.messenger().AskUser("loopTest", "loopTestWarning"); }) != kStop;
+    confirms = cmdLoopTest.Tag() != "startTest" ||
+               proc.value(Answer::kStop, [&] { return proc.messenger().AskUser("loopTest", "loopTestWarning"); }) != Answer::kStop;
   });
-  return confirms;
+  return confirms && !isReleased(proc);
 }
 
 void DiagnosticsView::toRunning(Procedure& proc) {
@@ -83,9 +83,9 @@ void DiagnosticsView::toIdle(Procedure& proc) {
 
 // --- status tree
 
-void DiagnosticsView::statusAnswered(Procedure& proc, const Document& doc, CtrDateLabel& stamp) {
+void DiagnosticsView::statusAnswered(Procedure& proc, const Document& doc, int stamp) {
   proc.step([&] { callStatus(CtrStatus1, "SetOnlineData", doc, &ITaviDataUser::SetOnlineData); });
-  proc.step([&] { stamp.Caption(modTools::presentDateAndTime(desktop())); });
+  proc.step([&] { ctrDateLabels(stamp).Caption(modTools::presentDateAndTime(desktop())); });
 }
 
 void DiagnosticsView::statusFailed(Procedure& proc, const Document& doc) {

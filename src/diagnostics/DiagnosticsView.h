@@ -11,21 +11,25 @@ namespace ostrand {
 class DiagnosticsView : public View {
  public:
   bool LeaveSelectedView() override;
-  void SetMessenger(const Ref<Messenger>& messenger) override;
   void PrepareToRelease() override;
 
  protected:
   explicit DiagnosticsView(std::string_view objectName);
+  void connect() override;
   void initialize() override;
+  void messengerTaken(Procedure& proc) override { enableByLevel(proc, cmdLoopTest); }
 
   virtual void cmdLoopTest_Click() = 0;
-  virtual void cmdStopLoopTest_Click() = 0;
+  // The body of cmdStopLoopTest_Click: frees what the test drives.
+  virtual void stopLoopTest(Procedure& proc) = 0;
 
-  // False if the user does not want the test; a running one takes a new value without a question.
+  // False if the user does not want the test, or if the view was released while he was asked. A running one takes a
+  // new value without a question.
   bool confirmsTest(Procedure& proc);
   void toRunning(Procedure& proc);
   void toIdle(Procedure& proc);
-  void statusAnswered(Procedure& proc, const Document& doc, CtrDateLabel& stamp);
+  // `stamp` is the index of the tree's date label.
+  void statusAnswered(Procedure& proc, const Document& doc, int stamp);
   void statusFailed(Procedure& proc, const Document& doc);
 
   CommandButton cmdLoopTest{"cmdLoopTest"};

@@ -1,9 +1,9 @@
 #include "diagnostics/VwDiagnostics.h"
 
 #include "bus/BusChoice.h"
-#include "core/Requests.h"
+#include "bus/BusProcedure.h"
 #include "core/modTools.h"
-#include "diagnostics/EventLogName.h"
+#include "diagnostics/LoopTest.h"
 #include "platform/controls/StatusWords.h"
 #include "platform/trap/Procedure.h"
 #include "platform/types/Query.h"
@@ -49,22 +49,24 @@ void VwDiagnostics::declare(Form& form) {
 }
 // clang-format on
 
-VwDiagnostics::VwDiagnostics() : DiagnosticsView("VwDiagnostics") {
+void VwDiagnostics::connect() {
+  DiagnosticsView::connect();
   cmdReset.Click.connect([this] { cmdReset_Click(); });
   cteLoopTest.LostFocus.connect([this] { leaveByTab("cteLoopTest_LostFocus", TabPosition::First); });
   cmdReset.LostFocus.connect([this] { leaveByTab("cmdReset_LostFocus", TabPosition::Last); });
+  chkReset.each([this](int, CheckBox& box) { box.Click.connect([this] { chkReset_Click(); }); });
+  chkReset(0).LostFocus.connect([this] { leaveByTab("chkReset_LostFocus", TabPosition::First); });
 }
 
 // --- life
 
 void VwDiagnostics::initialize() {
   DiagnosticsView::initialize();
-  chkReset.each([this](int, CheckBox& box) { box.Click.connect([this] { chkReset_Click(); }); });
-  chkReset(0).LostFocus.connect([this] { leaveByTab("chkReset_LostFocus", TabPosition::First); });
-
   Procedure proc(*this, "UserControl_Initialize");
   proc.step([&] { cmdReset.Enabled(false); });
   proc.step([&] { cteLoopTest.SetTextOption(true); });
+  // A test value leaves by its button and its question, never with the host's collection.
+  proc.step([&] { cteLoopTest.KeepLocal(true); });
   mGroupStates.fill(SyncWord::kNotRead);
 }
 
@@ -77,8 +79,15 @@ void VwDiagnostics::resized() {
   });
 }
 
+void VwDiagnostics::PrepareToRelease() {
+  Procedure proc(*this, "ITaviView_PrepareToRelease");
+  // First of all: an answer that comes in between changes no document.
+  proc.step([&] { mEventLogNodes.clear(); });
+  DiagnosticsView::PrepareToRelease();
+}
+
 void VwDiagnostics::clear() {
-  mEventLogNodes = {};
+  mEventLogNodes.clear();
   mBus = nullptr;
   DiagnosticsView::clear();
 }
@@ -88,7 +97,7 @@ void VwDiagnostics::clear() {
 void VwDiagnostics::SetImportData(const Document& doc) {
   Procedure proc(*this, "ITaviDataUser_setImportData");
   proc.step([&] { modView::setImportData(*this, doc); });
-  proc.step([&] { updateEventLog(doc, false); });
+  proc.step([&] { updateEventLog(proc.pinnedMessenger(), doc, false); });
 }
 
 void VwDiagnostics::SetOfflineData(const Document& doc) {
@@ -97,9 +106,9 @@ void VwDiagnostics::SetOfflineData(const Document& doc) {
   proc.step([&] { modView::setOfflineData(*this, doc); });
   // The table keeps the nodes of the first data set.
   proc.step([&] {
-    if (!mEventLogNodes[0][0][0]) buildEventLogNodes(doc);
+    if (!mEventLogNodes.isBuilt()) mEventLogNodes.build(doc);
   });
-  proc.step([&] { updateEventLog(doc, false); });
+  proc.step([&] { updateEventLog(proc.pinnedMessenger(), doc, false); });
 }
 
 void VwDiagnostics::SetErrorData(const Document& doc) {
@@ -129,8 +138,7 @@ void VwDiagnostics::loopTestAnswered(Procedure& proc, const Document& doc) {
     if (!text) throwNothingThere("the value of the loop test");
     value = modTools::ToLocalNumber(text.text(), desktop().locale());
   });
-  // Exactly 0: any other value, however small, drives the output.
-  if (!read || value != 0.0) return;
+  if (!read || !LoopTest::outputIsFree(value)) return;
   proc.step([&] { proc.messenger().ShowMessage("loopTest", "loopTestDone"); });
   toIdle(proc);
 }
@@ -143,11 +151,12 @@ void VwDiagnostics::deviceStatusAnswered(Procedure& proc, const Document& doc) {
     copy.setAttribute("name", kBitOfTree);
     bit.parent().insertBefore(copy, bit);
   });
-  statusAnswered(proc, doc, ctrDateLabels(1));
+  constexpr int kStamp = 1;
+  statusAnswered(proc, doc, kStamp);
 }
 
 void VwDiagnostics::eventLogAnswered(Procedure& proc, const Document& doc, const Node& response) {
-  proc.step([&] { updateEventLog(doc, true); });
+  proc.step([&] { updateEventLog(proc.pinnedMessenger(), doc, true); });
   if (!proc.value(false, [&] { return response.attribute("isFinal") == "1"; })) return;
   ctrDateLabels.each([&](int, CtrDateLabel& label) {
     proc.step([&] {
@@ -159,42 +168,28 @@ void VwDiagnostics::eventLogAnswered(Procedure& proc, const Document& doc, const
 
 // --- event logs
 
-void VwDiagnostics::buildEventLogNodes(const Document& doc) {
-  for (const Node& node : doc.selectAll("//data:parameter[starts-with(@name, \"eventLog\")]")) {
-    const std::string_view name = node.attribute("name");
-    const int category = GetEventLogCategory(name), kind = GetEventLogKind(name), row = GetEventLogRow(name);
-    if (category < 0 || kind < 0 || row < 1 || row > kRows) continue;
-    mEventLogNodes[static_cast<std::size_t>(kind)][static_cast<std::size_t>(category)][static_cast<std::size_t>(row) - 1] = node;
-  }
-}
-
-void VwDiagnostics::updateEventLog(const Document& doc, bool online) {
-  Procedure proc(mMessenger, lastError(), "VwDiagnostics updateEventLog");
+void VwDiagnostics::updateEventLog(const Ref<Messenger>& messenger, const Document& doc, bool online) {
+  Procedure proc(messenger, lastError(), "VwDiagnostics updateEventLog");
   proc.all([&] {
     const char* const path = online ? "//comm:item[starts-with(@name, \"eventLog\")]" : "//data:parameter[starts-with(@name, \"eventLog\")]";
     for (const Node& node : doc.selectAll(path)) {
-      const std::string name(node.attribute("name"));
-      const int category = GetEventLogCategory(name), kind = GetEventLogKind(name), row = GetEventLogRow(name);
-      if (category < 0 || kind < 0 || row < 0) continue;
-      if (row > kRows) continue;
-      if (row == 0) throw RuntimeError(RuntimeError::OutOfRange, name + " has no row");
+      const auto cell = EventLogTable::cellOf(node.attribute("name"));
+      if (!cell) continue;
       const Node first = node.firstChild();
       const std::string value = first ? first.text() : std::string(node.attribute("value"));
-      // The data set follows the device.
-      const Node& cell = mEventLogNodes[static_cast<std::size_t>(kind)][static_cast<std::size_t>(category)][static_cast<std::size_t>(row) - 1];
-      cell.setAttribute("value", value);
-      const std::string eventText = kind == 0 && !value.empty() ? textOf(proc.messenger(), value) : std::string();
-      const std::string countText = kind == 1 ? value : std::string();
-      if (!eventText.empty() || !countText.empty()) AddEventLogEvent(lsvEventLog(category), row, eventText, countText);
+      mEventLogNodes.write(*cell, value);
+      const std::string eventText = cell->kind == 0 && !value.empty() ? textOf(proc.messenger(), value) : std::string();
+      const std::string countText = cell->kind == 1 ? value : std::string();
+      if (!eventText.empty() || !countText.empty()) AddEventLogEvent(messenger, lsvEventLog(cell->category), cell->row, eventText, countText);
     }
   });
 }
 
-void VwDiagnostics::AddEventLogEvent(ListView& list, int row, const std::string& eventText, const std::string& countText) {
-  Procedure proc(mMessenger, lastError(), "VwDiagnostics AddEventLogEvent");
+void VwDiagnostics::AddEventLogEvent(const Ref<Messenger>& messenger, ListView& list, int row, const std::string& eventText, const std::string& countText) {
+  Procedure proc(messenger, lastError(), "VwDiagnostics AddEventLogEvent");
   proc.step([&] {
     if (list.Count() == 0)
-      for (int i = 0; i < kRows; ++i) list.AddRow();
+      for (int i = 0; i < EventLogTable::kRows; ++i) list.AddRow();
   });
   proc.step([&] {
     if (row > list.Count()) return;
@@ -215,20 +210,19 @@ void VwDiagnostics::cmdLoopTest_Click() {
   }
   if (!confirmsTest(proc)) return;
   const std::string item = proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); });
-  proc.step([&] { proc.messenger().SendRequest(Requests::fragment("loopTest", "write", item), "loopTest"); });
+  proc.step([&] { proc.messenger().SendRequest(LoopTest::outputRequest(item), "loopTest"); });
   proc.step([&] {
     if (const Ref<INotifyStatus> status = query<INotifyStatus>(parent().get())) status->NotifyStatus("testing", 0, 0);
   });
   toRunning(proc);
 }
 
-void VwDiagnostics::cmdStopLoopTest_Click() {
-  Procedure proc(*this, "cmdStopLoopTest_Click");
+void VwDiagnostics::stopLoopTest(Procedure& proc) {
   proc.step([&] { cteLoopTest.Text("0"); });
   const std::string item = proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); });
   proc.step([&] { cteLoopTest.Text(""); });
   // The buttons change when the device answers 0, and not before.
-  proc.step([&] { proc.messenger().SendRequest(Requests::fragment("loopTest", "write", item), "loopTest"); });
+  proc.step([&] { proc.messenger().SendRequest(LoopTest::outputRequest(item), "loopTest"); });
 }
 
 // --- reset
@@ -243,16 +237,13 @@ void VwDiagnostics::chkReset_Click() {
 }
 
 void VwDiagnostics::cmdReset_Click() {
-  Procedure proc(*this, "cmdReset_Click");
+  BusProcedure proc(*this, "cmdReset_Click", mBus);
   bool ok = true;
   for (int i = 0; i < chkReset.size() && ok; ++i) {
     if (!chkReset.has(i)) continue;
     proc.step([&] {
       if (!chkReset(i).Value()) return;
-      ok = proc.value(false, [&] {
-        const Ref<IBusDependent> bus = required(mBus);
-        return bus->ResetEventLog(proc.pinnedMessenger(), chkReset(i).Tag());
-      });
+      ok = proc.value(false, [&] { return proc.bus()->ResetEventLog(proc.pinnedMessenger(), chkReset(i).Tag()); });
     });
   }
 }

@@ -5,6 +5,7 @@
 
 #include "bus/IBusDependent.h"
 #include "diagnostics/DiagnosticsView.h"
+#include "diagnostics/EventLogTable.h"
 #include "platform/controls/CtrTextEdit.h"
 
 namespace ostrand {
@@ -13,8 +14,9 @@ namespace ostrand {
 // ends when the device answers 0.
 class VwDiagnostics : public DiagnosticsView {
  public:
-  VwDiagnostics();
+  VwDiagnostics() : DiagnosticsView("VwDiagnostics") {}
 
+  void PrepareToRelease() override;
   void SetErrorData(const Document& doc) override;
   void SetImportData(const Document& doc) override;
   void SetOfflineData(const Document& doc) override;
@@ -22,16 +24,14 @@ class VwDiagnostics : public DiagnosticsView {
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
   void initialize() override;
   void resized() override;
   void clear() override;
   void cmdLoopTest_Click() override;
-  void cmdStopLoopTest_Click() override;
+  void stopLoopTest(Procedure& proc) override;
 
  private:
-  static constexpr int kKinds = 2;       // event, count
-  static constexpr int kCategories = 3;  // error, warning, information
-  static constexpr int kRows = 8;
   static constexpr int kEventLogFrame = 2;
 
   void chkReset_Click();
@@ -39,9 +39,8 @@ class VwDiagnostics : public DiagnosticsView {
   void loopTestAnswered(Procedure& proc, const Document& doc);
   void deviceStatusAnswered(Procedure& proc, const Document& doc);
   void eventLogAnswered(Procedure& proc, const Document& doc, const Node& response);
-  void buildEventLogNodes(const Document& doc);
-  void updateEventLog(const Document& doc, bool online);
-  void AddEventLogEvent(ListView& list, int row, const std::string& eventText, const std::string& countText);
+  void updateEventLog(const Ref<Messenger>& messenger, const Document& doc, bool online);
+  void AddEventLogEvent(const Ref<Messenger>& messenger, ListView& list, int row, const std::string& eventText, const std::string& countText);
 
   Label lblLoopTest{"lblLoopTest"};
   CtrTextEdit cteLoopTest{"cteLoopTest"};
@@ -51,7 +50,7 @@ class VwDiagnostics : public DiagnosticsView {
 
   Ref<IBusDependent> mBus;
   std::array<std::string, 4> mGroupStates;  // one sync word for each frame
-  std::array<std::array<std::array<Node, kRows>, kCategories>, kKinds> mEventLogNodes;
+  EventLogTable mEventLogNodes;
 };
 
 }  // namespace ostrand

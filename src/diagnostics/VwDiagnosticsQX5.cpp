@@ -1,7 +1,7 @@
 #include "diagnostics/VwDiagnosticsQX5.h"
 
-#include "core/Requests.h"
 #include "core/modTools.h"
+#include "diagnostics/LoopTest.h"
 #include "platform/trap/Procedure.h"
 #include "platform/xml/Vocabulary.h"
 
@@ -9,43 +9,48 @@ namespace ostrand {
 
 using modView::TabPosition;
 
-namespace {
-
-constexpr double kStopped = 0.1;  // channel values arrive as floats: up to here a channel has stopped
-
-constexpr const char* kSensors[] = {"DLed", "ALed", "SLed", "ALaser", "SLaser"};
-
-}  // namespace
-
 // clang-format off
 void VwDiagnosticsQX5::declare(Form& form) {
+  constexpr const char* kSensors[] = {"DLed", "ALed", "SLed", "ALaser", "SLaser"};
+
   FrameForm loopTest = frame(form, "loopTest", "date_loopTest");
-  loopTest.heads(lblLoopTest.at(0), "channel", {{&lblLoopTest.at(1), "loopTestValue"}});
+  loopTest.heads(lblLoopTest.at(0), "channel", {{&lblLoopTest.at(1), "loopTestValue"}})
+      .caption(lblLoopTest.at(0), "channelIndex").caption(lblLoopTest.at(1), "Loop Test Value");
   int label = 2;
-  for (const char* channel : {"consistency", "ash", "floc", "ashPercent", "totalRetention", "fillerRetention"})  {
+  for (const char* channel : {"consistency", "ash", "floc", "ashPercent", "totalRetention", "fillerRetention"}) {
     const int index = label - 2;
-    loopTest.row(lblLoopTest.at(label++), channel, cteLoopTest.at(index), "ctr_channel" + std::to_string(index) + "LoopTestValue");
+    loopTest.row(lblLoopTest.at(label), channel, cteLoopTest.at(index), "ctr_channel" + std::to_string(index) + "LoopTestValue")
+        .caption(lblLoopTest.at(label), channel);
+    ++label;
   }
-  loopTest.hidden(lblLoopTest.at(label), "channelVariable")
+  loopTest.hidden(lblLoopTest.at(label), "channelVariable").caption(lblLoopTest.at(label), "channelVariable")
       .button(cmdLoopTest,     "startTest", "Test")
       .button(cmdStopLoopTest, "stop",      "Stop Test");
 
   FrameForm limits = frame(form, "sensorLimits", "date_sensorLimits");
-  limits.heads({{&lblAlarmMinor.at(0), "limitLow"}, {&lblAlarmMinor.at(1), "limitHigh"}});
+  limits.caption(lblTitle.at(1), "Sensor Water Limits")
+      .heads({{&lblAlarmMinor.at(0), "limitLow"}, {&lblAlarmMinor.at(1), "limitHigh"}})
+      .caption(lblAlarmMinor.at(0), "Low").caption(lblAlarmMinor.at(1), "High");
   for (const char* sensor : kSensors) {
     const std::string name = std::string("limitWater") + sensor;
-    limits.row(lblSensorLimits.next(), name + "Label", cteSensorLimits.next(), "ctr_" + name + "Low")
-        .cell(cteSensorLimits.next(), "ctr_" + name + "High");
+    Label& row = lblSensorLimits.next();
+    limits.row(row, name + "Label", cteSensorLimits.next(), "ctr_" + name + "Low")
+        .cell(cteSensorLimits.next(), "ctr_" + name + "High")
+        .caption(row, std::string(sensor) + " Water");
   }
 
-  // The indices of the water values follow their age and not the rows.
+  // The indices of the water values follow their age and not the rows. A row is called by its sensor in every language.
   FrameForm water = frame(form, "waterValues", "date_waterValues");
-  water.heads({{&lblWaterValuesMinor.at(0), "waterVLabel"}, {&lblWaterValuesMinor.at(1), "waterFiltLabel"}});
+  water.caption(lblTitle.at(2), "Water Values")
+      .heads({{&lblWaterValuesMinor.at(0), "waterVLabel"}, {&lblWaterValuesMinor.at(1), "waterFiltLabel"}})
+      .caption(lblWaterValuesMinor.at(0), "Voltage").caption(lblWaterValuesMinor.at(1), "Filt");
   constexpr struct { const char* sensor; int voltage; int filtered; } kRows[] = {{"DLed", 8, 9}, {"ALed", 0, 4}, {"SLed", 1, 5}, {"ALaser", 2, 6}, {"SLaser", 3, 7}};
   for (const auto& [sensor, voltage, filtered] : kRows) {
     const std::string name = std::string("water") + sensor;
-    water.row(lblWaterValues.next(), sensor, cteWaterValues.at(voltage), "ctr_" + name + "V")
-        .cell(cteWaterValues.at(filtered), "ctr_" + name + "Filt");
+    Label& row = lblWaterValues.next();
+    water.row(row, "", cteWaterValues.at(voltage), "ctr_" + name + "V")
+        .cell(cteWaterValues.at(filtered), "ctr_" + name + "Filt")
+        .caption(row, sensor);
   }
 
   form.frame(frmViews.next(), "deviceStatus").title(lblTitle.next(), "statusTree").stamp(ctrDateLabels.next(), "date_deviceStatus")
@@ -55,12 +60,8 @@ void VwDiagnosticsQX5::declare(Form& form) {
 }
 // clang-format on
 
-VwDiagnosticsQX5::VwDiagnosticsQX5() : DiagnosticsView("VwDiagnosticsQX5") {}
-
-// --- life
-
-void VwDiagnosticsQX5::initialize() {
-  DiagnosticsView::initialize();
+void VwDiagnosticsQX5::connect() {
+  DiagnosticsView::connect();
   const auto exit = [this](const ControlArray<CtrTextEdit>& edits, int index, const char* procedure, TabPosition position) {
     edits(index).LostFocus.connect([this, procedure, position] { leaveByTab(procedure, position); });
   };
@@ -69,9 +70,18 @@ void VwDiagnosticsQX5::initialize() {
   exit(cteSensorLimits, cteSensorLimits.size() - 1, "cteSensorLimits_LostFocus", TabPosition::Last);
   exit(cteWaterValues, 0, "cteWaterValues_LostFocus", TabPosition::First);
   exit(cteWaterValues, cteWaterValues.size() - 1, "cteWaterValues_LostFocus", TabPosition::Last);
+}
 
+// --- life
+
+void VwDiagnosticsQX5::initialize() {
+  DiagnosticsView::initialize();
   Procedure proc(*this, "UserControl_Initialize");
-  cteLoopTest.each([&](int, CtrTextEdit& channel) { proc.step([&] { channel.SetTextOption(true); }); });
+  cteLoopTest.each([&](int, CtrTextEdit& channel) {
+    proc.step([&] { channel.SetTextOption(true); });
+    // A test value leaves by its button and its question, never with the host's collection.
+    proc.step([&] { channel.KeepLocal(true); });
+  });
 }
 
 // --- documents
@@ -109,7 +119,7 @@ void VwDiagnosticsQX5::SetOnlineData(const Document& doc) {
   if (!answer) return;
   const std::string name = proc.value(std::string(), [&] { return std::string(answer.attribute("name")); });
   if (name == "deviceStatus") {
-    statusAnswered(proc, doc, ctrDateLabels(ctrDateLabels.size() - 1));
+    statusAnswered(proc, doc, ctrDateLabels.size() - 1);
   } else if (name == "loopTest") {
     loopTestAnswered(proc, doc, answer);
   } else {
@@ -126,7 +136,7 @@ void VwDiagnosticsQX5::loopTestAnswered(Procedure& proc, const Document& doc, co
   const Node item = proc.value(Node(), [&] { return doc.select("//comm:item"); });
   const std::string name = proc.value(std::string(), [&] { return std::string(item.attribute("name")); });
   const std::vector<CtrTextEdit*> channels = channelsOf(proc, name);
-  if (value > kStopped) {
+  if (!LoopTest::channelIsFree(value)) {
     for (CtrTextEdit* const channel : channels) {
       proc.step([&] { channel->SetOnlineData(item); });
       mLoopChannelAnswered = true;
@@ -168,13 +178,12 @@ void VwDiagnosticsQX5::cmdLoopTest_Click() {
   });
   if (items.empty()) return;
   mLoopChannelAnswered = false;
-  const std::string request = Requests::document("loopTest", "write", items);
+  const std::string request = LoopTest::channelsRequest(items);
   if (!proc.value(false, [&] { return proc.messenger().SendRequestWithStatus(request, "testing", 0, 0); })) return;
   toRunning(proc);
 }
 
-void VwDiagnosticsQX5::cmdStopLoopTest_Click() {
-  Procedure proc(*this, "cmdStopLoopTest_Click");
+void VwDiagnosticsQX5::stopLoopTest(Procedure& proc) {
   std::string items;
   cteLoopTest.each([&](int, CtrTextEdit& channel) {
     const std::string text = proc.value(std::string(), [&] { return channel.Text(); });
@@ -186,7 +195,7 @@ void VwDiagnosticsQX5::cmdStopLoopTest_Click() {
     proc.step([&] { channel.Text(text); });
     if (!text.empty() && modified) proc.step([&] { channel.Modified(true); });
   });
-  const std::string request = Requests::document("loopTest", "write", items);
+  const std::string request = LoopTest::channelsRequest(items);
   proc.step([&] { proc.messenger().SendRequestWithStatus(request, "stopping", 3, 0); });
 }
 

@@ -12,7 +12,7 @@ namespace ostrand {
 // sensors' limits and water values; the status tree.
 class VwDiagnosticsQX5 : public DiagnosticsView {
  public:
-  VwDiagnosticsQX5();
+  VwDiagnosticsQX5() : DiagnosticsView("VwDiagnosticsQX5") {}
 
   void SetErrorData(const Document& doc) override;
   void SetOfflineData(const Document& doc) override;
@@ -20,9 +20,10 @@ class VwDiagnosticsQX5 : public DiagnosticsView {
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
   void initialize() override;
   void cmdLoopTest_Click() override;
-  void cmdStopLoopTest_Click() override;
+  void stopLoopTest(Procedure& proc) override;
 
  private:
   void loopTestAnswered(Procedure& proc, const Document& doc, const Node& response);

@@ -20,8 +20,11 @@ void InformationView::choose(FrameForm& form, CtrComboEdit& combo, const std::st
   form.row(lblTransmitter.next(), parameter, combo, "ctr_" + parameter);
 }
 
-void InformationView::edges(Control& firstOfTransmitter) {
+void InformationView::focusOn(Control& firstOfTransmitter) {
   mFocusOn = {{"identification", &cteIdentification(0)}, {"transmitter", &firstOfTransmitter}};
+}
+
+void InformationView::connect() {
   exits(cteIdentification, "cteIdentification_LostFocus");
   exits(cteTransmitter, "cteTransmitter_LostFocus");
 }

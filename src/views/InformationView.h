@@ -23,8 +23,9 @@ class InformationView : public View {
   void transmit(FrameForm& form, const std::string& parameter) { transmit(form, parameter, parameter); }
   void transmit(FrameForm& form, const std::string& parameter, const std::string& labelKey);
   void choose(FrameForm& form, CtrComboEdit& combo, const std::string& parameter);
-  // Focus targets and exits by the tab key; at the end of a declaration.
-  void edges(Control& firstOfTransmitter);
+  // The focus targets; at the end of a declaration.
+  void focusOn(Control& firstOfTransmitter);
+  void connect() override;
 
   ControlArray<Label> lblIdentification{"lblIdentification"};
   ControlArray<CtrTextEdit> cteIdentification{"cteIdentification"};

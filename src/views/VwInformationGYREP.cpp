@@ -19,7 +19,7 @@ void VwInformationGYREP::declare(Form& form) {
         "tcuSWRevision", "fbiBoardSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "profileRevision", "deviceCertification"})
     transmit(transmitter, parameter);
 
-  edges(cteTransmitter(0));
+  focusOn(cteTransmitter(0));
 }
 
 void VwInformationGYREP::initialize() {

@@ -19,7 +19,7 @@ void VwInformationH::declare(Form& form) {
   for (const char* parameter : {"transmitterCommandRevision", "swRevision", "hwRevision", "deviceCode", "finalAssemblyNumber"})
     transmit(transmitter, parameter);
 
-  edges(cteTransmitter(0));
+  focusOn(cteTransmitter(0));
 }
 
 void VwInformationH::initialize() {

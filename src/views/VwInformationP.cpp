@@ -16,7 +16,7 @@ void VwInformationP::declare(Form& form) {
                                 "deviceCertification"})
     transmit(transmitter, parameter);
 
-  edges(cteTransmitter(0));
+  focusOn(cteTransmitter(0));
 }
 
 }  // namespace ostrand

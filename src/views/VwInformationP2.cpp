@@ -16,7 +16,7 @@ void VwInformationP2::declare(Form& form) {
                                 "deviceCertification", "fbiBoardSerialNumber"})
     transmit(transmitter, parameter);
 
-  edges(cteTransmitter(0));
+  focusOn(cteTransmitter(0));
 }
 
 }  // namespace ostrand

@@ -19,7 +19,7 @@ void VwInformationQX5::declare(Form& form) {
   transmit(transmitter, "universalCmdRevision", "universalCommandRevision");
   for (const char* parameter : {"transmitterCommandRevision", "swRevision", "hwRevision", "finalAssemblyNumber"}) transmit(transmitter, parameter);
 
-  edges(cteTransmitter(0));
+  focusOn(cteTransmitter(0));
 }
 
 void VwInformationQX5::initialize() {

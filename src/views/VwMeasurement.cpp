@@ -1,8 +1,8 @@
 #include "views/VwMeasurement.h"
 
 #include "bus/BusChoice.h"
+#include "bus/BusProcedure.h"
 #include "core/Requests.h"
-#include "platform/trap/Procedure.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
@@ -20,7 +20,9 @@ void VwMeasurement::declare(Form& form) {
 }
 // clang-format on
 
-VwMeasurement::VwMeasurement() : View("VwMeasurement", "measurement") {
+VwMeasurement::VwMeasurement() : View("VwMeasurement", "measurement") {}
+
+void VwMeasurement::connect() {
   cmdActiveRecipeSetButton.Click.connect([this] { cmdActiveRecipeSetButton_Click(); });
   cceActiveRecipe.LostFocus.connect([this] { leaveByTab("cceActiveRecipe_LostFocus", TabPosition::First); });
   cmdActiveRecipeSetButton.LostFocus.connect([this] { leaveByTab("cmdActiveRecipeSetButton_LostFocus", TabPosition::Last); });
@@ -38,12 +40,6 @@ void VwMeasurement::clear() {
   View::clear();
 }
 
-void VwMeasurement::SetMessenger(const Ref<Messenger>& messenger) {
-  View::SetMessenger(messenger);
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  enableByLevel(proc, cmdActiveRecipeSetButton);
-}
-
 void VwMeasurement::SetOfflineData(const Document& doc) {
   Procedure proc(*this, "ITaviDataUser_setOfflineData");
   chooseBus(proc, *this, "VwMeasurement", doc, mBus);
@@ -51,15 +47,14 @@ void VwMeasurement::SetOfflineData(const Document& doc) {
 }
 
 void VwMeasurement::SetOnlineData(const Document& doc) {
-  Procedure proc(*this, "ITaviDataUser_setOnlineData");
+  BusProcedure proc(*this, "ITaviDataUser_setOnlineData", mBus);
   // The channel's number is meant for no edit.
   proc.step([&] {
     if (const Node channel = itemAnywhere(doc, "mChannel")) channel.remove();
   });
   proc.step([&] { modView::setOnlineData(*this, doc); });
   proc.step([&] {
-    const Ref<IBusDependent> bus = required(mBus);
-    if (!bus->MeasurementSetOnlineData(doc, proc.pinnedMessenger())) proc.reportLastError();
+    if (!proc.bus()->MeasurementSetOnlineData(doc, proc.pinnedMessenger())) proc.reportLastError();
   });
 }
 
@@ -69,7 +64,7 @@ void VwMeasurement::ViewSetCommunicationMode(int mode) {
 }
 
 void VwMeasurement::cmdActiveRecipeSetButton_Click() {
-  Procedure proc(*this, "cmdActiveRecipeSetButton_Click");
+  BusProcedure proc(*this, "cmdActiveRecipeSetButton_Click", mBus);
   bool correct = false;
   if (!proc.step([&] { correct = cceActiveRecipe.Correct(); })) return;
   if (!correct) {
@@ -79,8 +74,7 @@ void VwMeasurement::cmdActiveRecipeSetButton_Click() {
   const std::string item = proc.value(std::string(), [&] { return cceActiveRecipe.GetXmlItem(true).xml(); });
   proc.step([&] { container().DTMGUIDownload(Requests::fragment("activeRecipe", "write", item), "activeRecipe", 1); });
   proc.step([&] {
-    const Ref<IBusDependent> bus = required(mBus);
-    if (!bus->SetActiveRecipe(proc.pinnedMessenger())) proc.reportLastError();
+    if (!proc.bus()->SetActiveRecipe(proc.pinnedMessenger())) proc.reportLastError();
   });
 }
 

@@ -12,14 +12,15 @@ class VwMeasurement : public View {
  public:
   VwMeasurement();
 
-  void SetMessenger(const Ref<Messenger>& messenger) override;
   void SetOfflineData(const Document& doc) override;
   void SetOnlineData(const Document& doc) override;
   void ViewSetCommunicationMode(int mode) override;
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
   void initialize() override;
+  void messengerTaken(Procedure& proc) override { enableByLevel(proc, cmdActiveRecipeSetButton); }
   void clear() override;
 
  private:

@@ -16,7 +16,9 @@ void VwMeasurementGYRE::declare(Form& form) {
 }
 // clang-format on
 
-VwMeasurementGYRE::VwMeasurementGYRE() : View("VwMeasurementGYRE", "measurement") {
+VwMeasurementGYRE::VwMeasurementGYRE() : View("VwMeasurementGYRE", "measurement") {}
+
+void VwMeasurementGYRE::connect() {
   cceActiveRecipe.LostFocus.connect([this] { leaveByTab("cceActiveRecipe_LostFocus", modView::TabPosition::Only); });
 }
 

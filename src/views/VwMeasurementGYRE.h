@@ -16,6 +16,7 @@ class VwMeasurementGYRE : public View {
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
 
  private:
   Label lblActiveRecipe{"lblActiveRecipe"};

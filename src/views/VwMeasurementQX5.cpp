@@ -24,13 +24,14 @@ void VwMeasurementQX5::declare(Form& form) {
 
   // The frame of the grade never gets the focus: the view asks for a frame "activeRecipe", which it has not.
   mFocusOn = {{"monitoringVariables", &CtrMonitoring1}};
-
-  optActiveGrade.each([this](int index, OptionButton& button) { button.Click.connect([this, index] { optActiveGrade_Click(index); }); });
-  optActiveGrade(0).LostFocus.connect([this] { leaveByTab("optActiveGrade_LostFocus", TabPosition::First); });
 }
 // clang-format on
 
-VwMeasurementQX5::VwMeasurementQX5() : View("VwMeasurementQX5", "measurement") {
+VwMeasurementQX5::VwMeasurementQX5() : View("VwMeasurementQX5", "measurement") {}
+
+void VwMeasurementQX5::connect() {
+  optActiveGrade.each([this](int index, OptionButton& button) { button.Click.connect([this, index] { optActiveGrade_Click(index); }); });
+  optActiveGrade(0).LostFocus.connect([this] { leaveByTab("optActiveGrade_LostFocus", TabPosition::First); });
   coeActiveGrade.Change.connect([this](const std::string& text) { coeActiveGrade_Change(text); });
   cceActiveGrade.LostFocus.connect([this] { leaveByTab("cceActiveGrade_LostFocus", TabPosition::Last); });
 }

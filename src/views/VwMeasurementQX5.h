@@ -15,6 +15,7 @@ class VwMeasurementQX5 : public View {
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
 
  private:
   void coeActiveGrade_Change(const std::string& text);

@@ -31,11 +31,14 @@ void VwOperation::declare(Form& form) {
 
 VwOperation::VwOperation() : View("VwOperation", "operation") {}
 
+void VwOperation::connect() {
+  cceSimulation(0).LostFocus.connect([this] { leaveByTab("cceSimulation_LostFocus", TabPosition::First); });
+  cceSimulation(cceSimulation.size() - 1).LostFocus.connect([this] { leaveByTab("cceSimulation_LostFocus", TabPosition::Last); });
+}
+
 void VwOperation::initialize() {
   View::initialize();
   std::erase(mViews, &frmViews(1));
-  cceSimulation(0).LostFocus.connect([this] { leaveByTab("cceSimulation_LostFocus", TabPosition::First); });
-  cceSimulation(cceSimulation.size() - 1).LostFocus.connect([this] { leaveByTab("cceSimulation_LostFocus", TabPosition::Last); });
 
   // The panel has no stamp of its own.
   Procedure proc(*this, "UserControl_Initialize");

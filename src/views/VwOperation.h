@@ -16,6 +16,7 @@ class VwOperation : public View {
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
   void initialize() override;
   void resized() override;
 

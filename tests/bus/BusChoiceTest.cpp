@@ -1,4 +1,5 @@
 #include "bus/BusChoice.h"
+#include "bus/BusProcedure.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -63,14 +64,22 @@ TEST_F(BusChoiceTest, TheFirstElementThatBearsACategoryCounts) {
 }
 
 TEST_F(BusChoiceTest, AnAbsentStrategyIsError91) {
-  try {
-    required(bus);
-    ADD_FAILURE();
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.number(), 91);
-  }
-  choose(dataSet(""));
-  EXPECT_EQ(required(bus), bus);
+  BusProcedure proc(*view, "p", bus);
+  messenger->announce("TestView p: ", 91);
+  EXPECT_FALSE(proc.step([&] { proc.bus(); }));
+}
+
+TEST_F(BusChoiceTest, AnEntryUsesTheStrategyOfTheMomentAndAnInnerOneThatOfTheEntry) {
+  choose(dataSet("", "", "", "DPV1"));
+  BusProcedure proc(*view, "p", bus);
+  choose(dataSet("", "", "", "HART"));
+  EXPECT_EQ(proc.bus()->GetBusType(), "Hart");
+  view->PrepareToRelease();
+  bus = nullptr;
+  EXPECT_THROW(proc.bus(), RuntimeError);
+  BusProcedure inner(*view, "q", proc);
+  EXPECT_EQ(inner.bus()->GetBusType(), "Profibus");
+  EXPECT_EQ(inner.pinnedMessenger(), Ref<Messenger>(messenger)) << "that of the outer entry";
 }
 
 }  // namespace

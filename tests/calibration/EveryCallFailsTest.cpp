@@ -143,7 +143,7 @@ std::set<std::string> expected(Way way) {
   add("GetUserLevel", {"messenger"}, " [VwCalibration ITaviComponent_SetMessenger: 440]");
   add("GetUserLevel", {"messenger"}, " [VwCalibration ITaviComponent_SetMessenger: 440];  in focus: [VwCalibration ITaviView_RequestFocus: 5]");
   add("GetUserLevel", {"mode"}, " [VwCalibration mMessenger_ViewSetCommunicationMode: 440]");
-  add("GetTextTable", {"mode"}, " [VwCalibration mMessenger_ViewSetCommunicationMode: 440] [VwCalibration mMessenger_ViewSetCommunicationMode: 91]");
+  add("GetTextTable", {"mode"}, " [VwCalibration mMessenger_ViewSetCommunicationMode: 440]");
   add("GetText", {"mode"}, " [VwCalibration mMessenger_ViewSetCommunicationMode: 440]");
   add("GetLabel", {"localize"}, " [modView Localize: 440]");
   add("Log", {"data"}, " [ modView setOfflineData440]");

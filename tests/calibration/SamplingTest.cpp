@@ -392,13 +392,6 @@ TEST_P(SamplingTest, ASampleThatStartedUnderTheQuestionRefusesTheOther) {
   EXPECT_EQ(bench.lines().back(), kRefusal[other - 1]);
 }
 
-TEST_P(SamplingTest, AReleaseUnderTheQuestionEndsInTheMissingStrategy) {
-  bench.calls.during("AskUser", [&] { bench.view->PrepareToRelease(); });
-  bench.announce("Sample1Button_Click", 91);
-  start(own);
-  EXPECT_EQ(bench.visible(), failed);
-}
-
 TEST_P(SamplingTest, AReleaseDuringTheBusOperationLetsItEnd) {
   bench.calls.during("SendRequest", [&] { bench.view->PrepareToRelease(); });
   start(own);
@@ -415,6 +408,27 @@ TEST_P(SamplingTest, TheEndOfTheViewDuringTheBusOperationLetsItEnd) {
   bench.messenger->answers = {4};
   bench.take(own).click();
   EXPECT_EQ(bench.lines(), joined({{kQuestion}, startRequests()})) << "there is no parent left to tell";
+}
+
+TEST_P(SamplingTest, ReleasedUnderItsQuestionNothingStarts) {
+  const Ref<CalibrationView> pin = bench.view;
+  bench.calls.during("AskUser", [&] { pin->PrepareToRelease(); });
+  start(own);
+  EXPECT_THAT(bench.lines(), ElementsAre(kQuestion));
+  EXPECT_EQ(bench.visible(), idle);
+}
+
+TEST_P(SamplingTest, ReleasedUnderTheExitWarningTheStopLeavesAllTheSame) {
+  started();
+  bench.messenger->answers = {4};
+  bench.calls.during("AskUser", [&] {
+    bench.view->PrepareToRelease();
+    bench.view->Terminate();
+    bench.view = nullptr;
+  });
+  CalibrationView* const view = bench.view.get();
+  EXPECT_TRUE(view->LeaveSelectedView());
+  EXPECT_EQ(bench.lines(), joined({{kExitWarning}, stopRequests()})) << "there is no parent left to tell";
 }
 
 TEST_P(SamplingTest, AReleasedViewReportsNothingAndCrashesNowhere) {

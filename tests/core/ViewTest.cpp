@@ -67,6 +67,7 @@ TEST_F(ViewTest, AFailureInResizingIsReportedOnceThereIsAMessenger) {
   probeOn();
   probe.calls.fail("frmViews(0).Move");
   view->Resize(1000, 1000);
+  EXPECT_THAT(view->traces, ElementsAre("TestView UserControl_Resize - Error440: told to fail"));
   view->SetMessenger(messenger);
   probe.calls.fail("frmViews(0).Move", 1, 7);
   probe.calls.fail("ctrDateLabels(1).Move", 1, 8);
@@ -82,6 +83,7 @@ TEST_F(ViewTest, AFailureInCreationIsDropped) {
   probe.calls.fail("frmViews(0).BackColor =");
   place(twoFrames);
   EXPECT_EQ(view->mViews.size(), 3u);
+  EXPECT_THAT(view->traces, ElementsAre("TestView UserControl_Initialize - Error440: told to fail"));
 }
 
 // --- selection
@@ -152,9 +154,30 @@ TEST_F(ViewTest, AFailingNestedViewIsReportedAndPassedOver) {
   std::swap(view->mViews[0], view->mViews[1]);
   nested<FakeNestedView>("nested").calls.fail("SetSelectedView", 1, 7);
   messenger->announce("TestView ITaviView_SetSelectedView: ", 7);
+  reset(nested<FakeNestedView>("nested"));
   view->SetSelectedView("first");
   EXPECT_EQ(view->GetSelectedView(), "first");
   EXPECT_EQ(view->front(), &view->frmViews(0));
+  EXPECT_THAT(nested<FakeNestedView>("nested").calls.take(), ElementsAre("SetSelectedView first", "GetSelectedView")) << "it is asked all the same";
+}
+
+TEST_F(ViewTest, ANestedViewThatFailsAndHasTheKeyIsSelected) {
+  placeWithHost(twoFrames);
+  nested<FakeNestedView>("nested").selected = "live";
+  nested<FakeNestedView>("nested").calls.fail("SetSelectedView", 1, 7);
+  messenger->announce("TestView ITaviView_SetSelectedView: ", 7);
+  view->SetSelectedView("live");
+  EXPECT_EQ(view->GetSelectedView(), "live");
+  EXPECT_EQ(view->front(), &get<Control>("nested"));
+}
+
+TEST_F(ViewTest, AnItemThatCannotComeToFrontIsSelectedAllTheSame) {
+  placeWithHost(twoFrames);
+  probeOn();
+  probe.calls.fail("frmViews(0).ZOrder", 1, 7);
+  messenger->announce("TestView ITaviView_SetSelectedView: ", 7);
+  view->SetSelectedView("testTree");
+  EXPECT_EQ(view->GetSelectedView(), "first");
 }
 
 TEST_F(ViewTest, AViewWithoutItemsCannotSelect) {
@@ -292,10 +315,14 @@ TEST_F(WriteButtonTest, EachFailingStatementOfAModeIsReported) {
   constexpr const char* kPrefix = "TestView mMessenger_ViewSetCommunicationMode: ";
   calls.fail("GetTextTable");
   messenger->announce(kPrefix, 440);
-  messenger->announce(kPrefix, 91);
+  button().Caption("before");
   messenger->raiseMode(20);
   EXPECT_FALSE(button().Enabled());
-  EXPECT_EQ(button().Caption(), "");
+  EXPECT_EQ(button().Caption(), "before") << "nothing is assigned";
+  calls.fail("GetText");
+  messenger->announce(kPrefix, 440);
+  messenger->raiseMode(20);
+  EXPECT_EQ(button().Caption(), "before");
   calls.fail("GetUserLevel");
   messenger->announce(kPrefix, 440);
   messenger->raiseMode(21);
@@ -383,6 +410,20 @@ TEST_F(ViewTest, MayBeReleasedInsideAnyCallOfItsHost) {
     raw->SetErrorData(answer("name=\"x\" errorCode=\"missingItems\"", itemXml("a", "1")));
     EXPECT_EQ(TestView::ended, ended + 1) << call;
     EXPECT_EQ(messenger->count(), 1u);
+  }
+}
+
+TEST_F(ViewTest, TakesNoMessengerOverOnceItIsReleased) {
+  for (const char* call : {"Unsubscribe", "Subscribe"}) {
+    SCOPED_TRACE(call);
+    placeWithHost(twoFrames);
+    const Ref<FakeMessenger> other(new FakeMessenger(calls));
+    calls.during(call, [&] { view->PrepareToRelease(); });
+    view->SetMessenger(other);
+    EXPECT_FALSE(view->GetMessenger());
+    EXPECT_EQ(other->count(), 1u) << "no edit holds it";
+    EXPECT_EQ(messenger->count(), 1u);
+    view->Terminate();
   }
 }
 

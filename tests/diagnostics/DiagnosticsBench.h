@@ -48,7 +48,7 @@ class ReportedMessenger : public FakeMessenger {
 };
 
 // A diagnostics view on a virtual desktop, with a host behind it.
-template <class V>
+template <class V, class B>
 class DiagnosticsBench {
  public:
   DiagnosticsBench() {
@@ -79,6 +79,14 @@ class DiagnosticsBench {
     for (Control* control : view->GetControls())
       if (control->name() == name) return dynamic_cast<T&>(*control);
     throw RuntimeError(RuntimeError::BadArgument, "no control " + std::string(name));
+  }
+  // A test runs, with the question answered.
+  void run() {
+    begin(B::data());
+    static_cast<B&>(*this).drive("12");
+    start().click();
+    view->SetSelectedView("loopTest");
+    calls.take();
   }
   CommandButton& start() { return get<CommandButton>("cmdLoopTest"); }
   CommandButton& stop() { return get<CommandButton>("cmdStopLoopTest"); }
@@ -121,11 +129,13 @@ inline Document bladeData(const std::string& category = "DPV1") {
                  category);
 }
 
-struct BladeDiagnostics : DiagnosticsBench<VwDiagnostics> {
+struct BladeDiagnostics : DiagnosticsBench<VwDiagnostics, BladeDiagnostics> {
   static constexpr const char* kReports = "VwDiagnostics ";
   static Document data() { return bladeData(); }
 
   CtrTextEdit& value() { return get<CtrTextEdit>("cteLoopTest"); }
+  void drive(const std::string& text) { value().type(text); }
+  static bool isStop(const std::string& line) { return line.starts_with("SendRequest \"loopTest\"") && line.find("<floatVal>0</floatVal>") != line.npos; }
   ListView& log(int category) { return get<ListView>("lsvEventLog(" + std::to_string(category) + ")"); }
   CheckBox& box(int index) { return get<CheckBox>("chkReset(" + std::to_string(index) + ")"); }
   CommandButton& reset() { return get<CommandButton>("cmdReset"); }
@@ -209,11 +219,15 @@ inline Document opticalData() {
   return dataSet(channels + parameterXml("waterALedV", "1", "type=\"floatVal\" decimals=\"1\""));
 }
 
-struct OpticalDiagnostics : DiagnosticsBench<VwDiagnosticsQX5> {
+struct OpticalDiagnostics : DiagnosticsBench<VwDiagnosticsQX5, OpticalDiagnostics> {
   static constexpr const char* kReports = "VwDiagnosticsQX5 ";
   static Document data() { return opticalData(); }
 
   CtrTextEdit& channel(int index) { return get<CtrTextEdit>("cteLoopTest(" + std::to_string(index) + ")"); }
+  void drive(const std::string& text) { channel(2).type(text); }
+  static bool isStop(const std::string& line) {
+    return line.starts_with("SendRequestWithStatus \"stopping\"") && line.find("channel2LoopTestValue") != line.npos && line.find("<floatVal>0</floatVal>") != line.npos;
+  }
   void answers(int index, const std::string& value) {
     online("loopTest", itemXml("channel" + std::to_string(index) + "LoopTestValue", value, "floatVal"));
   }

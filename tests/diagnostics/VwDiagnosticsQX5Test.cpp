@@ -35,6 +35,28 @@ TEST(VwDiagnosticsQX5Test, EverySetOfChannelsIsStartedAndStopped) {
   }
 }
 
+TEST(VwDiagnosticsQX5Test, CaptionsOfTheDesignStandUntilItIsLocalized) {
+  OpticalDiagnostics bench;
+  const auto captions = [&](const std::string& array, int count) {
+    std::vector<std::string> all;
+    for (int i = 0; i < count; ++i) all.push_back(bench.get<Label>(array + "(" + std::to_string(i) + ")").Caption());
+    return all;
+  };
+  EXPECT_THAT(captions("lblLoopTest", 9), testing::ElementsAre("channelIndex", "Loop Test Value", "consistency", "ash", "floc", "ashPercent",
+                                                               "totalRetention", "fillerRetention", "channelVariable"));
+  EXPECT_THAT(captions("lblSensorLimits", 5), testing::ElementsAre("DLed Water", "ALed Water", "SLed Water", "ALaser Water", "SLaser Water"));
+  EXPECT_THAT(captions("lblAlarmMinor", 2), testing::ElementsAre("Low", "High"));
+  EXPECT_THAT(captions("lblWaterValuesMinor", 2), testing::ElementsAre("Voltage", "Filt"));
+  EXPECT_EQ(bench.get<Label>("lblTitle(1)").Caption(), "Sensor Water Limits");
+  EXPECT_EQ(bench.get<Label>("lblTitle(2)").Caption(), "Water Values");
+  bench.begin(opticalData());
+  EXPECT_EQ(captions("lblLoopTest", 9)[0], "L:channel");
+  EXPECT_EQ(captions("lblSensorLimits", 5)[0], "L:limitWaterDLedLabel");
+  EXPECT_EQ(captions("lblWaterValuesMinor", 2)[1], "L:waterFiltLabel");
+  EXPECT_EQ(bench.get<Label>("lblTitle(2)").Caption(), "L:waterValues");
+  EXPECT_THAT(captions("lblWaterValues", 5), testing::ElementsAre("DLed", "ALed", "SLed", "ALaser", "SLaser")) << "they are called so in every language";
+}
+
 TEST(VwDiagnosticsQX5Test, TheLimitBetweenRunningAndStoppedIsATenth) {
   for (const auto& [value, runs] : {std::pair{"0.1", false},
                                     {"0.10", false},

@@ -40,6 +40,17 @@ TEST(VwDiagnosticsTest, TheRenamedBitStandsBeforeItsOriginalUnderTheSameParent) 
   EXPECT_EQ(all[2].attribute("name"), "statusHARTPVOutOfLimits");
 }
 
+TEST(VwDiagnosticsTest, AnAnswerInTheMiddleOfTheReleaseChangesNoDocument) {
+  BladeDiagnostics bench;
+  const Document data = bladeData();
+  bench.begin(data);
+  const std::string before = data.xml();
+  bench.probe.calls.during("CtrStatus1.PrepareToRelease", [&] { bench.online("eventLog", itemXml("eventLogErrorCount01", "7", "integerVal")); });
+  bench.view->PrepareToRelease();
+  EXPECT_EQ(data.xml(), before);
+  EXPECT_THAT(bench.messenger->reports, testing::ElementsAre("VwDiagnostics updateEventLog91"));
+}
+
 TEST(VwDiagnosticsTest, EightRowsOfThreeListsAreFilledFromItemsInAnyOrder) {
   std::string parameters;
   std::vector<std::string> items;

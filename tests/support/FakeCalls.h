@@ -31,6 +31,9 @@ class FakeCalls {
   // Runs inside the next call of this name, before it returns, once.
   void during(const std::string& call, std::function<void()> work) { mWork[call] = std::move(work); }
 
+  // Runs inside every call, after what `during` asks for.
+  std::function<void(const std::string& call)> onArrival;
+
   int arrived = 0;         // calls so far, whatever their names, but ReportError
   std::string lastFailed;  // the name of the call that failed last because it was told to
 
@@ -44,6 +47,8 @@ class FakeCalls {
       mWork.erase(work);
       body();
     }
+    // A copy: it may be replaced while it runs.
+    if (const auto heard = onArrival) heard(call);
     std::optional<RuntimeError> failure;
     const auto countDown = [&](const std::string& name) {
       for (auto [fault, end] = mFaults.equal_range(name); fault != end;) {

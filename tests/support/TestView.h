@@ -56,6 +56,12 @@ class TestView : public View {
   static inline int ended = 0;
   CommandButton* followsMode = nullptr;
   std::function<void(const std::string& tag, const std::string& value)> received;
+  std::vector<std::string> traces;  // what was dropped for want of a messenger
+
+  void dropped(const std::string& text) override {
+    traces.push_back(text);
+    View::dropped(text);
+  }
 
   void ViewReceiveValue(const std::string& tag, const std::string& value) override {
     if (received) received(tag, value);

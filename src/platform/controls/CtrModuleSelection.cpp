@@ -23,12 +23,15 @@ void CtrModuleSelection::declare(Form& form) {
   rows.labelled(lblTotal, "cyclicBytesTotal").skip().cell(lblTotalBytes, "");
 }
 
-void CtrModuleSelection::initialize() {
+void CtrModuleSelection::connect() {
   for (int row = 0; row < kModules; ++row) {
-    showRow(row, false);
     cceModule(row).Change.connect([this](const std::string&) { showCosts(); });
     cceModule(row).LostFocus.connect([this, row] { leave(row); });
   }
+}
+
+void CtrModuleSelection::initialize() {
+  for (int row = 0; row < kModules; ++row) showRow(row, false);
 }
 
 void CtrModuleSelection::terminate() {
@@ -38,9 +41,9 @@ void CtrModuleSelection::terminate() {
 }
 
 void CtrModuleSelection::SetMessenger(const Ref<Messenger>& messenger) {
+  Procedure proc(*this, "ITaviComponent_SetMessenger", messenger);
   Panel::SetMessenger(messenger);
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  cceModule.each([&](int, CtrComboEdit& choice) { proc.step([&] { choice.SetMessenger(messenger); }); });
+  cceModule.each([&](int, CtrComboEdit& choice) { proc.step([&] { choice.SetMessenger(proc.pinnedMessenger()); }); });
 }
 
 void CtrModuleSelection::Localize(const Ref<ITextTable>& textTable) {

@@ -40,6 +40,7 @@ class CtrModuleSelection : public Panel {
 
  protected:
   void declare(Form& form) override;
+  void connect() override;
   void initialize() override;
   void terminate() override;
 

@@ -1,12 +1,13 @@
 #include "platform/controls/CtrMonitoring.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/base/NumberText.h"
 #include "platform/controls/Form.h"
 #include "platform/trap/Procedure.h"
+#include "platform/types/Listening.h"
 #include "platform/types/Query.h"
-#include "platform/types/StopListening.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
@@ -41,12 +42,8 @@ void CtrMonitoring::terminate() {
 }
 
 void CtrMonitoring::SetMessenger(const Ref<Messenger>& messenger) {
-  const Ref<Component> pin(this);
-  const Ref<Messenger> host = messenger;
-  stopListening(std::exchange(mMessenger, nullptr), *this);
-  mMessenger = host;
-  Procedure proc(*this, "ITaviComponent_SetMessenger");
-  if (host) proc.step([&] { host->Subscribe(*this); });
+  Procedure proc(*this, "ITaviComponent_SetMessenger", messenger);
+  proc.step([&] { changeMessenger(mMessenger, proc.pinnedMessenger(), *this); });
 }
 
 void CtrMonitoring::RequestFocus() {

@@ -1,12 +1,13 @@
 #include "platform/controls/EditControl.h"
 
 #include <exception>
+#include <utility>
 
 #include "platform/base/RuntimeError.h"
 #include "platform/controls/Component.h"
 #include "platform/trap/Procedure.h"
+#include "platform/types/Listening.h"
 #include "platform/types/Query.h"
-#include "platform/types/StopListening.h"
 
 namespace ostrand {
 
@@ -199,10 +200,7 @@ Ref<IUnitConverter> EditControl::converter() const {
 
 void EditControl::SetMessenger(const Ref<Messenger>& messenger) {
   const Ref<Component> pin(owner());
-  const Ref<Messenger> host = messenger;
-  stopListening(std::exchange(mMessenger, nullptr), *this);
-  mMessenger = host;
-  if (host) host->Subscribe(*this);
+  changeMessenger(mMessenger, messenger, *this);
 }
 
 void EditControl::detach() {

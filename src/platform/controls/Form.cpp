@@ -128,6 +128,11 @@ FrameForm& FrameForm::stamp(CtrDateLabel& label, const std::string& tag) {
   return *this;
 }
 
+FrameForm& FrameForm::caption(Label& label, const std::string& text) {
+  mForm.caption(label, text);
+  return *this;
+}
+
 void FrameForm::nextRow(int height) {
   if (mLast) mTop += height;
   mColumn = 0;

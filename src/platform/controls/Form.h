@@ -53,6 +53,9 @@ class FrameForm {
   FrameForm& title(Label& label, const std::string& key);
   FrameForm& stamp(CtrDateLabel& label, const std::string& tag);
 
+  // What a label shows until the view is localized.
+  FrameForm& caption(Label& label, const std::string& text);
+
   // A row that begins with a label; its cells follow.
   FrameForm& labelled(Label& label, const std::string& key);
   // One row: a label and what stands beside it.

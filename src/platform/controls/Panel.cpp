@@ -4,6 +4,11 @@
 
 namespace ostrand {
 
+void Panel::PrepareToRelease() {
+  Procedure proc(*this, "ITaviView_PrepareToRelease");
+  proc.step([&] { terminate(); });
+}
+
 void Panel::terminate() {
   mMessenger = nullptr;
   mTextTable = nullptr;

@@ -18,7 +18,7 @@ class Panel : public Component, public ITaviView, public ITaviDataUser, public I
   std::string GetSelectedView() override { return mSelectedView; }
   void SetSelectedView(const std::string& key) override { mSelectedView = key == tag() ? key : std::string(); }
   bool LeaveSelectedView() override { return true; }
-  void PrepareToRelease() override { terminate(); }
+  void PrepareToRelease() override;
 
   void SetImportData(const Document& doc) override { SetOfflineData(doc); }
   void SetMessenger(const Ref<Messenger>& messenger) override { mMessenger = messenger; }

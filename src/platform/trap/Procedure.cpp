@@ -2,11 +2,16 @@
 
 namespace ostrand {
 
-Procedure::Procedure(Reporter& reporter, std::string_view procedure, Kind kind)
+Procedure::Procedure(Reporter& reporter, std::string_view procedure, Kind kind) : Procedure(reporter, procedure, reporter.reportingTo(), kind) {}
+
+Procedure::Procedure(Reporter& reporter, std::string_view procedure, const Ref<Messenger>& messenger)
+    : Procedure(reporter, procedure, messenger, Entry) {}
+
+Procedure::Procedure(Reporter& reporter, std::string_view procedure, const Ref<Messenger>& messenger, Kind kind)
     : mObject(&reporter.self()),
-      mMessenger(reporter.reportingTo()),
+      mReporter(&reporter),
+      mMessenger(messenger),
       mLastError(reporter.lastError()),
-      mObjectName(reporter.objectName()),
       mProcedure(procedure),
       mEntry(kind == Entry) {
   if (!mEntry) return;
@@ -22,15 +27,18 @@ Procedure::~Procedure() {
 }
 
 std::string Procedure::prefix() const {
-  if (mObjectName.empty()) return std::string(mProcedure);
-  return std::string(mObjectName) + " " + std::string(mProcedure) + ": ";
+  if (!mReporter) return std::string(mProcedure);
+  return std::string(mReporter->objectName()) + " " + std::string(mProcedure) + ": ";
 }
 
 void Procedure::report(const ErrorText& error) {
   if (mLastError) mLastError->error = error;
-  if (!mMessenger) return;
   try {
-    mMessenger->ReportError(prefix(), error.number, error.description);
+    if (mMessenger)
+      mMessenger->ReportError(prefix(), error.number, error.description);
+    else if (mReporter)
+      mReporter->dropped(std::string(mReporter->objectName()) + " " + std::string(mProcedure) + " - Error" + std::to_string(error.number) + ": " +
+                         error.description);
   } catch (...) {
     // The error channel itself has failed: there is nobody left to tell.
   }

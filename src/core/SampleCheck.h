@@ -7,7 +7,10 @@
 #include "platform/types/Messenger.h"
 #include "platform/xml/Document.h"
 
+// What an answer says of a sample and of the calibration that follows it, the same on both buses.
 namespace ostrand {
+
+inline constexpr const char* kCalibrated = "calibrationWasSuccessfullPleaseUpdateRecipesView";
 
 // The float value of an item; error 91 if it has none, 13 if it is no number.
 double floatOf(const Node& item, const Locale& locale);

@@ -1,4 +1,4 @@
-#include "bus/SampleCheck.h"
+#include "core/SampleCheck.h"
 
 #include "core/modTools.h"
 #include "platform/base/RuntimeError.h"
