@@ -10,20 +10,23 @@ namespace ostrand {
 class BusProcedure : public Procedure {
  public:
   BusProcedure(Reporter& reporter, std::string_view procedure, const Ref<IBusDependent>& bus)
-      : Procedure(reporter, procedure), mAtEntry(bus), mNow(bus) {}
-  // An entry within another one, by what the outer one has pinned and whatever has become of the view since.
+      : Procedure(reporter, procedure), mNow(bus), mAtEntry(bus) {}
+  // An entry within another one, which must be carried out although the view has been released since: by what the
+  // outer one has pinned.
   BusProcedure(Reporter& reporter, std::string_view procedure, const BusProcedure& outer)
-      : Procedure(reporter, procedure, outer.pinnedMessenger()), mAtEntry(outer.mAtEntry), mNow(mAtEntry) {}
+      : Procedure(reporter, procedure, outer.pinnedMessenger()), mNow(outer.mNow), mInstead(outer.mAtEntry) {}
 
   // The view's strategy of this moment, held while it is called; error 91 if there is none.
   Ref<IBusDependent> bus() const {
-    if (!mNow) throwNothingThere("the bus strategy");
-    return mNow;
+    const Ref<IBusDependent>& bus = mNow ? mNow : mInstead;
+    if (!bus) throwNothingThere("the bus strategy");
+    return bus;
   }
 
  private:
-  Ref<IBusDependent> mAtEntry;
   const Ref<IBusDependent>& mNow;
+  Ref<IBusDependent> mAtEntry;
+  Ref<IBusDependent> mInstead;
 };
 
 }  // namespace ostrand

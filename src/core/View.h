@@ -54,8 +54,8 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   virtual void messengerTaken(Procedure& proc) { (void)proc; }
   // What PrepareToRelease and the end of the view drop.
   virtual void clear();
-  // Whether the host has taken its messenger back, or given another, since this entry began.
-  bool isReleased(const Procedure& proc) const { return mMessenger != proc.pinnedMessenger(); }
+  // Whether the host has taken its messenger back since this entry began.
+  bool isReleased(const Procedure& proc) const { return proc.pinnedMessenger() && !mMessenger; }
   // Whether the frame with this key is in front, whatever was selected last.
   bool isInFront(std::string_view key) const { return front() && front()->Tag() == key; }
 

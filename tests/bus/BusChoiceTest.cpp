@@ -69,15 +69,16 @@ TEST_F(BusChoiceTest, AnAbsentStrategyIsError91) {
   EXPECT_FALSE(proc.step([&] { proc.bus(); }));
 }
 
-TEST_F(BusChoiceTest, AnEntryUsesTheStrategyOfTheMomentAndAnInnerOneThatOfTheEntry) {
+TEST_F(BusChoiceTest, AnEntryUsesTheStrategyOfTheMomentAndAfterAReleaseAnInnerOneThatOfTheEntry) {
   choose(dataSet("", "", "", "DPV1"));
   BusProcedure proc(*view, "p", bus);
+  BusProcedure inner(*view, "q", proc);
   choose(dataSet("", "", "", "HART"));
   EXPECT_EQ(proc.bus()->GetBusType(), "Hart");
+  EXPECT_EQ(inner.bus()->GetBusType(), "Hart");
   view->PrepareToRelease();
   bus = nullptr;
   EXPECT_THROW(proc.bus(), RuntimeError);
-  BusProcedure inner(*view, "q", proc);
   EXPECT_EQ(inner.bus()->GetBusType(), "Profibus");
   EXPECT_EQ(inner.pinnedMessenger(), Ref<Messenger>(messenger)) << "that of the outer entry";
 }

@@ -126,10 +126,10 @@ const std::map<std::string, Table>& tables() {
                  "cteSensorLimits(6) ctr_limitWaterALaserLow < limitWaterALaserLabel", "cteSensorLimits(7) ctr_limitWaterALaserHigh",
                  "cteSensorLimits(8) ctr_limitWaterSLaserLow < limitWaterSLaserLabel", "cteSensorLimits(9) ctr_limitWaterSLaserHigh"} +
            frame(2, "waterValues", "waterValues", "waterValues") +
-           Table{"cteWaterValues(8) ctr_waterDLedV < waterVLabel waterFiltLabel", "cteWaterValues(9) ctr_waterDLedFilt",
-                 "cteWaterValues(0) ctr_waterALedV", "cteWaterValues(4) ctr_waterALedFilt", "cteWaterValues(1) ctr_waterSLedV",
-                 "cteWaterValues(5) ctr_waterSLedFilt", "cteWaterValues(2) ctr_waterALaserV", "cteWaterValues(6) ctr_waterALaserFilt",
-                 "cteWaterValues(3) ctr_waterSLaserV", "cteWaterValues(7) ctr_waterSLaserFilt"} +
+           Table{"cteWaterValues(8) ctr_waterDLedV < waterVLabel waterFiltLabel ", "cteWaterValues(9) ctr_waterDLedFilt",
+                 "cteWaterValues(0) ctr_waterALedV < ", "cteWaterValues(4) ctr_waterALedFilt", "cteWaterValues(1) ctr_waterSLedV < ",
+                 "cteWaterValues(5) ctr_waterSLedFilt", "cteWaterValues(2) ctr_waterALaserV < ", "cteWaterValues(6) ctr_waterALaserFilt",
+                 "cteWaterValues(3) ctr_waterSLaserV < ", "cteWaterValues(7) ctr_waterSLaserFilt"} +
            Table{"frmViews(3) deviceStatus", "labels statusTree", "ctrDateLabels(3) date_deviceStatus", "CtrStatus1 deviceStatus"}},
   };
   return all;

@@ -60,7 +60,7 @@ void QtDesktop::setLeaping(bool leaping) {
 bool QtDesktop::leap() {
   if (mTimers.empty()) return false;
   mStart = std::max(mStart, mTimers.nextDue());
-  mTimers.runNext();
+  mTimers.runNext(*this);
   return true;
 }
 
