@@ -50,8 +50,9 @@ void View::resized() {
 void View::SetMessenger(const Ref<Messenger>& messenger) {
   Procedure proc(*this, "ITaviComponent_SetMessenger", messenger);
   proc.step([&] { changeMessenger(mMessenger, proc.pinnedMessenger(), *this); });
-  if (!isReleased(proc)) proc.step([&] { modView::setMessenger(*this, proc.pinnedMessenger()); });
-  if (!isReleased(proc)) messengerTaken(proc);
+  const auto isTaken = [&] { return mMessenger == proc.pinnedMessenger(); };
+  if (isTaken()) proc.step([&] { modView::setMessenger(*this, proc.pinnedMessenger()); });
+  if (isTaken()) messengerTaken(proc);
 }
 
 void View::dropped(const std::string& text) { modTools::DropTrace(text); }
