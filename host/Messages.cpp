@@ -39,9 +39,9 @@ Node beginAnswer(const Document& request) {
   return answer;
 }
 
-std::vector<MessageItem> itemsBelow(const Node& element) {
+std::vector<MessageItem> itemsBelow(const Node& parent) {
   std::vector<MessageItem> items;
-  for (Node item = element ? element.firstChild() : nullptr; item; item = item.nextSibling()) {
+  for (Node item = parent ? parent.firstChild() : nullptr; item; item = item.nextSibling()) {
     if (item.name() != "comm:item") continue;
     MessageItem& each = items.emplace_back();
     each.name = attribute(item, "name");
