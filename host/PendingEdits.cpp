@@ -6,7 +6,7 @@ namespace {
 
 void collect(ITaviView& view, std::vector<EditControl*>& edits) {
   for (Control* const control : view.GetControls()) {
-    if (auto* const edit = dynamic_cast<EditControl*>(control); edit && edit->Modified()) edits.push_back(edit);
+    if (auto* const edit = dynamic_cast<EditControl*>(control); edit && edit->Modified() && !edit->info().readOnly) edits.push_back(edit);
     if (ITaviView* const nested = control->view(); nested && nested != &view) collect(*nested, edits);
   }
 }

@@ -7,7 +7,8 @@
 
 namespace ostrand {
 
-// The edits of a view, nested components included, that the user has changed and not yet applied.
+// The edits of a view, nested components included, that the user has changed and not yet applied. What the
+// device lets nobody write is none of the user's, though a view may have emptied it.
 std::vector<EditControl*> pendingEdits(ITaviView* view);
 
 }  // namespace ostrand

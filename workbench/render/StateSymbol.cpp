@@ -16,7 +16,9 @@ constexpr double kGap = 4;
 
 ValueStates statesOf(const EditControl& edit, std::optional<ValueState> kept) {
   ValueStates states;
-  const bool edited = edit.Modified();
+  // What the device lets nobody write has only been emptied by its view, until it is read again.
+  const bool emptied = edit.info().readOnly && edit.Modified();
+  const bool edited = edit.Modified() && !emptied;
   const bool wrong = !edit.Correct();
   if (edited && wrong)
     states.value = ValueState::Wrong;
@@ -28,7 +30,7 @@ ValueStates statesOf(const EditControl& edit, std::optional<ValueState> kept) {
     states.value = ValueState::Wrong;
   else if (kept)
     states.value = *kept;
-  else if (edit.syncWord() != SyncWord::kNotRead)
+  else if (edit.syncWord() != SyncWord::kNotRead && !emptied)
     states.value = ValueState::Read;
   if (edit.ReadOnly())
     states.access = ValueState::ReadOnly;
