@@ -69,7 +69,7 @@ CompareDialog::CompareDialog(Workbench& workbench, QWidget* parent)
   column().addWidget(mTable, 1);
   column().addWidget(buttons);
   mTable->setFocus();
-  resize(860, 560);
+  openAs(860, 560);
   host().observers().add(*this);
 }
 

@@ -1,6 +1,7 @@
 #include "workbench/dialogs/DeviceDialog.h"
 
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace ostrand {
@@ -26,6 +27,11 @@ DeviceDialog::DeviceDialog(Workbench& workbench, const char* title, QWidget* par
 DeviceDialog::~DeviceDialog() {
   mWorkbench.deviceChanged.disconnect(mDeviceChanged);
   mWorkbench.settingsChanged.disconnect(mSettingsChanged);
+}
+
+void DeviceDialog::openAs(int width, int height) {
+  const QSize wanted = QSizeF(QSizeF(width, height) * mWorkbench.settings().scale).toSize();
+  resize(screen() ? wanted.boundedTo(screen()->availableSize()) : wanted);
 }
 
 QString DeviceDialog::whyNoWriting() const { return mDevice.host().session().level < 3 ? mTexts.say("Needs user level 3 or more") : QString(); }

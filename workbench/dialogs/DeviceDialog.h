@@ -24,6 +24,8 @@ class DeviceDialog : public QDialog {
   const Texts& texts() const { return mTexts; }
   // What stands below the first line.
   QVBoxLayout& column() const { return *mColumn; }
+  // As large as this at scale 1, as far as the screen allows.
+  void openAs(int width, int height);
   // Why this user may not write; empty if he may.
   QString whyNoWriting() const;
   // The user's settings have changed, his level among them.

@@ -59,7 +59,7 @@ FaultsDialog::FaultsDialog(Workbench& workbench, const Theme& theme, QWidget* pa
   column().addLayout(form);
   column().addStretch(1);
   column().addWidget(buttons);
-  resize(480, 320);
+  openAs(480, 320);
   describe();
 }
 

@@ -31,7 +31,7 @@ TransferDialog::TransferDialog(Workbench& workbench, QWidget* parent)
   column().addWidget(mProgress);
   column().addWidget(mFailures, 1);
   column().addWidget(buttons);
-  resize(860, 420);
+  openAs(860, 420);
   host().observers().add(*this);
 }
 

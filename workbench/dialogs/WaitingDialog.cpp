@@ -37,17 +37,19 @@ WaitingDialog::WaitingDialog(Workbench& workbench, QWidget* parent)
   column().addWidget(mNote);
   column().addWidget(mList, 1);
   column().addWidget(buttons);
-  resize(920, 480);
+  openAs(1040, 480);
 }
 
 void WaitingDialog::begin() {
   if (!mWriting) {
     mChanges = device().waiting();
     mList->clear();
+    // All rows are as high as the first one was when it was measured.
+    mList->ensurePolished();
     const QSignalBlocker quiet(mList);
     for (const Change& change : mChanges) addRow(change);
     for (const EditControl* const edit : device().leftOut()) addLeftOut(*edit);
-    for (int each = 0; each < kColumns; ++each) mList->resizeColumnToContents(each);
+    fitColumns();
     mList->setCurrentItem(mList->topLevelItem(0));
   }
   refresh();
@@ -98,6 +100,11 @@ void WaitingDialog::addLeftOut(const EditControl& edit) {
   settle(*row, edit.Correct() ? texts().say("Left out: leaves by the button of its page") : texts().say("Left out: wrong value"), false);
 }
 
+// The results take the room that is left.
+void WaitingDialog::fitColumns() {
+  for (int each = 0; each < Result; ++each) mList->resizeColumnToContents(each);
+}
+
 const Change& WaitingDialog::changeOf(const QTreeWidgetItem& row) const { return mChanges[static_cast<std::size_t>(mList->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)))]; }
 
 std::vector<QTreeWidgetItem*> WaitingDialog::ticked() const {
@@ -130,7 +137,7 @@ void WaitingDialog::settle(QTreeWidgetItem& row, const QString& result, bool wai
 }
 
 void WaitingDialog::changed() {
-  for (int each = 0; each < kColumns; ++each) mList->resizeColumnToContents(each);
+  fitColumns();
   refresh();
   if (onChanged) onChanged();
 }

@@ -39,6 +39,7 @@ class WaitingDialog : public DeviceDialog {
   void refresh();
   void finish();
   void changed();
+  void fitColumns();
   void settle(QTreeWidgetItem& row, const QString& result, bool waits);
   std::vector<QTreeWidgetItem*> ticked() const;
   const Change& changeOf(const QTreeWidgetItem& row) const;

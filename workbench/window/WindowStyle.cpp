@@ -7,8 +7,8 @@ namespace ostrand {
 QString windowStyle(const Theme& theme) {
   QString sheet = QStringLiteral(R"(
 QMainWindow, QDialog, QMessageBox { background: @window; }
-QLabel#qt_msgbox_label { font-weight: 600; min-width: @420px; padding: @8px @8px 0 0; }
-QLabel#qt_msgbox_informativelabel { min-width: @420px; padding-bottom: @8px; }
+QLabel#qt_msgbox_label { font-weight: 600; min-width: @300px; padding: @8px @8px 0 0; }
+QLabel#qt_msgbox_informativelabel { min-width: @300px; padding-bottom: @8px; }
 QDialog QTreeView::item { padding: @4px 0; }
 QMenuBar { background: @surface; border-bottom: 1px solid @line; padding: 2px 8px; }
 QMenuBar::item { padding: 5px 10px; border-radius: 4px; background: transparent; }
@@ -26,6 +26,7 @@ QToolButton:pressed, QToolButton:checked { background: @raised; border-color: @o
 QToolButton:focus { border-color: @accent; }
 QToolButton:disabled { color: @disabledText; }
 QToolButton::menu-indicator { image: none; }
+QToolButton#qt_toolbar_ext_button { padding: 0; }
 #plant { background: @surface; border: none; border-radius: 0; padding: 6px 0; }
 #plant { show-decoration-selected: 1; }
 #plant::item { padding: 4px 6px; border: none; }
@@ -59,7 +60,7 @@ QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; bo
   };
   for (const auto& [name, value] : colors) sheet.replace(QLatin1String(name), value.name());
   // What is left are distances: "@12px".
-  for (const int distance : {420, 8, 4}) sheet.replace(QStringLiteral("@%1px").arg(distance), QStringLiteral("%1px").arg(theme.px(distance)));
+  for (const int distance : {300, 8, 4}) sheet.replace(QStringLiteral("@%1px").arg(distance), QStringLiteral("%1px").arg(theme.px(distance)));
   return sheet;
 }
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QDialog>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -118,6 +119,20 @@ std::array<int, 4> toolBarLines(const MainWindow& window) {
   const auto& bar = *window.findChild<QToolBar*>();
   const QRect tool = bar.widgetForAction(bar.actions().front())->geometry();
   return {bar.height(), tool.left(), tool.top(), bar.height() - tool.bottom()};
+}
+
+TEST_F(DialogsTest, AnswersAreReadWholeAtTwiceTheSize) {
+  workbench->setLanguage("de");
+  workbench->setTheme(Theme::Kind::Light, 2.0);
+  inDialog([](QWidget& dialog) {
+    for (const QPushButton* const button : dialog.findChildren<QPushButton*>()) EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+    for (const QLabel* const label : dialog.findChildren<QLabel*>())
+      if (label->isVisible()) EXPECT_LE(label->mapTo(&dialog, QPoint(label->width(), 0)).x(), dialog.width()) << label->text().toStdString();
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+  });
+  EXPECT_EQ(workbench->prompt().choose(QStringLiteral("Es läuft noch etwas"), QStringLiteral("QC-1201: Ein Ausgang ist womöglich vorgegeben, oder eine Probenahme läuft."),
+                                       {QStringLiteral("Beenden und schließen"), QStringLiteral("Schließen und weiterlaufen lassen"), QStringLiteral("Hier bleiben")}),
+            2u);
 }
 
 TEST_F(DialogsTest, TheToolBarLooksTheSameAfterAnotherThemeAndBack) {
