@@ -126,10 +126,12 @@ std::vector<EditControl*> PlantDevice::leftOut() {
   return left;
 }
 
-std::size_t PlantDevice::keepEdits() {
-  if (mHost.dataSet()) mHost.keepTypedEdits();
-  const std::vector<EditControl*> edits = viewEdits();
-  return static_cast<std::size_t>(std::count_if(edits.begin(), edits.end(), [](const EditControl* each) { return !each->Correct(); }));
+std::set<std::string> PlantDevice::keepEdits() {
+  std::set<std::string> left;
+  if (mHost.dataSet())
+    for (const LeftOut& each : mHost.keepTypedEdits()) left.insert(each.name);
+  for (const EditControl* const edit : leftOut()) left.emplace(edit->parameterName());
+  return left;
 }
 
 void PlantDevice::dropEdit(const std::string& parameter) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include "host/DeviceStatus.h"
@@ -67,8 +68,9 @@ class PlantDevice {
   std::size_t waitingCount();
   // Edits on the pages that do not go with the others: values with a button of their own, and wrong ones.
   std::vector<EditControl*> leftOut();
-  // Takes what is typed on the pages into the data set, for its file. Gives how many values could not be taken: wrong ones.
-  std::size_t keepEdits();
+  // Takes what is typed on the pages into the data set, for its file. Gives the parameters that it did not take: wrong values, and
+  // those that leave by a button of their own.
+  std::set<std::string> keepEdits();
   // Takes back one of them, wherever it stands. It is shown as the device has it.
   void dropEdit(const std::string& parameter);
   // What the data set keeps for the device beside what the edit shows.

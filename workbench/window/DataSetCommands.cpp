@@ -40,12 +40,13 @@ bool DataSetCommands::saveAs(PlantDevice& device) {
   return file && write(device, mUser.say("%1 could not be saved; a file that was there is as it was").arg(fileName(*file)), [&] { dataSet->saveAs(*file); });
 }
 
-// What is typed on the pages goes into the file too; what is wrong cannot, and stays on its page.
+// What is typed on the pages goes into the file too. What it cannot take stays on its page, and is told.
 bool DataSetCommands::write(PlantDevice& device, const QString& trying, const std::function<void()>& save) {
-  const std::size_t wrong = device.keepEdits();
+  QStringList left;
+  for (const std::string& parameter : device.keepEdits()) left << mWorkbench.texts()(parameter);
   if (!mUser.attempt(trying, save)) return false;
   const QString file = fileName(device.host().dataSet()->file());
-  mUser.remark(wrong == 0 ? mUser.say("%1 is saved").arg(file) : mUser.say("%1 is saved, but without %2 wrong values").arg(file).arg(wrong));
+  mUser.remark(left.isEmpty() ? mUser.say("%1 is saved").arg(file) : mUser.say("%1 is saved, but without: %2").arg(file, left.join(QStringLiteral(", "))));
   return true;
 }
 

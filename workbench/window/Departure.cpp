@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/controls/EditControl.h"
+
 namespace ostrand {
 
 namespace {
@@ -49,8 +51,21 @@ void Departure::warnOfForcedOutput(PlantDevice& device) const {
              mUser.say("%1 has not answered that its loop test is over. Read the device, or stop the test there, before the loop goes back to automatic control.").arg(qt(device.title())));
 }
 
+bool Departure::mayHandIn(PlantDevice& device) const {
+  if (!device.outputs().holdsDocuments()) return true;
+  const QString title = mUser.say("A loop test may still drive the output");
+  if (device.host().communication().device() && device.status().answers()) {
+    mUser.tell(title, mUser.say("%1: stop the test first. Until then no edit is discarded and no other data set is opened: the page of the test needs its values to stop it.").arg(qt(device.title())));
+    return false;
+  }
+  const QString message = mUser.say("%1 does not answer. Look at the device itself: go on only if its output follows the measurement.").arg(qt(device.title()));
+  if (mWorkbench.prompt().choose(title, message, {mUser.say("I have seen that the output is free"), mUser.say("Stay here")}) != 0) return false;
+  device.outputs().confirmedByUser();
+  return true;
+}
+
 bool Departure::mayReplaceDataSet(PlantDevice& device) const {
-  return mayLose({&device}, {mUser.say("Save it first"), mUser.say("Open without saving"), mUser.say("Stay here")});
+  return mayHandIn(device) && mayLose({&device}, {mUser.say("Save it first"), mUser.say("Open without saving"), mUser.say("Stay here")});
 }
 
 bool Departure::mayLose(const std::vector<PlantDevice*>& devices, const QStringList& answers) const {
@@ -59,8 +74,17 @@ bool Departure::mayLose(const std::vector<PlantDevice*>& devices, const QStringL
   if (unsaved.empty()) return true;
   const QString message = mUser.say("%1: values have been edited, read or written since the data set was saved last.").arg(titles(unsaved));
   const std::size_t answer = mWorkbench.prompt().choose(mUser.say("There are values that nobody has saved"), message, answers);
-  if (answer == 0) return std::all_of(unsaved.begin(), unsaved.end(), [this](PlantDevice* each) { return save && save(*each); });
+  if (answer == 0) return std::all_of(unsaved.begin(), unsaved.end(), [this](PlantDevice* each) { return save && save(*each) && mayLoseTheRest(*each); });
   return answer == 1;
+}
+
+// What no file takes, and the page alone keeps.
+bool Departure::mayLoseTheRest(PlantDevice& device) const {
+  QStringList names;
+  for (const EditControl* const edit : device.leftOut()) names << mWorkbench.texts()(std::string(edit->parameterName()));
+  if (names.isEmpty()) return true;
+  const QString message = mUser.say("%1: the data set is saved, but without: %2").arg(qt(device.title()), names.join(QStringLiteral(", ")));
+  return mWorkbench.prompt().choose(mUser.say("There are values that nobody has saved"), message, {mUser.say("Go on without them"), mUser.say("Stay here")}) == 0;
 }
 
 bool Departure::mayClose(std::function<void()> close) const {

@@ -18,6 +18,9 @@ class Departure {
   bool mayLeave(const PlantTree::Place& place) const;
   // Tells the user if an output may be forced where nobody looks at it any more, when what was on its way has been answered.
   void warnOfForcedOutput(PlantDevice& device) const;
+  // Tells why no document may be handed to the device's views now: a loop test may drive, and they keep what stops it. Of a device
+  // that says nothing any more the user is asked what he sees there.
+  bool mayHandIn(PlantDevice& device) const;
   // Asks because of values that would be lost.
   bool mayReplaceDataSet(PlantDevice& device) const;
   // Asks because of outputs that may be forced and of values that would be lost; true if the window may close. `close` is called
@@ -31,6 +34,7 @@ class Departure {
   bool mayLeaveRunning(const std::vector<PlantDevice*>& acting, std::function<void()> close) const;
   // The answers: save, go on without, stay.
   bool mayLose(const std::vector<PlantDevice*>& devices, const QStringList& answers) const;
+  bool mayLoseTheRest(PlantDevice& device) const;
   void stopAll(const std::vector<PlantDevice*>& devices, std::function<void()> close) const;
 
   Workbench& mWorkbench;

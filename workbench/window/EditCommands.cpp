@@ -24,6 +24,7 @@ void EditCommands::undo() {
 
 void EditCommands::discardAll() {
   mPanel.commit();
+  if (!mDeparture.mayHandIn(mWorkbench.current())) return;
   const QString message = mUser.say("All values go back to what the data set last knew of the device.");
   if (mWorkbench.prompt().choose(mUser.say("Discard all edits?"), message, {mUser.say("Discard them"), mUser.say("Keep them")}) != 0) return;
   mUser.attempt(mUser.say("The edits could not be discarded"), [&] { mWorkbench.host().discardEdits(); });

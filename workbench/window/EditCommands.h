@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <functional>
 
+#include "workbench/window/Departure.h"
 #include "workbench/window/TransferCommands.h"
 
 namespace ostrand {
@@ -12,8 +13,8 @@ class WaitingDialog;
 // Edits that the device has not been told: taking them back, and applying them.
 class EditCommands {
  public:
-  EditCommands(Workbench& workbench, ViewPanel& panel, const UserTalk& user, TransferCommands& transfers, QWidget& window)
-      : mWorkbench(workbench), mPanel(panel), mUser(user), mTransfers(transfers), mWindow(window) {}
+  EditCommands(Workbench& workbench, ViewPanel& panel, const UserTalk& user, const Departure& departure, TransferCommands& transfers, QWidget& window)
+      : mWorkbench(workbench), mPanel(panel), mUser(user), mDeparture(departure), mTransfers(transfers), mWindow(window) {}
 
   void undo();
   void discardAll();
@@ -30,6 +31,7 @@ class EditCommands {
   Workbench& mWorkbench;
   ViewPanel& mPanel;
   const UserTalk& mUser;
+  const Departure& mDeparture;
   TransferCommands& mTransfers;
   QWidget& mWindow;
   QPointer<WaitingDialog> mWaiting;

@@ -35,7 +35,7 @@ MainWindow::MainWindow(Workbench& workbench)
       mDataSets(workbench, *mPanel, mUser, mDeparture),
       mTranscripts(workbench, *mPanel, mUser, *this, [this] { showFront(); }),
       mTransfers(workbench, *mPanel, mUser, *this),
-      mEdits(workbench, *mPanel, mUser, mTransfers, *this),
+      mEdits(workbench, *mPanel, mUser, mDeparture, mTransfers, *this),
       mConnection(workbench, *mPanel, *this),
       mFileMenu(*this, *mTools, {mDataSets, mTranscripts}, workbench, *mPanel, mUser),
       mDeviceMenu(*this, *mTools, {mTransfers, mEdits, mConnection}, workbench),

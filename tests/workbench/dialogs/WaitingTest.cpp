@@ -196,6 +196,30 @@ TEST_F(WaitingTest, AWrongValueSaysItsLimitsAtTheField) {
   grab("wrong");
 }
 
+TEST_F(WaitingTest, ARowHasRoomForItsTick) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  dataSet().edit("damping", "5.5");
+  review();
+  EXPECT_GE(dialog().list().visualItemRect(row("damping")).height(), dialog().list().fontMetrics().height() + 8);
+}
+
+TEST_F(WaitingTest, WhatTheFileCannotTakeIsNamed) {
+  ASSERT_TRUE(show("calibration", "recipes"));
+  typeInto("cteSlope(0)", QStringLiteral("99999"));
+  QTest::keyClick(window.get(), Qt::Key_S, Qt::ControlModifier);
+  pump();
+  EXPECT_THAT(window->status().statusText().toStdString(), HasSubstr("but without: Recipe 1 slope P1"));
+  std::vector<std::string> questions;
+  workbench->prompt().standIn = [&](const std::string&, const std::string& message) {
+    questions.push_back(message);
+    return message.find("but without") == std::string::npos ? UserPrompt::kGoOn : UserPrompt::kStop;
+  };
+  EXPECT_FALSE(window->close());
+  ASSERT_FALSE(questions.empty());
+  EXPECT_THAT(questions.back(), HasSubstr("but without: Recipe 1 slope P1"));
+  EXPECT_TRUE(window->isVisible()) << "it was saved first, and the value that no file has is still there";
+}
+
 TEST_F(WaitingTest, WhatIsTypedIsInTheFileThatIsSaved) {
   window->connection().setMode(10);
   typeInto(kDescription, QStringLiteral("LINE 3"));

@@ -161,7 +161,9 @@ TEST_F(MeasurementTest, OpeningADataSetAsksOnlyForTheEditsOfItsDevice) {
   EXPECT_TRUE(workbench->current().hasUnsavedValues());
   nextFile = data / "devices" / "hartBlade.xml";
   window->dataSets().open();
-  EXPECT_EQ(asked.size(), 1u);
+  ASSERT_EQ(asked.size(), 2u);
+  EXPECT_THAT(asked[0], HasSubstr("nobody has saved"));
+  EXPECT_THAT(asked[1], HasSubstr("but without: Active recipe")) << "it leaves by its button, and no file takes it";
 }
 
 TEST_F(MeasurementTest, AnEditIsUndone) {

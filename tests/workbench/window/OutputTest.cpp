@@ -109,6 +109,70 @@ TEST_F(OutputTest, AfterACleanStopNothingIsStillRunning) {
   EXPECT_THAT(asked, Not(Contains(HasSubstr("running"))));
 }
 
+TEST_F(OutputTest, NoDocumentReachesThePageOfARunningTest) {
+  startLoopTest();
+  window->edits().discardAll();
+  ASSERT_EQ(asked.size(), 1u) << "the reason, and no question before it";
+  EXPECT_THAT(asked[0], AllOf(HasSubstr("stop the test first"), HasSubstr("QC-1201")));
+  asked.clear();
+  pump();
+  workbench->host().dataSet()->edit("damping", "5.5");
+  nextFile = workbench->host().dataSet()->file();
+  QTest::keyClick(window.get(), Qt::Key_O, Qt::ControlModifier);
+  pump();
+  ASSERT_EQ(asked.size(), 1u);
+  EXPECT_THAT(asked[0], HasSubstr("stop the test first"));
+  EXPECT_EQ(workbench->host().dataSet()->offlineValue("damping"), "5.5");
+  asked.clear();
+  clickOn("cmdStopLoopTest");
+  window->edits().discardAll();
+  EXPECT_THAT(asked, Contains(HasSubstr("Discard all edits")));
+  EXPECT_EQ(workbench->host().dataSet()->offlineValue("damping"), "");
+}
+
+TEST_F(OutputTest, WhoHasSeenASilentDeviceMayGoOnAndTheWarningStays) {
+  startLoopTest();
+  simulated().setFault("silent", "");
+  clickOn("cmdStopLoopTest");
+  ASSERT_TRUE(until([&] { return !workbench->current().status().answers(); }));
+  settle();
+  asked.clear();
+  answer = UserPrompt::kStop;
+  window->edits().discardAll();
+  ASSERT_EQ(asked.size(), 1u);
+  EXPECT_THAT(asked[0], HasSubstr("Look at the device itself"));
+  EXPECT_TRUE(workbench->current().outputs().holdsDocuments());
+  answer = UserPrompt::kGoOn;
+  window->edits().discardAll();
+  EXPECT_THAT(asked, Contains(HasSubstr("Discard all edits")));
+  EXPECT_FALSE(workbench->current().outputs().holdsDocuments());
+  EXPECT_TRUE(banner().isVisible()) << "the device has not said so";
+}
+
+TEST_F(OutputTest, AQuestionOfAPageIsAnsweredByWhatItsButtonsSay) {
+  ASSERT_TRUE(show("diagnostics", "loopTest"));
+  typeInto("cteLoopTest", "12");
+  workbench->prompt().standIn = nullptr;
+  inDialog([](QWidget& dialog) {
+    QStringList answers;
+    for (const QPushButton* const button : dialog.findChildren<QPushButton*>()) answers << button->text() + (button->isDefault() ? QStringLiteral("*") : QString());
+    EXPECT_EQ(answers, (QStringList{QStringLiteral("Start the test"), QStringLiteral("Start nothing*")}));
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  clickOn("cmdLoopTest");
+  EXPECT_FALSE(workbench->current().outputs().mayBeForced());
+}
+
+TEST_F(OutputTest, ASampleThatRunsLeavesNothingToBeWritten) {
+  PlantDevice& transmitter = device("profibusBlade");
+  ASSERT_TRUE(show(transmitter, "calibration", "sampling"));
+  clickOn("Sample1Button(0)");
+  ASSERT_TRUE(until([&] { return transmitter.outputs().sampling(); }));
+  settle();
+  EXPECT_EQ(transmitter.waitingCount(), 0u) << "the device lets nobody write its samples";
+  grab("sampling");
+}
+
 TEST_F(OutputTest, ASimulationIsWatchedAskedForAndFreed) {
   PlantDevice& block = device("profibusBlade");
   ASSERT_TRUE(show(block, "measurement", "activeRecipe"));
