@@ -99,7 +99,7 @@ Action actionOf(const Document& request, const DataSet* dataSet, const std::opti
   for (const MessageItem& item : items) {
     if (const OutputRule* const rule = outputRule(item.name)) {
       action.about.insert(item.name);
-      const bool frees = outputValue(*rule, item.value) == OutputValue::Frees;
+      const bool frees = requestedValue(item.value) == OutputValue::Frees;
       onlyStops = onlyStops && frees;
       // A value of zero beside others of its page is set like those.
       acts = acts || !frees || rule->kind == OutputKind::LoopTest;

@@ -1,7 +1,10 @@
 #include "host/AnswerRoutes.h"
 
+#include <functional>
+
 #include "host/DataSet.h"
 #include "host/Messages.h"
+#include "host/OutputRules.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
@@ -13,9 +16,23 @@ constexpr const char* kValues = "values";
 // Where a final answer of this name says that the device has been calibrated.
 bool isVerdict(const std::string& name) { return name == "laboratoryResults" || name == "temperatureCalibration"; }
 
-// What the device says of the last action and of a sample is meant for whoever acted.
+// What only the answer to a write proves: a reading of a test value says nothing of the test.
+bool provesNothing(std::string_view item) {
+  const OutputRule* const rule = outputRule(item);
+  return rule && !rule->canBeRead;
+}
+
+// What the device says of the last action, of a sample and of a test is meant for whoever acted.
 bool isOfAction(std::string_view item) {
-  return item.starts_with("actionStatus") || (item.starts_with("sample") && (item.ends_with("Quality") || item.ends_with("Deviation")));
+  return provesNothing(item) || item.starts_with("actionStatus") || (item.starts_with("sample") && (item.ends_with("Quality") || item.ends_with("Deviation")));
+}
+
+void removeItems(const Node& response, const std::function<bool(std::string_view name)>& which) {
+  for (Node item = response.firstChild(); item;) {
+    const Node next = item.nextSibling();
+    if (which(item.findAttribute("name").value_or(""))) item.remove();
+    item = next;
+  }
 }
 
 }  // namespace
@@ -35,7 +52,9 @@ Document AnswerRoutes::forView(const std::string& view) const {
 Document AnswerRoutes::whole() const {
   const Document copy = mAnswer.copy();
   const bool isOwnReading = mRequest.asker.empty() && !mRequest.write && !mIsError;
-  if (isOwnReading && isVerdict(mRequest.name)) response(copy).setAttribute("isFinal", "0");
+  if (!isOwnReading) return copy;
+  if (isVerdict(mRequest.name)) response(copy).setAttribute("isFinal", "0");
+  removeItems(response(copy), provesNothing);
   return copy;
 }
 
@@ -44,17 +63,8 @@ Document AnswerRoutes::values() const {
   const Node part = response(copy);
   part.setAttribute("name", kValues);
   part.setAttribute("isFinal", "0");
-  bool isEmpty = true;
-  for (Node item = part.firstChild(); item;) {
-    const Node next = item.nextSibling();
-    const std::string name(item.findAttribute("name").value_or(""));
-    if (isOfAction(name) || !mDataSet || !mDataSet->has(name))
-      item.remove();
-    else
-      isEmpty = false;
-    item = next;
-  }
-  return isEmpty ? Document() : copy;
+  removeItems(part, [this](std::string_view name) { return isOfAction(name) || !mDataSet || !mDataSet->has(name); });
+  return part.firstChild() ? copy : Document();
 }
 
 }  // namespace ostrand

@@ -18,9 +18,17 @@ std::vector<MessageItem> askedFor(const Request& request, const DataSet& dataSet
 // The item of a loop test that no device could take for a value; empty if there is none.
 std::string testWithoutNumber(const Document& request) {
   for (const MessageItem& item : itemsOf(request))
-    if (const OutputRule* const rule = outputRule(item.name); rule && rule->kind == OutputKind::LoopTest && outputValue(*rule, item.value) == OutputValue::NoNumber)
+    if (const OutputRule* const rule = outputRule(item.name); rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) == OutputValue::NoNumber)
       return item.name;
   return {};
+}
+
+// Only the device can tell that a sample or a test has come to its end.
+bool needsDevice(const Action& stop) {
+  return std::any_of(stop.about.begin(), stop.about.end(), [](const std::string& each) {
+    const OutputRule* const rule = outputRule(each);
+    return each == kSample || (rule && !rule->canBeRead);
+  });
 }
 
 }  // namespace
@@ -56,7 +64,7 @@ std::string Communication::submit(Request request) {
   request.id = ++mLastId;
   const std::vector<MessageItem> items = mDataSet ? askedFor(request, *mDataSet) : itemsOf(request.document);
   request.itemCount = static_cast<int>(items.size());
-  request.action = actionOf(request.document, dataSet(), mSamples.running());
+  request.action = actionOf(request.document, dataSet(), mSamples.runningOrWaiting());
   const std::string reason = reasonAgainst(request);
   if (!reason.empty()) {
     mObservers.tell([&](HostObserver& each) { each.requestRefused(request, reason); });
@@ -70,7 +78,7 @@ std::string Communication::submit(Request request) {
   return {};
 }
 
-// A stop that nobody can hear is taken like any other value.
+// A value that is set to stop something may be set in the data set too, where there is no device.
 bool Communication::goesToDevice(const Request& request) const {
   return !isLocal() || (request.action.effect == Effect::Stops && device());
 }
@@ -78,6 +86,7 @@ bool Communication::goesToDevice(const Request& request) const {
 std::string Communication::reasonAgainst(const Request& request) const {
   const Effect effect = request.action.effect;
   if (effect == Effect::Stops && device()) return "";
+  if (effect == Effect::Stops && needsDevice(request.action)) return "no device is connected";
   if (effect != Effect::Stops && (request.write || effect == Effect::Acts) && !mSession.mayWrite()) return "the user level does not allow to write";
   if (const std::string item = request.write ? testWithoutNumber(request.document) : ""; !item.empty()) return "the test value of " + item + " is no number";
   if (mBusy) return "the communication is busy";
@@ -152,14 +161,15 @@ void Communication::finished(const Request& request, Outcome outcome) {
   const Request* const next = mQueue.underWay();
   if (!request.statusKey.empty() && (!next || next->statusKey.empty())) mObservers.tell([](HostObserver& each) { each.progress("", 0, 0); });
   mObservers.tell([&](HostObserver& each) { each.requestFinished(request, outcome); });
-  const bool unanswered = outcome == Outcome::NoAnswer || outcome == Outcome::Cancelled;
+  const bool unanswered = outcome == Outcome::NoAnswer || outcome == Outcome::Cancelled || outcome == Outcome::Withdrawn;
   if (unanswered) {
     std::vector<std::string> names;
     for (const MessageItem& item : itemsOf(request.document)) names.push_back(item.name);
     const Document error = makeErrorAnswer(request.document, "communicationError", names);
     if (request.onAnswer) request.onAnswer(error);
-    // The user knows what he has cancelled; a view that waits for its answer must still hear that there is none.
-    const bool told = outcome == Outcome::NoAnswer || !request.asker.empty();
+    // The user knows what he has cancelled; a view that waits for its answer must still hear that there is none. Not of what a
+    // stop has taken the place of: its answer is the one to wait for, and no message may stand before the stop.
+    const bool told = outcome == Outcome::NoAnswer || (outcome == Outcome::Cancelled && !request.asker.empty());
     if (!request.quiet && request.tellsFailure && told) mDeliver(request, error);
   }
   if (request.onFinished) request.onFinished(outcome);

@@ -82,7 +82,7 @@ void DeviceStatus::requestAnswered(const Request&, const Document& answer) {
 }
 
 void DeviceStatus::requestFinished(const Request& request, Outcome outcome) {
-  if (outcome == Outcome::Cancelled) return;
+  if (outcome == Outcome::Cancelled || outcome == Outcome::Withdrawn) return;
   heard(outcome != Outcome::NoAnswer);
   // What a view has asked for may have changed what the device says of itself: a sample, a test, a reset.
   if (!request.quiet && !request.asker.empty()) refresh();

@@ -22,11 +22,17 @@ const OutputRule* outputRule(std::string_view item) {
   return nullptr;
 }
 
-OutputValue outputValue(const OutputRule& rule, std::string_view text) {
+OutputValue requestedValue(std::string_view text) {
   const auto number = parseNumber(text, '.');
   if (!number) return OutputValue::NoNumber;
-  return rule.free == 0.0 ? (*number == 0.0 ? OutputValue::Frees : OutputValue::Forces)
-                          : (*number <= rule.free ? OutputValue::Frees : OutputValue::Forces);
+  return *number == 0.0 ? OutputValue::Frees : OutputValue::Forces;
+}
+
+OutputValue answeredValue(const OutputRule& rule, std::string_view text) {
+  const auto number = parseNumber(text, '.');
+  if (!number) return OutputValue::NoNumber;
+  const bool isFree = rule.free == 0.0 ? *number == 0.0 : *number <= rule.free;
+  return isFree ? OutputValue::Frees : OutputValue::Forces;
 }
 
 }  // namespace ostrand

@@ -12,7 +12,7 @@ struct OutputRule {
   std::string_view item;  // the name, or a tail of it if `isTail`
   bool isTail;
   OutputKind kind;
-  double free;       // values up to this free the output
+  double free;       // an answer up to this says that the output is free
   bool canBeRead;    // the device tells it when it is asked; of the others only the answer to a write says anything
 };
 
@@ -20,6 +20,9 @@ struct OutputRule {
 const OutputRule* outputRule(std::string_view item);
 
 enum class OutputValue { Forces, Frees, NoNumber };
-OutputValue outputValue(const OutputRule& rule, std::string_view text);
+// What a value does when it is asked for: 0 alone frees an output.
+OutputValue requestedValue(std::string_view text);
+// What a value that the device has answered says.
+OutputValue answeredValue(const OutputRule& rule, std::string_view text);
 
 }  // namespace ostrand

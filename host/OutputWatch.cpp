@@ -28,7 +28,8 @@ std::vector<ForcedOutput> OutputWatch::forced() const {
 }
 
 bool OutputWatch::holdsDocuments() const {
-  return std::any_of(mForced.begin(), mForced.end(), [](const auto& each) { return each.second.kind == OutputKind::LoopTest && !each.second.seenFreeByUser; });
+  return !mTestsWaiting.empty() ||
+         std::any_of(mForced.begin(), mForced.end(), [](const auto& each) { return each.second.kind == OutputKind::LoopTest && !each.second.seenFreeByUser; });
 }
 
 void OutputWatch::confirmedByUser() {
@@ -38,13 +39,24 @@ void OutputWatch::confirmedByUser() {
 
 // --- what the device is told, and what it says
 
+void OutputWatch::requestQueued(const Request& request) {
+  if (!request.write) return;
+  for (const MessageItem& item : itemsOf(request.document)) {
+    const OutputRule* const rule = outputRule(item.name);
+    if (rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) != OutputValue::Frees) mTestsWaiting.insert(request.id);
+  }
+}
+
+void OutputWatch::requestFinished(const Request& request, Outcome) { mTestsWaiting.erase(request.id); }
+
 void OutputWatch::requestSent(const Request& request) {
+  mTestsWaiting.erase(request.id);
   if (!request.write) return;
   bool moved = false;
   for (const MessageItem& item : itemsOf(request.document)) {
     const OutputRule* const rule = outputRule(item.name);
     // A text that is no number may be anything.
-    if (!rule || outputValue(*rule, item.value) == OutputValue::Frees) continue;
+    if (!rule || requestedValue(item.value) == OutputValue::Frees) continue;
     moved = true;
     mForced.try_emplace(item.name, Watched{rule->kind, request.id}).first->second.seenFreeByUser = false;
   }
@@ -65,12 +77,13 @@ void OutputWatch::take(const Request& request, const Document& answer) {
   for (const MessageItem& item : answeredItems(answer)) {
     const OutputRule* const rule = outputRule(item.name);
     if (!rule || (!request.write && !rule->canBeRead)) continue;
+    const OutputValue value = answeredValue(*rule, item.value);
+    if (value == OutputValue::NoNumber) continue;
     moved = true;
-    switch (outputValue(*rule, item.value)) {
-      case OutputValue::Frees: mForced.erase(item.name); break;
-      case OutputValue::Forces: mForced.insert_or_assign(item.name, Watched{rule->kind, 0}); break;
-      case OutputValue::NoNumber: moved = false; break;
-    }
+    if (value == OutputValue::Frees)
+      mForced.erase(item.name);
+    else
+      mForced.insert_or_assign(item.name, Watched{rule->kind, 0});
   }
   if (moved) changed();
 }

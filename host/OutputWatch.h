@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -57,7 +58,9 @@ class OutputWatch : private HostObserver {
     bool seenFreeByUser = false;
   };
 
+  void requestQueued(const Request& request) override;
   void requestSent(const Request& request) override;
+  void requestFinished(const Request& request, Outcome outcome) override;
   void requestAnswered(const Request& request, const Document& answer) override;
 
   void take(const Request& request, const Document& answer);
@@ -68,6 +71,7 @@ class OutputWatch : private HostObserver {
   SampleWatch& mSamples;
   Signal<>::Id mListening;
   std::map<std::string, Watched> mForced;  // by item
+  std::set<int> mTestsWaiting;             // requests with a test value that have not been sent yet
   std::shared_ptr<int> mAlive = std::make_shared<int>();
 };
 

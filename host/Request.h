@@ -13,7 +13,8 @@ enum class Outcome {
   Done,       // the last answer came
   Refused,    // the device answered with an error
   NoAnswer,   // the device did not answer, or not to the end
-  Cancelled,  // taken back before it was sent
+  Cancelled,  // taken back before it was answered: by the user, or with the device
+  Withdrawn,  // taken back before it was sent, for a stop about the same
 };
 
 // One request of a view or of the host, from the moment it was accepted until it is finished.

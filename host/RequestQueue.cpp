@@ -1,7 +1,6 @@
 #include "host/RequestQueue.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "host/Messages.h"
 #include "platform/base/RuntimeError.h"
@@ -12,7 +11,7 @@ namespace {
 
 bool isStop(const Request& request) { return request.action.effect == Effect::Stops; }
 
-// Whether a stop ends a request that waits: a write about the same, that is not itself a stop.
+// Whether a stop takes the place of a request that waits: one that acts on the same.
 bool ends(const Request& stop, const Request& waiting) {
   const auto shared = [&](const std::string& each) { return stop.action.about.contains(each); };
   return !isStop(waiting) && std::any_of(waiting.action.about.begin(), waiting.action.about.end(), shared);
@@ -37,37 +36,45 @@ void RequestQueue::connect(std::unique_ptr<Device> device) {
   // The old device lives until what it answered last has been handled.
   const std::unique_ptr<Device> before = std::exchange(mDevice, std::move(device));
   if (before) before->cancelAll();
-  cancelWaiting();
-  if (mCurrent && isStop(*mCurrent)) {
-    mCurrent->answers = mCurrent->itemsDone = 0;
-    mWaiting.push_front(*std::exchange(mCurrent, std::nullopt));
+  std::vector<Request> cancelled = takeOut([](const Request& waiting) { return !isStop(waiting); });
+  if (mCurrent) {
+    Request current = *std::exchange(mCurrent, std::nullopt);
+    current.answers = current.itemsDone = 0;
+    if (isStop(current))
+      mWaiting.push_front(std::move(current));
+    else
+      cancelled.push_back(std::move(current));
   }
-  if (mCurrent)
-    finish(Outcome::Cancelled);
-  else
-    sendNext();
+  sendNext();
+  tellFinished(cancelled, Outcome::Cancelled);
 }
 
 void RequestQueue::submit(Request request) {
   if (!mDevice) throwNothingThere("the device");
+  std::vector<Request> withdrawn;
   if (isStop(request)) {
-    cancel([stop = request](const Request& waiting) { return ends(stop, waiting); });
+    withdrawn = takeOut([&](const Request& waiting) { return ends(request, waiting); });
     mWaiting.insert(std::find_if_not(mWaiting.begin(), mWaiting.end(), isStop), std::move(request));
   } else {
     mWaiting.push_back(std::move(request));
   }
-  if (!mCurrent) sendNext();
+  sendNext();
+  tellFinished(withdrawn, Outcome::Withdrawn);
 }
 
 void RequestQueue::cancelWaiting() {
-  cancel([](const Request& waiting) { return !isStop(waiting); });
+  tellFinished(takeOut([](const Request& waiting) { return !isStop(waiting); }), Outcome::Cancelled);
 }
 
-void RequestQueue::cancel(const std::function<bool(const Request&)>& which) {
+std::vector<Request> RequestQueue::takeOut(const std::function<bool(const Request&)>& which) {
   const auto first = std::stable_partition(mWaiting.begin(), mWaiting.end(), [&](const Request& each) { return !which(each); });
-  const std::vector<Request> taken(first, mWaiting.end());
+  std::vector<Request> taken(first, mWaiting.end());
   mWaiting.erase(first, mWaiting.end());
-  for (const Request& each : taken) mEvents.finished(each, Outcome::Cancelled);
+  return taken;
+}
+
+void RequestQueue::tellFinished(const std::vector<Request>& requests, Outcome outcome) {
+  for (const Request& each : requests) mEvents.finished(each, outcome);
 }
 
 void RequestQueue::sendNext() {

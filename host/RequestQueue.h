@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "host/Request.h"
 #include "platform/desktop/Desktop.h"
@@ -11,15 +12,15 @@
 
 namespace ostrand {
 
-// Requests on their way to one device: in order, one under way at a time. A stop goes before all others that wait, and ends
-// those of them that are about the same. A device that falls silent in the middle of a
-// request is given up after a few of its transaction times, and the next request goes out. Answers that come when nobody
-// waits for them any more are dropped and told as stray.
+// Requests on their way to one device: in order, one under way at a time. A stop goes before all others that wait, and takes
+// the place of those of them that are about the same. A device that falls silent in the middle of a request is given up after
+// a few of its transaction times, and the next request goes out. Answers that come when nobody waits for them any more are
+// dropped and told as stray.
 class RequestQueue {
  public:
-  // Told in this order for each request: sent, for each answer arrived and answered, finished; a cancelled one is finished
-  // only. Any of them may submit, cancel and connect another device. Between `arrived` and `answered` of a last answer the
-  // next request goes out: what views do with an answer may take long, for they may ask the user.
+  // Told in this order for each request: sent, for each answer arrived and answered, finished; a cancelled or withdrawn one is
+  // finished only. Any of them may submit, cancel and connect another device, and may take long, for views may ask the user:
+  // so the next request goes out between `arrived` and `answered` of a last answer, and before a cancelled one is told.
   struct Events {
     std::function<void(const Request&)> sent;
     std::function<void(const Request&, const Document& answer)> arrived;
@@ -49,7 +50,9 @@ class RequestQueue {
   bool idle() const { return !mCurrent && mWaiting.empty(); }
 
  private:
-  void cancel(const std::function<bool(const Request&)>& which);
+  // Takes them out of those that wait; whoever does it tells that they are finished, when the rest is in order.
+  std::vector<Request> takeOut(const std::function<bool(const Request&)>& which);
+  void tellFinished(const std::vector<Request>& requests, Outcome outcome);
   void sendNext();
   void take(int id, const Document& answer);
   void finish(Outcome outcome);

@@ -5,7 +5,14 @@
 
 namespace ostrand {
 
+void SampleWatch::requestQueued(const Request& request) {
+  if (const auto started = startedSample(request.document)) mWaiting.emplace(request.id, *started);
+}
+
+void SampleWatch::requestFinished(const Request& request, Outcome) { mWaiting.erase(request.id); }
+
 void SampleWatch::requestSent(const Request& request) {
+  mWaiting.erase(request.id);
   const auto started = startedSample(request.document);
   if (!started) return;
   mBefore = mRunning;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 
 #include "host/Actions.h"
@@ -19,17 +20,22 @@ class SampleWatch : private HostObserver {
   SampleWatch& operator=(const SampleWatch&) = delete;
 
   const std::optional<RunningSample>& running() const { return mRunning; }
+  // Also one whose start has been accepted and not been sent yet.
+  std::optional<RunningSample> runningOrWaiting() const { return mWaiting.empty() ? mRunning : mWaiting.rbegin()->second; }
 
   Signal<> changed;
 
  private:
+  void requestQueued(const Request& request) override;
   void requestSent(const Request& request) override;
+  void requestFinished(const Request& request, Outcome outcome) override;
   void requestAnswered(const Request& request, const Document& answer) override;
 
   void set(std::optional<RunningSample> running);
 
   Observers& mObservers;
   std::optional<RunningSample> mRunning;
+  std::map<int, RunningSample> mWaiting;  // by the number of the request that will start it
   // What was running before a start that has not been answered, and that start.
   std::optional<RunningSample> mBefore;
   int mStart = 0;

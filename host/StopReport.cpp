@@ -22,13 +22,19 @@ void StopReport::requestRefused(const Request& request, const std::string&) {
   if (!request.write) return;
   for (const MessageItem& item : itemsOf(request.document)) {
     const OutputRule* const rule = outputRule(item.name);
-    if (rule && rule->kind == OutputKind::LoopTest && outputValue(*rule, item.value) == OutputValue::NoNumber) return tell({"loopTest", "loopTestValueIsNoNumber"});
+    if (rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) == OutputValue::NoNumber) return tell({"loopTest", "loopTestValueIsNoNumber"});
   }
 }
 
+// Looked at with the answer: when the stop is finished another start may be under way.
+void StopReport::requestAnswered(const Request& request, const Document&) {
+  if (request.action.effect == Effect::Stops && isConfirmed(request.action)) mConfirmed.insert(request.id);
+}
+
 void StopReport::requestFinished(const Request& request, Outcome outcome) {
+  const bool confirmed = mConfirmed.erase(request.id) > 0;
   if (request.action.effect != Effect::Stops || outcome == Outcome::Cancelled) return;
-  if (outcome != Outcome::Done || !isConfirmed(request.action)) tellOfStop(request.action);
+  if (outcome != Outcome::Done || !confirmed) tellOfStop(request.action);
 }
 
 bool StopReport::isConfirmed(const Action& stop) const {
@@ -56,9 +62,11 @@ void StopReport::tell(const Words& words) {
   if (mTimer) return;
   mTimer = mDesktop.schedule(0, [this] {
     mTimer.reset();
-    // Told from copies: the user may close everything while he reads.
+    // The user may close everything while he reads one of them.
     const Show show = mShow;
-    for (const Words& each : std::exchange(mToTell, {})) show(each.title, each.message);
+    const std::weak_ptr<int> alive = mAlive;
+    for (const Words& each : std::exchange(mToTell, {}))
+      if (!alive.expired()) show(each.title, each.message);
   });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -33,6 +34,7 @@ class StopReport : private HostObserver {
     friend bool operator<(const Words& a, const Words& b) { return std::string_view(a.message) < b.message; }
   };
   void requestRefused(const Request& request, const std::string& reason) override;
+  void requestAnswered(const Request& request, const Document& answer) override;
   void requestFinished(const Request& request, Outcome outcome) override;
 
   bool isConfirmed(const Action& stop) const;
@@ -43,8 +45,10 @@ class StopReport : private HostObserver {
   Observers& mObservers;
   const OutputWatch& mOutputs;
   Show mShow;
+  std::set<int> mConfirmed;  // stops, by number, that the device has confirmed
   std::set<Words> mToTell;
   std::optional<Desktop::TimerId> mTimer;
+  std::shared_ptr<int> mAlive = std::make_shared<int>();
 };
 
 }  // namespace ostrand

@@ -44,6 +44,14 @@ TEST_F(AnswerRoutesTest, AnErrorIsToldToWhoAsked) {
   EXPECT_TRUE(other.take().empty());
 }
 
+TEST_F(AnswerRoutesTest, AReadingOfATestValueProvesNothing) {
+  PaperView& paper = view();
+  host.readParameters({"damping", "loopTestValue"});
+  host.submit("", "<communicationRequest name=\"loopTest\" access=\"read\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0);
+  while (!asked.empty()) reply(answer(host.communication().underWay()->name, "read", {{"loopTestValue", "0"}}));
+  for (const std::string& line : paper.take()) EXPECT_EQ(line.find("loopTestValue"), line.npos) << line;
+}
+
 TEST_F(AnswerRoutesTest, ReadingAPageIsNoCalibration) {
   PaperView& paper = view();
   for (const char* const group : {"laboratoryResults", "temperatureCalibration", "activeRecipe"}) {

@@ -101,7 +101,7 @@ class Diary : public HostObserver {
   void requestSent(const Request& r) override { add("sent " + r.name); }
   void requestAnswered(const Request& r, const Document& a) override { add("answered " + r.name + " <- " + told(a)); }
   void requestFinished(const Request& r, Outcome o) override {
-    static const char* const kNames[] = {"done", "refused", "no answer", "cancelled"};
+    static const char* const kNames[] = {"done", "refused", "no answer", "cancelled", "withdrawn"};
     add("finished " + r.name + " " + kNames[static_cast<int>(o)]);
   }
   void requestRefused(const Request& r, const std::string& reason) override { add("refused " + r.name + ": " + reason); }

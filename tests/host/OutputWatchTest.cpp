@@ -195,20 +195,81 @@ TEST_F(OutputWatchTest, AStopGoesBeforeAllThatWait) {
   start("loopTestValue", "12");
   EXPECT_GT(host.communication().waiting(), 5u);
   start("loopTestValue", "0");
-  EXPECT_EQ(diary.lines.back(), "finished loopTest cancelled") << "the start that waited";
+  EXPECT_EQ(diary.lines.back(), "finished loopTest withdrawn") << "the start that waited";
   reply(answer(host.communication().underWay()->name, "read", {}));
   ASSERT_EQ(onTheBus(), Lines{"write loopTest: loopTestValue=0"});
 }
 
-TEST_F(OutputWatchTest, WhoAskedForAWriteThatAStopEndsHearsOfIt) {
+TEST_F(OutputWatchTest, NoMessageStandsBeforeAStop) {
   PaperView& paper = view();
   openDevice("hartBlade");
   host.readGroup("sampling");
   paper.messenger->SendRequest(write("loopTest", {{"loopTestValue", "12"}}), "loopTest");
   paper.take();
   paper.messenger->SendRequest(write("loopTest", {{"loopTestValue", "0"}}), "loopTest");
-  EXPECT_EQ(paper.take(), Lines{"SetErrorData write loopTest communicationError local: loopTestValue"});
+  EXPECT_TRUE(paper.take().empty()) << "what the stop has taken the place of is no error to read before it leaves";
   EXPECT_FALSE(host.outputs().mayBeForced()) << "it was never sent";
+}
+
+// Whoever hears that a request is finished may ask the user, and the event pump turns meanwhile.
+TEST_F(OutputWatchTest, AStopIsOnItsWayBeforeTheEndOfOthersIsTold) {
+  struct Waiter : HostObserver {
+    explicit Waiter(OutputWatchTest& test) : test(test) {}
+    void requestFinished(const Request&, Outcome outcome) override {
+      if (outcome != Outcome::Cancelled) return;
+      const Request* const underWay = test.host.communication().underWay();
+      seen.push_back(underWay ? told(underWay->document) : "nothing under way");
+    }
+    OutputWatchTest& test;
+    Lines seen;
+  } waiter(*this);
+  start("loopTestValue", "12");
+  reply(answer("loopTest", "write", {{"loopTestValue", "12"}}));
+  start("loopTestValue", "0");
+  host.readGroup("sampling");
+  host.observers().add(waiter);
+  asked.clear();
+  host.connect(std::make_unique<HandDevice>(asked));
+  host.observers().remove(waiter);
+  EXPECT_EQ(waiter.seen, Lines{"write loopTest: loopTestValue=0"});
+}
+
+TEST_F(OutputWatchTest, TheStopOfASampleTakesThePlaceOfAStartThatWaits) {
+  host.readAll();
+  ASSERT_EQ(send(write("sampling", {{"sampleStart", "0"}})), "");
+  host.setCommunicationMode(CommunicationMode::Busy);
+  ASSERT_EQ(host.submit("", "<communicationRequest name=\"sampling\" access=\"read\"><item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item>"
+                            "<item name=\"sample1ConsistencyAverage\" unit=\"%\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0),
+            "") << "it is a stop already";
+  EXPECT_EQ(diary.lines.back(), "finished sampling withdrawn");
+  EXPECT_FALSE(host.outputs().sampling());
+}
+
+TEST_F(OutputWatchTest, NothingButZeroIsAStop) {
+  openDevice("hartQX5");
+  host.setUserLevel(1);
+  for (const char* const value : {"0.05", "-5"}) EXPECT_NE(send(write("loopTest", {{"channel0LoopTestValue", value}})), "") << value;
+  host.setUserLevel(3);
+  start("channel0LoopTestValue", "0.05");
+  EXPECT_EQ(forced(), Lines{"channel0LoopTestValue"});
+}
+
+TEST_F(OutputWatchTest, WithoutADeviceNoTestIsDone) {
+  const Document text = Document::read(host.dataSet()->document().xml());
+  ostrand::parameter(text, "loopTestValue").setAttribute("access", "readWrite");
+  host.setDataSet(DataSet(text));
+  host.connect(nullptr);
+  host.setCommunicationMode(CommunicationMode::LocalAcceptance);
+  EXPECT_EQ(send(write("loopTest", {{"loopTestValue", "0"}})), "no device is connected");
+}
+
+TEST_F(OutputWatchTest, ANumberIsTakenBesideATextThatIsNone) {
+  openDevice("hartQX5");
+  ASSERT_EQ(send(write("loopTest", {{"channel0LoopTestValue", "12"}, {"channel1LoopTestValue", "3"}})), "");
+  const int before = changes;
+  reply(answer("loopTest", "write", {{"channel0LoopTestValue", "12"}, {"channel1LoopTestValue", "NaN"}}));
+  EXPECT_EQ(forced(), (Lines{"channel0LoopTestValue confirmed", "channel1LoopTestValue"}));
+  EXPECT_GT(changes, before) << "the banner follows";
 }
 
 TEST_F(OutputWatchTest, AStopPassesInEveryModeAndAtEveryLevel) {

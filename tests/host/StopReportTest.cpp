@@ -39,6 +39,24 @@ TEST_F(StopReportTest, AStopThatTheDeviceRefusesIsTold) {
   EXPECT_TRUE(shown().empty()) << "this one has come through";
 }
 
+TEST_F(StopReportTest, AStopThatCameThroughIsNotDoubtedForTheNextStart) {
+  send("12");
+  reply(answer("loopTest", "write", {{"loopTestValue", "12"}}));
+  send("0");
+  send("16");
+  reply(answer("loopTest", "write", {{"loopTestValue", "0"}}));
+  EXPECT_TRUE(host.outputs().mayBeForced()) << "the next start is under way";
+  EXPECT_TRUE(shown().empty());
+}
+
+TEST_F(StopReportTest, DocumentsWaitForATestThatHasNotLeftYet) {
+  host.readAll();
+  send("12");
+  EXPECT_EQ(refusalOf([&] { host.discardEdits(); }).number, RuntimeError::PermissionDenied);
+  host.communication().cancelWaiting();
+  host.discardEdits();
+}
+
 TEST_F(StopReportTest, SilenceAndAMissingDeviceAreToldToo) {
   send("0");
   desktop.wait(3);

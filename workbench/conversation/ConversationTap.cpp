@@ -28,6 +28,7 @@ const char* wordOf(Outcome outcome) {
     case Outcome::Refused: return "refused by the device";
     case Outcome::NoAnswer: return "no answer";
     case Outcome::Cancelled: return "cancelled";
+    case Outcome::Withdrawn: return "withdrawn, a stop has taken its place";
   }
   return "";
 }

@@ -125,7 +125,8 @@ void StatusLine::requestFinished(const Request& request, Outcome outcome) {
     switch (outcome) {
       case Outcome::NoAnswer: say(mTexts.say("%1: the device does not answer. Check cabling and supply, then read again.").arg(name)); break;
       case Outcome::Refused: say(mTexts.say("%1: the device refused it").arg(name)); break;
-      case Outcome::Cancelled: say(mTexts.say("%1: cancelled").arg(name)); break;
+      case Outcome::Cancelled:
+      case Outcome::Withdrawn: say(mTexts.say("%1: cancelled").arg(name)); break;
       case Outcome::Done: break;
     }
   }
