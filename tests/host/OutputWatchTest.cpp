@@ -214,15 +214,15 @@ TEST_F(OutputWatchTest, NoMessageStandsBeforeAStop) {
 // Whoever hears that a request is finished may ask the user, and the event pump turns meanwhile.
 TEST_F(OutputWatchTest, AStopIsOnItsWayBeforeTheEndOfOthersIsTold) {
   struct Waiter : HostObserver {
-    explicit Waiter(OutputWatchTest& test) : test(test) {}
+    explicit Waiter(Host& of) : host(of) {}
     void requestFinished(const Request&, Outcome outcome) override {
       if (outcome != Outcome::Cancelled) return;
-      const Request* const underWay = test.host.communication().underWay();
+      const Request* const underWay = host.communication().underWay();
       seen.push_back(underWay ? told(underWay->document) : "nothing under way");
     }
-    OutputWatchTest& test;
+    Host& host;
     Lines seen;
-  } waiter(*this);
+  } waiter(host);
   start("loopTestValue", "12");
   reply(answer("loopTest", "write", {{"loopTestValue", "12"}}));
   start("loopTestValue", "0");
