@@ -65,15 +65,15 @@ Calibration::Calibration(const std::string& device) {
   host.openDataSet(data / "devices" / (device + ".xml"));
   mDataSet = host.dataSet()->document().xml();
   host.connect(makeDevice(device, desktop, host.dataSet()->document(), 1));
-  host.setLiveReading(false);
-  const Ref<ViewSite> site = host.place("VwCalibration");
-  host.open(*site, "sampling");
+  host.views().setLiveReading(false);
+  const Ref<ViewSite> site = host.views().place("VwCalibration");
+  host.views().open(*site, "sampling");
   host.observers().add(ear);
 
   const auto does = [&](Deed deed, std::string place, std::string value = {}, double then = 0) {
     mSteps.push_back({deed, std::move(place), std::move(value), {}});
     act(dynamic_cast<Component&>(*site->view()), mSteps.back());
-    if (mSteps.back().place == "recipes") host.readGroup("recipes");
+    if (mSteps.back().place == "recipes") host.exchange().readGroup("recipes");
     while (!host.communication().idle()) desktop.wait(0.1);
     desktop.wait(then);
     mSteps.back().answers = std::exchange(ear.heard, {});

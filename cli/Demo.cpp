@@ -57,11 +57,11 @@ Demo::Demo(const Terminal& terminal, Desktop& desktop, Desktop* reader, Componen
       mNarrator(terminal, desktop, reader),
       mHost(desktop, components, mNarrator, dataFolder(), mNarrator.taps()) {
   mNarrator.follow(mHost);
-  mHost.setLanguage(options.language);
+  mHost.user().setLanguage(options.language);
   const DeviceKind& kind = deviceKind(options.device);
   mHost.openDataSet(dataFolder() / kind.dataSet);
   mHost.connect(makeDevice(kind.name, mDesktop, mHost.dataSet()->document(), options.seed));
-  mHost.liveReading().setPeriod(kPeriod);
+  mHost.views().liveReading().setPeriod(kPeriod);
   const DataSet& dataSet = *mHost.dataSet();
 
   mTerminal.line(mTerminal.styled("A conversation with a simulated transmitter", Terminal::Style::Heading));
@@ -123,7 +123,7 @@ void Demo::enterResults() {
   choose("cce_laboratoryResults(1)", "recipe1");
   type("cte_laboratoryResults(0)", "0");
   for (const int sample : {1, 2}) type("cte_laboratoryResults(" + std::to_string(sample) + ")", fixedText(laboratoryValue(sample), 2, '.'));
-  mNarrator.drawForm(*mHost.front());
+  mNarrator.drawForm(*mHost.views().front());
   mNarrator.line();
   click("LabCalibrateBtn");
   settle();
@@ -131,11 +131,11 @@ void Demo::enterResults() {
 
 void Demo::readRecipesBack() {
   const std::vector<std::string> before = {shown(kSlope), shown(kOffset)};
-  mHost.bringToFront(*mHost.front(), "recipes");
-  mHost.readGroup("recipes");
+  mHost.views().bringToFront(*mHost.views().front(), "recipes");
+  mHost.exchange().readGroup("recipes");
   settle();
   mNarrator.line();
-  const auto text = [this](const char* key) { return mHost.textTable()->GetText(key); };
+  const auto text = [this](const char* key) { return mHost.user().textTable()->GetText(key); };
   const std::vector<std::vector<std::string>> rows = {
       {text("recipe1"), "before", "after"},
       {text("linearizationSlopeP1"), before[0], shown(kSlope)},
@@ -163,7 +163,7 @@ void Demo::changeRecipe(int recipe) {
   const std::string number = std::to_string(recipe);
   mNarrator.scene("The user changes the active recipe", "A choice and a click. What leaves the view is a write request; what comes back is the device's word.");
   const Ref<ViewSite> measurement = open("VwMeasurement", kRecipeFrame);
-  mHost.readGroup(kRecipeFrame);
+  mHost.exchange().readGroup(kRecipeFrame);
   settle();
   choose("cceActiveRecipe", "recipe" + number);
   click("cmdActiveRecipeSetButton");
@@ -201,20 +201,20 @@ void Demo::showTips() {
 // --- what the user does
 
 Ref<ViewSite> Demo::open(const std::string& className, const std::string& key) {
-  const Ref<ViewSite> site = mHost.place(className);
-  mHost.showsFront(*site);
-  mHost.open(*site, key);
+  const Ref<ViewSite> site = mHost.views().place(className);
+  mHost.views().showsFront(*site);
+  mHost.views().open(*site, key);
   return site;
 }
 
 void Demo::bringToFront(const Ref<ViewSite>& site, const std::string& key) {
-  mHost.bringToFront(*site, key);
+  mHost.views().bringToFront(*site, key);
   settle();
 }
 
 template <class T>
 T& Demo::control(const std::string& name) const {
-  ViewSite* const front = mHost.front();
+  ViewSite* const front = mHost.views().front();
   if (front)
     if (T* const found = dynamic_cast<T*>(findControl(front->view()->GetControls(), name))) return *found;
   throw RuntimeError(RuntimeError::NothingThere, "there is no control \"" + name + "\" in front");
@@ -228,7 +228,7 @@ void Demo::choose(const std::string& name, const std::string& key) {
 
 void Demo::type(const std::string& name, const std::string& text) {
   auto& edit = control<CtrTextEdit>(name);
-  mNarrator.say(Road::UserToView, "types " + text, mHost.textTable()->GetText(std::string(edit.parameterName())));
+  mNarrator.say(Road::UserToView, "types " + text, mHost.user().textTable()->GetText(std::string(edit.parameterName())));
   edit.type(text);
 }
 
@@ -241,7 +241,7 @@ void Demo::click(const std::string& name) {
 // --- what is seen
 
 std::vector<std::string> Demo::liveValues(int count) const {
-  const Control* const place = findControl(mHost.front()->view()->GetControls(), "CtrMonitoring1");
+  const Control* const place = findControl(mHost.views().front()->view()->GetControls(), "CtrMonitoring1");
   const ListView* list = nullptr;
   for (const Control* each : place && place->view() ? place->view()->GetControls() : ControlCollection{})
     if (const auto* const found = dynamic_cast<const ListView*>(each)) list = found;
@@ -292,7 +292,7 @@ double Demo::laboratoryValue(int sample) {
 std::string Demo::shown(const std::string& parameter) const {
   const ParameterInfo info = mHost.dataSet()->info(parameter);
   const auto number = parseNumber(mHost.dataSet()->value(parameter), '.');
-  const std::string unit = mHost.textTable()->GetSectionText(info.unit, "unit");
+  const std::string unit = mHost.user().textTable()->GetSectionText(info.unit, "unit");
   return (number ? fixedText(*number, info.decimals.value_or(0), '.') : "") + (unit.empty() ? "" : " " + unit);
 }
 

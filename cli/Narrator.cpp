@@ -36,7 +36,7 @@ std::string drawn(const Control* control) {
 
 }  // namespace
 
-Host::Taps Narrator::taps() {
+Views::Taps Narrator::taps() {
   return {[this](ViewSite&, Ref<Messenger> messenger) { return Ref<Messenger>(new RecordingMessenger(*this, std::move(messenger))); },
           [this](ViewSite&, Ref<IHostContainer> container) { return Ref<IHostContainer>(new RecordingContainer(*this, std::move(container))); }};
 }
@@ -150,7 +150,7 @@ std::string Narrator::worded(const std::string& parameter, const std::string& va
   const ParameterInfo info = mHost->dataSet()->info(parameter);
   const auto number = info.isFloat() && info.decimals ? parseNumber(value, '.') : std::nullopt;
   if (!number) return value;
-  const std::string unit = mHost->textTable()->GetSectionText(info.unit, "unit");
+  const std::string unit = mHost->user().textTable()->GetSectionText(info.unit, "unit");
   return fixedText(*number, *info.decimals, '.') + (unit.empty() ? "" : " " + unit);
 }
 
@@ -198,7 +198,7 @@ void Narrator::viewSelected(const ViewSite&, const std::string& key) { say(Road:
 
 void Narrator::viewHandedIn(const ViewSite& site, DataPath path, const Document& document) {
   // Every view gets every answer.
-  if (mBetween || (mHost->front() && mHost->front() != &site)) return;
+  if (mBetween || (mHost->views().front() && mHost->views().front() != &site)) return;
   switch (path) {
     case DataPath::Import: say(Road::HostToView, "SetImportData", "the data set"); break;
     case DataPath::Offline: say(Road::HostToView, "SetOfflineData", "the data set"); break;

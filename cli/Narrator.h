@@ -21,7 +21,7 @@ class Narrator : private HostObserver, private CallListener, public UserPrompt {
   Narrator(const Terminal& terminal, const Desktop& clock, Desktop* reader) : mTerminal(terminal), mClock(clock), mReader(reader), mStart(clock.now()) {}
 
   // For the host that is to be followed, which must end first.
-  Host::Taps taps();
+  Views::Taps taps();
   void follow(Host& host);
 
   void scene(const std::string& title, const std::string& explanation);
@@ -52,7 +52,7 @@ class Narrator : private HostObserver, private CallListener, public UserPrompt {
   std::string time() const;
   void print(const std::string& time, Road road, const std::string& what, const std::string& more);
   void endSwarm();
-  std::string text(const std::string& key) const { return mHost->textTable()->GetText(key); }
+  std::string text(const std::string& key) const { return mHost->user().textTable()->GetText(key); }
   std::string folded(const Document& message) const;
   // A value with what it means: the text of a choice, the unit of a number.
   std::string worded(const std::string& parameter, const std::string& value) const;

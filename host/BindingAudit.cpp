@@ -60,10 +60,10 @@ void BindingAudit::lookAtTree() {
 
 void BindingAudit::look(const std::string& className, const std::string& tag, const std::vector<std::string>& nodes) {
   Reports reports(mHost.observers());
-  const Ref<ViewSite> site = mHost.place(className, tag);
+  const Ref<ViewSite> site = mHost.views().place(className, tag);
   if (site->view()) {
     mViews.push_back(className);
-    mHost.open(*site, {});
+    mHost.views().open(*site, {});
     see(className, *site->view());
     for (const std::string& text : reports.texts) mFindings.push_back({Kind::ErrorReported, className, text, ""});
     for (const std::string& node : nodes) {
@@ -71,7 +71,7 @@ void BindingAudit::look(const std::string& className, const std::string& tag, co
       if (site->selected() != node) mFindings.push_back({Kind::FrameMissing, className, node, tag});
     }
   }
-  mHost.release(*site);
+  mHost.views().release(*site);
 }
 
 void BindingAudit::see(const std::string& view, ITaviView& component) {
@@ -133,7 +133,7 @@ std::vector<BindingAudit::Finding> BindingAudit::dataSetFindings() {
   for (const std::string& name : dataSet.parameters()) {
     const std::string unit = dataSet.info(name).unit;
     const bool plain = unit == "noUnit" || unit == "%";
-    if (!plain && !mHost.units()->knows(unit) && units.insert(unit).second) found.push_back({Kind::UnitUnknown, "", unit, name});
+    if (!plain && !mHost.user().units()->knows(unit) && units.insert(unit).second) found.push_back({Kind::UnitUnknown, "", unit, name});
     const std::string acts = dataSet.acts(name);
     if (!acts.empty() && !actsOfWord(acts)) found.push_back({Kind::ActsUnknown, "", name, acts});
     if (acts.empty() && actsByName(name) != Acts::No) found.push_back({Kind::ActsMissing, "", name, dataSet.homeGroup(name)});
@@ -157,7 +157,8 @@ std::vector<BindingAudit::Finding> BindingAudit::textFindings() {
   for (const std::string& name : dataSet.parameters())
     if (units.insert(dataSet.info(name).unit).second) needed.push_back({dataSet.info(name).unit, "", true});
   std::vector<std::pair<std::string, Ref<TextTable>>> tables;
-  for (const TextTables::Language& language : mHost.textTables().languages()) tables.emplace_back(language.code, mHost.textTables().fileTable(language.code));
+  for (const TextTables::Language& language : mHost.user().textTables().languages())
+    tables.emplace_back(language.code, mHost.user().textTables().fileTable(language.code));
   std::vector<Finding> found;
   for (const Needed& each : needed) {
     std::string without;

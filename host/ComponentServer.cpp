@@ -2,16 +2,12 @@
 
 #include <algorithm>
 
+#include "host/DataFolder.h"
 #include "platform/base/RuntimeError.h"
 
 namespace ostrand {
 
 namespace {
-
-bool isThere(const std::filesystem::path& file) {
-  std::error_code ignored;
-  return !file.empty() && std::filesystem::exists(file, ignored);
-}
 
 bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) {
   std::error_code ignored;

@@ -22,4 +22,9 @@ std::filesystem::path dataFolder() {
   throw RuntimeError(RuntimeError::FileNotFound, "no data folder near " + program.string() + ": set OSTRAND_DATA to it");
 }
 
+bool isThere(const std::filesystem::path& file) {
+  std::error_code ignored;
+  return std::filesystem::exists(file, ignored);
+}
+
 }  // namespace ostrand

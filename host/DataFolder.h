@@ -8,4 +8,7 @@ namespace ostrand {
 // the program or up to two folders above it. RuntimeError 53 says where it was looked for.
 std::filesystem::path dataFolder();
 
+// Whether there is such a file; one that cannot be looked at is not there.
+bool isThere(const std::filesystem::path& file);
+
 }  // namespace ostrand

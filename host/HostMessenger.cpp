@@ -20,14 +20,14 @@ void HostMessenger::tell(const std::function<void(HostObserver&)>& what) const {
 // --- requests
 
 void HostMessenger::SendRequest(const std::string& xml, const std::string& name) {
-  const std::string reason = host().submit(mView, xml, name, {}, 0, 0);
+  const std::string reason = host().exchange().submit(mView, xml, name, {}, 0, 0);
   if (!reason.empty()) throw RuntimeError(RuntimeError::PermissionDenied, "the request was refused: " + reason);
 }
 
 void HostMessenger::ReadRequest(const std::string& xml, int) { SendRequest(xml, {}); }
 
 bool HostMessenger::SendRequestWithStatus(const std::string& xml, const std::string& statusKey, int first, int second) {
-  return host().submit(mView, xml, {}, statusKey, first, second).empty();
+  return host().exchange().submit(mView, xml, {}, statusKey, first, second).empty();
 }
 
 int HostMessenger::GetCommunicationMode() { return static_cast<int>(host().communication().mode()); }
@@ -35,37 +35,37 @@ int HostMessenger::GetCommunicationMode() { return static_cast<int>(host().commu
 // --- values
 
 void HostMessenger::SetParameterStatus(const std::string& name, const std::string& word) {
-  if (mHost) mHost->noteStatus(mView, name, word);
+  if (mHost) mHost->edits().noteStatus(mView, name, word);
   tell([&](HostObserver& each) { each.parameterStatus(mView, name, word); });
 }
 
 int HostMessenger::AddChange(const std::string& name, const std::string& caption, const std::string& oldText, const std::string& newText,
                              const std::string& unit, const std::string& type, const std::string& contextTag) {
-  return host().addChange({mView, name, caption, oldText, newText, unit, type, contextTag});
+  return host().edits().add({mView, name, caption, oldText, newText, unit, type, contextTag});
 }
 
-void HostMessenger::ForwardValue(const std::string& tag, const std::string& value) { host().forward(*this, tag, value); }
+void HostMessenger::ForwardValue(const std::string& tag, const std::string& value) { host().views().forward(*this, tag, value); }
 
 // --- services
 
 Ref<IAddressService> HostMessenger::GetAddressService() { return host().addressService(); }
 
-Ref<IUnitConverter> HostMessenger::GetUnitConverter() { return host().units(); }
+Ref<IUnitConverter> HostMessenger::GetUnitConverter() { return host().user().units(); }
 
-Ref<ITextTable> HostMessenger::GetTextTable() { return host().textTable(); }
+Ref<ITextTable> HostMessenger::GetTextTable() { return host().user().textTable(); }
 
 Document HostMessenger::GetTreeDocument() { return host().treeDocument(); }
 
-int HostMessenger::GetUserLevel() { return host().session().level; }
+int HostMessenger::GetUserLevel() { return host().user().session().level; }
 
-bool HostMessenger::GetMaximizeAllowed() { return host().session().maximizeAllowed; }
+bool HostMessenger::GetMaximizeAllowed() { return host().user().session().maximizeAllowed; }
 
 // --- the user
 
 int HostMessenger::AskUser(const std::string& title, const std::string& message) {
   const Ref<HostMessenger> pin(this);
-  const Ref<ITextTable> texts = host().textTable();
-  const std::string question = wordedQuestion(*texts, message, host().viewOf(mView));
+  const Ref<ITextTable> texts = host().user().textTable();
+  const std::string question = wordedQuestion(*texts, message, host().views().viewOf(mView));
   const int answer = host().prompt().ask(texts->GetText(title), question, answersTo(*texts, message));
   tell([&](HostObserver& each) { each.questionAsked(mView, title, message, answer); });
   return answer;
@@ -75,7 +75,7 @@ void HostMessenger::ShowMessage(const std::string& title, const std::string& mes
   const Ref<HostMessenger> pin(this);
   Host& shown = host();
   tell([&](HostObserver& each) { each.messageShown(mView, title, message); });
-  shown.prompt().show(shown.textTable()->GetText(title), shown.textTable()->GetText(message));
+  shown.prompt().show(shown.user().textTable()->GetText(title), shown.user().textTable()->GetText(message));
 }
 
 void HostMessenger::SetStatusLine(const std::string& text, const std::string& code) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/Messages.h"
+#include "platform/base/RuntimeError.h"
 #include "platform/xml/Vocabulary.h"
 
 namespace ostrand {
@@ -30,6 +31,12 @@ std::vector<ForcedOutput> OutputWatch::forced() const {
 bool OutputWatch::holdsDocuments() const {
   return !mTestsWaiting.empty() ||
          std::any_of(mForced.begin(), mForced.end(), [](const auto& each) { return each.second.kind == OutputKind::LoopTest && !each.second.seenFreeByUser; });
+}
+
+void OutputWatch::requireNoLoopTest() const {
+  if (holdsDocuments())
+    throw RuntimeError(RuntimeError::PermissionDenied,
+                       "a loop test may still drive the output: stop it, or confirm at the device that the output is free");
 }
 
 void OutputWatch::confirmedByUser() {

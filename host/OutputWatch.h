@@ -46,6 +46,8 @@ class OutputWatch : private HostObserver {
 
   // Whether an offline document must not be repeated to the views: it would empty the edits from which a view stops its test.
   bool holdsDocuments() const;
+  // RuntimeError 70 while it must not.
+  void requireNoLoopTest() const;
   // The user has seen at the device that the output is free: documents may be handed in again. The watch itself goes on.
   void confirmedByUser();
 

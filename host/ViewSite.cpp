@@ -41,17 +41,17 @@ void ViewSite::place(const std::string& tag) {
   if (!mPlaceable) throw RuntimeError(RuntimeError::BadArgument, mClassName + " is no component that can be placed");
   mTag = tag;
   host().observers().tell([&](HostObserver& each) { each.viewPlaced(*this); });
-  guarded([&] { mPlaceable->Place(host().desktop(), host().containerFor(*this), tag); });
+  guarded([&] { mPlaceable->Place(host().desktop(), host().views().containerFor(*this), tag); });
 }
 
 void ViewSite::setMessenger() {
-  if (mTaviComponent) guarded([&] { mTaviComponent->SetMessenger(host().messengerFor(*this)); });
+  if (mTaviComponent) guarded([&] { mTaviComponent->SetMessenger(host().views().messengerFor(*this)); });
 }
 
 void ViewSite::localize() {
   if (!mLocalizable) return;
-  host().observers().tell([&](HostObserver& each) { each.viewLocalized(*this, host().session().language); });
-  guarded([&] { mLocalizable->Localize(host().textTable()); });
+  host().observers().tell([&](HostObserver& each) { each.viewLocalized(*this, host().user().session().language); });
+  guarded([&] { mLocalizable->Localize(host().user().textTable()); });
 }
 
 void ViewSite::select(const std::string& key) {

@@ -16,7 +16,7 @@ namespace ostrand {
 class Host;
 
 // The place of one component in the host: its container, its Messenger, and its life in the right order. The host makes it
-// (Host::place) and releases it; whoever holds it longer finds it empty. Every call on an interface that the component does
+// (Views::place) and releases it; whoever holds it longer finds it empty. Every call on an interface that the component does
 // not have, or on a released one, does nothing.
 class ViewSite : public HostObject<IHostContainer, INotifyStatus> {
  public:
@@ -32,7 +32,7 @@ class ViewSite : public HostObject<IHostContainer, INotifyStatus> {
   // What the view told that it is busy with.
   const std::string& busyWith() const { return mBusyWith; }
 
-  // The calls of the life of a view, one by one. Host::place makes the first three, Host::open the rest.
+  // The calls of the life of a view, one by one. Views::place makes the first three, Views::open the rest.
   void place(const std::string& tag);
   void setMessenger();
   void localize();

@@ -37,7 +37,7 @@ void paint() { QApplication::processEvents(); }
 struct OurWindow {
   OurWindow() : workbench((setRegistry(), std::filesystem::path(OSTRAND_SOURCE_DIR) / "data")), window(workbench) {
     for (const auto& device : workbench.devices()) {
-      device->host().setLiveReading(false);
+      device->host().views().setLiveReading(false);
       device->host().connect(nullptr);
     }
     window.QWidget::show();
@@ -48,8 +48,8 @@ struct OurWindow {
   void home() {
     PlantDevice& device = workbench.current();
     window.show({&device, "measurement", "activeRecipe"});
-    for (const Ref<ViewSite>& site : std::vector(device.host().sites()))
-      if (site->tag() != "measurement") device.host().release(*site);
+    for (const Ref<ViewSite>& site : std::vector(device.host().views().sites()))
+      if (site->tag() != "measurement") device.host().views().release(*site);
     paint();
   }
   void open() { window.tree().onChosen({&workbench.current(), "calibration", "recipes"}); }

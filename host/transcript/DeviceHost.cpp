@@ -66,7 +66,7 @@ DeviceHost::DeviceHost(Desktop& desktop, ComponentSource& components, const std:
   mHost.observers().add(*this);
   mHost.setCommunicationMode(static_cast<CommunicationMode>(script->mode));
   // The views convert and the host takes answers over by the same choice of units.
-  script->units = mHost.units();
+  script->units = mHost.user().units();
 }
 
 DeviceHost::~DeviceHost() { mHost.observers().remove(*this); }
@@ -92,11 +92,11 @@ void DeviceHost::setFault(const std::string& name, const std::string& argument) 
 void DeviceHost::raise(const ViewEvent& event) {
   switch (event.kind) {
     case ViewEvent::Kind::SetCommunicationMode: return mHost.setCommunicationMode(static_cast<CommunicationMode>(event.mode));
-    case ViewEvent::Kind::GetChanges: mHost.collectChanges(event.mode); return;
+    case ViewEvent::Kind::GetChanges: mHost.edits().collect(event.mode); return;
     case ViewEvent::Kind::ReceiveValue:
     case ViewEvent::Kind::SetUnits: break;
   }
-  for (const Ref<ViewSite>& site : std::vector(mHost.sites())) site->messenger().raise(event);
+  for (const Ref<ViewSite>& site : std::vector(mHost.views().sites())) site->messenger().raise(event);
 }
 
 void DeviceHost::setOfflineData(ViewSite& site, const std::string& text) {

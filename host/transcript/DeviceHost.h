@@ -33,7 +33,7 @@ class DeviceHost : private HostObserver {
   void setFault(const std::string& name, const std::string& argument);
 
   Host& host() { return mHost; }
-  Ref<Messenger> messengerOf(ViewSite& site) { return mHost.messengerFor(site); }
+  Ref<Messenger> messengerOf(ViewSite& site) { return mHost.views().messengerFor(site); }
   void raise(const ViewEvent& event);
   // Opens a data set; one that is open already is handed to this view as the host has it now.
   void setOfflineData(ViewSite& site, const std::string& text);

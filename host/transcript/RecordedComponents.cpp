@@ -219,7 +219,7 @@ TranscriptRecorder* RecordedComponents::recorderOf(const IObject* component) con
   return found == mRecorders.end() ? nullptr : found->second;
 }
 
-Host::Taps RecordedComponents::taps() {
+Views::Taps RecordedComponents::taps() {
   return {[this](ViewSite& site, Ref<Messenger> host) -> Ref<Messenger> {
             TranscriptRecorder* const recorder = recorderOf(site.component());
             return recorder ? Ref<Messenger>(new EventRecorder(*recorder, host)) : host;

@@ -21,7 +21,7 @@ class RecordedComponents : public ComponentSource {
   RecordedComponents(ComponentSource& components, RecorderFor recorderFor) : mComponents(components), mRecorderFor(std::move(recorderFor)) {}
 
   Ref<IObject> create(const std::string& className) override;
-  Host::Taps taps();
+  Views::Taps taps();
   // nullptr for a component of another source.
   TranscriptRecorder* recorderOf(const IObject* component) const;
 

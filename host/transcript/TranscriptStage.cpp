@@ -94,7 +94,7 @@ void TranscriptStage::create(const std::string& className, const std::string& na
   try {
     if (device) {
       mMade = std::move(made);
-      device->host().create(className, tag);
+      device->host().views().create(className, tag);
       return;
     }
     made->object = mComponents.create(className);
@@ -125,7 +125,7 @@ void TranscriptStage::forget(View& view) {
 }
 
 void TranscriptStage::endView(View& view) {
-  if (const Ref<ViewSite> site = view.site) return device->host().release(*site);
+  if (const Ref<ViewSite> site = view.site) return device->host().views().release(*site);
   onView([placeable = query<IPlaceable>(view.object.get())] { placeable->Terminate(); });
 }
 
@@ -165,8 +165,8 @@ void TranscriptStage::connect(const std::string& deviceName, unsigned seed) {
   host->connect(deviceName, seed);
   device = std::move(host);
   for (const UnitService::Quantity& quantity : units->quantities())
-    if (!quantity.chosen.empty()) device->host().units()->choose(quantity.name, quantity.chosen);
-  units = device->host().units();
+    if (!quantity.chosen.empty()) device->host().user().units()->choose(quantity.name, quantity.chosen);
+  units = device->host().user().units();
 }
 
 void TranscriptStage::raise(const ViewEvent& event) {

@@ -90,9 +90,9 @@ class CalibrationRoom {
 
   // A view of its own, in place of the one before.
   void enter(const std::string& frame = "sampling") {
-    if (site && site->alive()) host.release(*site);
-    site = host.place(isFjell ? "VwCalibrationFjell" : "VwCalibration", "calibration");
-    host.open(*site, frame);
+    if (site && site->alive()) host.views().release(*site);
+    site = host.views().place(isFjell ? "VwCalibrationFjell" : "VwCalibration", "calibration");
+    host.views().open(*site, frame);
   }
   Device& device() { return *host.communication().device(); }
   // Until nothing is under way.

@@ -106,9 +106,9 @@ class Soak {
     room.device().setFault("none", "");
     room.user.meanwhile = nullptr;
     room.user.answer = [] { return UserPrompt::kGoOn; };
-    room.host.setLanguage("en");
+    room.host.user().setLanguage("en");
     room.desktop.setLocale("en");
-    room.host.setUserLevel(3);
+    room.host.user().setLevel(3);
     room.host.setCommunicationMode(CommunicationMode::Free);
     room.host.setCommunicationMode(CommunicationMode::Download);
     room.settle();
@@ -146,31 +146,31 @@ class Soak {
         useControl();
       } else if (kind < 65) {
         static const char* const kFrames[] = {"sampling", "laboratoryResults", "recipes", "calibration", "elsewhere"};
-        room.host.bringToFront(*site, oneOf(kFrames));
+        room.host.views().bringToFront(*site, oneOf(kFrames));
       } else if (kind < 73) {
         disturbDevice();
       } else if (kind < 80) {
         room.host.setCommunicationMode(static_cast<CommunicationMode>(std::array{10, 11, 20, 21, 21, 11}[static_cast<std::size_t>(pick(6))]));
       } else if (kind < 84) {
         static const char* const kGroups[] = {"sampling", "laboratoryResults", "recipes", "rangeValues"};
-        room.host.readGroup(oneOf(kGroups));
+        room.host.exchange().readGroup(oneOf(kGroups));
       } else if (kind < 87) {
         static const char* const kBlades[] = {"bladeTypeGS", "bladeTypeGL", "bladeTypeWS", "bladeTypeNobodyKnows", "\""};
         const char* const blade = oneOf(kBlades);
         if (*blade != '"') site->messenger().raise({ViewEvent::Kind::ReceiveValue, 0, "ctr_bladeType", blade});
       } else if (kind < 89) {
         static const char* const kLanguages[] = {"en", "fi", "sv", "de", "keys"};
-        room.host.setLanguage(oneOf(kLanguages));
+        room.host.user().setLanguage(oneOf(kLanguages));
       } else if (kind < 91) {
         static const char* const kLocales[] = {"en", "fi", "sv", "de"};
         room.desktop.setLocale(oneOf(kLocales));
-        room.host.setUnit("consistency", pick(2) ? "%Cs" : "% Cs");  // the views hear of it, and show their numbers anew
+        room.host.user().setUnit("consistency", pick(2) ? "%Cs" : "% Cs");  // the views hear of it, and show their numbers anew
       } else if (kind < 93) {
-        room.host.setUserLevel(2 + pick(3));
+        room.host.user().setLevel(2 + pick(3));
       } else if (kind < 95) {
-        room.host.discardEdits();
+        room.host.edits().discard();
       } else if (kind < 97) {
-        room.host.collectChanges(1 + pick(2));
+        room.host.edits().collect(1 + pick(2));
       } else if (kind < 98) {
         room.host.setDataSet(DataSet::open(room.host.dataSet()->file()));
       } else {
@@ -251,7 +251,7 @@ TEST_P(CalibrationSoakTest, AnHourOfEverything) {
     soak.run(kHour);
     soak.comeToRest();
     // The view that has been through it all still answers.
-    room.host.bringToFront(*room.site, "laboratoryResults");
+    room.host.views().bringToFront(*room.site, "laboratoryResults");
     room.calibrationType().choose("useBothSamples");
     for (const int sample : {1, 2}) room.laboratoryValue(sample).type("1.5");
     room.laboratoryRecipe().choose("recipe1");
@@ -260,7 +260,7 @@ TEST_P(CalibrationSoakTest, AnHourOfEverything) {
     room.accept().click();
     EXPECT_GT(soak.watcher.requests, before);
     room.settle();
-    room.host.readGroup("recipes");
+    room.host.exchange().readGroup("recipes");
     room.settle();
     EXPECT_EQ(room.slope(1).stored(), room.host.dataSet()->value("recipe1LinearizationSlopeP1"));
     // Else the hour was spent with little.
@@ -269,7 +269,7 @@ TEST_P(CalibrationSoakTest, AnHourOfEverything) {
     EXPECT_GT(soak.reached, 1500);
     EXPECT_GT(soak.watcher.messages["laboratoryResults/calibrationWasSuccessfullPleaseUpdateRecipesView"], 0);
     EXPECT_FALSE(library.canUnload());
-    room.host.release(*room.site);
+    room.host.views().release(*room.site);
     room.site = nullptr;
     EXPECT_TRUE(library.canUnload()) << "a component lives on";
   }

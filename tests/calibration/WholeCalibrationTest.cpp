@@ -28,7 +28,7 @@ class WholeCalibrationTest : public testing::TestWithParam<const char*> {
   double laboratory(int sample) { return room.device().laboratoryValue(sample).value(); }
   static double number(CtrTextEdit& edit) { return parseNumber(edit.Text(), '.').value_or(-1e9); }
   void enter(const char* type, const char* recipe) {
-    room.host.bringToFront(*room.site, "laboratoryResults");
+    room.host.views().bringToFront(*room.site, "laboratoryResults");
     room.calibrationType().choose(type);
     for (const int sample : {1, 2})
       if (room.laboratoryValue(sample).Enabled()) room.laboratoryValue(sample).type(fixedText(laboratory(sample), 2, '.'));
@@ -41,7 +41,7 @@ class WholeCalibrationTest : public testing::TestWithParam<const char*> {
     return room.diary.take();
   }
   void readRecipes() {
-    room.host.readGroup("recipes");
+    room.host.exchange().readGroup("recipes");
     room.settle();
   }
   void TearDown() override {
@@ -69,7 +69,7 @@ TEST_P(WholeCalibrationTest, TwoSamplesBringTheReadingToTheLaboratory) {
   EXPECT_NE(room.slope(1).Text(), "1.000");
   EXPECT_EQ(number(room.slope(1)), parseNumber(fixedText(*parseNumber(room.host.dataSet()->value("recipe1LinearizationSlopeP1"), '.'), 3, '.'), '.'));
 
-  room.host.bringToFront(*room.site, "sampling");
+  room.host.views().bringToFront(*room.site, "sampling");
   for (int i = 0; i < 3; ++i) {
     const double after = takeSample(1);
     EXPECT_NEAR(after, laboratory(1), room.isFjell ? 0.015 : 0.03);
@@ -85,13 +85,13 @@ TEST_P(WholeCalibrationTest, OneSampleMovesTheOffset) {
   readRecipes();
   EXPECT_EQ(room.slope(1).Text(), "1.000");
   EXPECT_NE(number(room.offset(1)), 0.0);
-  room.host.bringToFront(*room.site, "sampling");
+  room.host.views().bringToFront(*room.site, "sampling");
   const double after = takeSample(1);
   EXPECT_NEAR(after, laboratory(1), 0.03);
 }
 
 TEST_P(WholeCalibrationTest, WithoutASampleTheDeviceRefuses) {
-  room.host.bringToFront(*room.site, "laboratoryResults");
+  room.host.views().bringToFront(*room.site, "laboratoryResults");
   room.calibrationType().choose("useSample1Only");
   room.laboratoryValue(1).type("1.4");
   const auto shown = accept();
@@ -110,7 +110,7 @@ TEST_P(WholeCalibrationTest, WithoutASampleTheDeviceRefuses) {
 TEST_P(WholeCalibrationTest, SamplesFarFromTheLaboratoryAreSuspicious) {
   takeSample(1);
   room.diary.take();
-  room.host.bringToFront(*room.site, "laboratoryResults");
+  room.host.views().bringToFront(*room.site, "laboratoryResults");
   room.calibrationType().choose("useSample1Only");
   room.laboratoryValue(1).type("5.9");
   const auto shown = accept();
@@ -131,7 +131,7 @@ TEST_P(WholeCalibrationTest, AnUnevenSampleIsToldAndCanBeTakenAnew) {
 }
 
 TEST_P(WholeCalibrationTest, RecipesAreChangedByHand) {
-  room.host.bringToFront(*room.site, "recipes");
+  room.host.views().bringToFront(*room.site, "recipes");
   room.slope(2).type("1.1");
   room.offset(3).type("-0.2");
   room.apply().click();
@@ -179,11 +179,11 @@ TEST_P(WholeCalibrationTest, LeavingTheFrameStopsTheSample) {
   room.take(1).click();
   room.desktop.wait(30);
   room.user.answer = [] { return UserPrompt::kStop; };
-  EXPECT_FALSE(room.host.bringToFront(*room.site, "recipes"));
+  EXPECT_FALSE(room.host.views().bringToFront(*room.site, "recipes"));
   EXPECT_EQ(room.site->selected(), "sampling");
   EXPECT_EQ(room.site->busyWith(), "sampling");
   room.user.answer = [] { return UserPrompt::kGoOn; };
-  EXPECT_TRUE(room.host.bringToFront(*room.site, "recipes"));
+  EXPECT_TRUE(room.host.views().bringToFront(*room.site, "recipes"));
   EXPECT_EQ(room.site->busyWith(), "");
   room.settle();
   EXPECT_TRUE(room.device().laboratoryValue(1)) << "the device has the sample";
@@ -193,7 +193,7 @@ TEST_P(WholeCalibrationTest, LeavingTheFrameStopsTheSample) {
 // A blade type chosen elsewhere filters the pulp types; the device refuses what the user chooses all the same.
 TEST(WholeCalibrationProfibusTest, ARefusedPulpTypeIsReadBack) {
   CalibrationRoom room("profibusBlade");
-  room.host.bringToFront(*room.site, "recipes");
+  room.host.views().bringToFront(*room.site, "recipes");
   const std::string before = room.pulpType(2).Text();
   room.pulpType(2).choose("pulpTypeBroke");
   room.apply().click();

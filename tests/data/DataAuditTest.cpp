@@ -61,7 +61,7 @@ TEST_F(DataAuditTest, EveryKeyOfEveryViewHasATextInEveryLanguage) {
   Host host(desktop, components, nobody, data);
   host.openDataSet(data / "devices" / "profibusBlade.xml");
   std::vector<std::string> views;
-  host.release(*host.place("VwMeasurement"));
+  host.views().release(*host.views().place("VwMeasurement"));
   for (const RegisteredClass& each : components.classes())
     if (each.name.starts_with("Vw")) views.push_back(each.name);
   EXPECT_GT(views.size(), 10u);

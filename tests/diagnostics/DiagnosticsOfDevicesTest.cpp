@@ -31,9 +31,9 @@ struct Room {
     host.observers().add(diary);
     host.openDataSet(sourceData() / "devices" / (device + ".xml"));
     host.connect(makeDevice(device, desktop, host.dataSet()->document(), 7));
-    host.setLiveReading(false);
-    site = host.place(className);
-    host.open(*site, frame);
+    host.views().setLiveReading(false);
+    site = host.views().place(className);
+    host.views().open(*site, frame);
   }
   template <class T>
   T& get(const std::string& name) {
@@ -47,7 +47,7 @@ struct Room {
     while (!host.communication().idle());
   }
   void read(const std::string& group) {
-    host.readGroup(group);
+    host.exchange().readGroup(group);
     settle();
   }
   std::string stored(const std::string& parameter) {

@@ -46,8 +46,8 @@ TEST_F(AnswerRoutesTest, AnErrorIsToldToWhoAsked) {
 
 TEST_F(AnswerRoutesTest, AReadingOfATestValueProvesNothing) {
   PaperView& paper = view();
-  host.readParameters({"damping", "loopTestValue"});
-  host.submit("", "<communicationRequest name=\"loopTest\" access=\"read\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0);
+  host.exchange().readParameters({"damping", "loopTestValue"});
+  host.exchange().submit("", "<communicationRequest name=\"loopTest\" access=\"read\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0);
   while (!asked.empty()) reply(answer(host.communication().underWay()->name, "read", {{"loopTestValue", "0"}}));
   for (const std::string& line : paper.take()) EXPECT_EQ(line.find("loopTestValue"), line.npos) << line;
 }
@@ -55,7 +55,7 @@ TEST_F(AnswerRoutesTest, AReadingOfATestValueProvesNothing) {
 TEST_F(AnswerRoutesTest, ReadingAPageIsNoCalibration) {
   PaperView& paper = view();
   for (const char* const group : {"laboratoryResults", "temperatureCalibration", "activeRecipe"}) {
-    host.readGroup(group);
+    host.exchange().readGroup(group);
     reply(answer(group, "read", {{"activeRecipe", "2"}}));
   }
   EXPECT_EQ(paper.take(), (Lines{"SetOnlineData read laboratoryResults more: activeRecipe=2", "SetOnlineData read temperatureCalibration more: activeRecipe=2",

@@ -233,7 +233,7 @@ TEST_F(CommunicationTest, AViewReleasedInsideAnAnswerGetsNoMore) {
   PaperView& second = view();
   first.during = [&](const std::string& call) {
     if (call.starts_with("SetOnlineData"))
-      while (host.sites().size() > 0) host.release(*host.sites().front());
+      while (host.views().sites().size() > 0) host.views().release(*host.views().sites().front());
   };
   first.messenger->SendRequest(read("a", "speed"), "a");
   reply(answer("a", "read", {{"speed", "2"}}));

@@ -38,8 +38,8 @@ class ConversationTest : public ::testing::Test {
     host.observers().add(diary);
     host.openDataSet(sourceData() / "devices" / "hartBlade.xml");
     host.connect(makeDevice("hartBlade", desktop, host.dataSet()->document(), 7));
-    site = host.place("VwMeasurement");
-    host.open(*site, "activeRecipe");
+    site = host.views().place("VwMeasurement");
+    host.views().open(*site, "activeRecipe");
   }
   template <class T>
   T& control(const std::string& name) {
@@ -86,15 +86,15 @@ TEST_F(ConversationTest, LocalAcceptanceTurnsTheButtonAndKeepsTheEdit) {
   EXPECT_EQ(host.dataSet()->edited(), std::vector<std::string>{"activeRecipe"});
   host.setCommunicationMode(CommunicationMode::Download);
   EXPECT_EQ(button.Caption(), "Download");
-  host.writeParameters(host.dataSet()->edited());
+  host.exchange().writeParameters(host.dataSet()->edited());
   settle();
-  EXPECT_TRUE(host.transfer().failures().empty());
+  EXPECT_TRUE(host.exchange().transfer().failures().empty());
   EXPECT_TRUE(host.dataSet()->edited().empty());
   EXPECT_EQ(host.dataSet()->value("activeRecipe"), "2");
 }
 
 TEST_F(ConversationTest, LiveValuesArriveWhileTheyAreInFront) {
-  host.bringToFront(*site, "monitoringVariables");
+  host.views().bringToFront(*site, "monitoringVariables");
   desktop.wait(10);
   Control* place = nullptr;
   for (Control* each : site->view()->GetControls())
@@ -107,21 +107,21 @@ TEST_F(ConversationTest, LiveValuesArriveWhileTheyAreInFront) {
 }
 
 TEST_F(ConversationTest, EveryGroupOfTheDataSetCanBeReadAndComparesEqual) {
-  host.readAll();
+  host.exchange().readAll();
   settle();
   std::string failed;
-  for (const auto& each : host.transfer().failures()) failed += each.group + " " + each.item + " " + each.errorCode + each.reason + "; ";
+  for (const auto& each : host.exchange().transfer().failures()) failed += each.group + " " + each.item + " " + each.errorCode + each.reason + "; ";
   EXPECT_EQ(failed, "");
-  host.comparison().start({});
+  host.exchange().comparison().start({});
   settle();
   std::size_t same = 0;
-  for (const auto& row : host.comparison().rows()) same += row.same;
-  EXPECT_GT(same, host.comparison().rows().size() * 9 / 10) << "live values move, settings do not";
+  for (const auto& row : host.exchange().comparison().rows()) same += row.same;
+  EXPECT_GT(same, host.exchange().comparison().rows().size() * 9 / 10) << "live values move, settings do not";
 }
 
 TEST_F(ConversationTest, ASilentDeviceDoesNotStopTheHost) {
   host.communication().device()->setFault("silent", "");
-  host.bringToFront(*site, "monitoringVariables");
+  host.views().bringToFront(*site, "monitoringVariables");
   desktop.wait(10);
   host.communication().device()->setFault("none", "");
   diary.take();
@@ -131,7 +131,7 @@ TEST_F(ConversationTest, ASilentDeviceDoesNotStopTheHost) {
 
 TEST_F(ConversationTest, GarbageDoesNotStopTheHost) {
   host.communication().device()->setFault("garbage", "");
-  host.bringToFront(*site, "monitoringVariables");
+  host.views().bringToFront(*site, "monitoringVariables");
   desktop.wait(30);
   host.communication().device()->setFault("none", "");
   desktop.wait(5);

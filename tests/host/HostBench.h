@@ -248,8 +248,8 @@ class HostTest : public ::testing::Test {
   }
   // A view that is placed and open, with its calls so far taken.
   PaperView& view(const std::string& key = "drive") {
-    const Ref<ViewSite> site = host.place("Paper");
-    host.open(*site, key);
+    const Ref<ViewSite> site = host.views().place("Paper");
+    host.views().open(*site, key);
     source.made.back()->calls.clear();
     diary.lines.clear();
     return *source.made.back();

@@ -45,7 +45,7 @@ TEST_F(HostMessengerTest, ListenersAreCalledInOrderOverASnapshot) {
   c.work = [&] { order += "c"; };
   late.work = [&] { order += "l"; };
   for (Listener* each : {&a, &b, &c}) messenger.Subscribe(*each);
-  host.setUnit("torque", "kNm");
+  host.user().setUnit("torque", "kNm");
   EXPECT_EQ(order, "ac");
   for (Listener* each : {&a, &c, &late}) messenger.Unsubscribe(*each);
   EXPECT_EQ(late.heard, 0);
@@ -57,7 +57,7 @@ TEST_F(HostMessengerTest, AnErrorOfAHandlerCostsThatHandlerOnly) {
   bad.work = [] { throw RuntimeError(91, "gone"); };
   paper.messenger->Subscribe(bad);
   paper.messenger->Subscribe(good);
-  host.setUnit("torque", "kNm");
+  host.user().setUnit("torque", "kNm");
   EXPECT_EQ(diary.lines, Lines{"unhandled of Paper: 91 gone"});
   EXPECT_EQ(good.heard, 1);
   paper.messenger->Unsubscribe(bad);
@@ -66,11 +66,11 @@ TEST_F(HostMessengerTest, AnErrorOfAHandlerCostsThatHandlerOnly) {
 
 TEST_F(HostMessengerTest, AsksInTheLanguageOfTheUser) {
   PaperView& paper = view();
-  host.setLanguage("fi");
+  host.user().setLanguage("fi");
   prompt.answer = UserPrompt::kStop;
   EXPECT_EQ(paper.messenger->AskUser("measurement", "a text as it stands"), 5);
   paper.messenger->ShowMessage("measurement", "accept");
-  EXPECT_EQ(prompt.lines, (Lines{"? Mittaus/a text as it stands", "! Mittaus/" + host.textTable()->GetText("accept")}));
+  EXPECT_EQ(prompt.lines, (Lines{"? Mittaus/a text as it stands", "! Mittaus/" + host.user().textTable()->GetText("accept")}));
   EXPECT_EQ(diary.lines, (Lines{"Paper asks measurement/a text as it stands -> 5", "Paper shows measurement/accept"}));
 }
 
@@ -108,7 +108,7 @@ TEST_F(HostMessengerTest, ChangesAreTakenOnlyWhileTheyAreCollected) {
     EXPECT_EQ(paper.messenger->AddChange("speed", "Speed", "1", "2", "N", "floatVal", "drive"), 1);
     EXPECT_EQ(paper.messenger->AddChange("mode", "Mode", "1", "3", "noUnit", "integerVal", "drive"), 2);
   };
-  const auto changes = host.collectChanges();
+  const auto changes = host.edits().collect();
   ASSERT_EQ(changes.size(), 2u);
   EXPECT_EQ(changes[1].view, "Paper");
   EXPECT_EQ(changes[1].name, "mode");
@@ -118,7 +118,7 @@ TEST_F(HostMessengerTest, ChangesAreTakenOnlyWhileTheyAreCollected) {
 TEST_F(HostMessengerTest, AMessengerOutlivesItsViewWithoutAHost) {
   PaperView& paper = view();
   const Ref<Messenger> kept = paper.messenger;
-  host.release(*host.sites().front());
+  host.views().release(*host.views().sites().front());
   EXPECT_EQ(refusalOf([&] { kept->GetUserLevel(); }).number, RuntimeError::NothingThere);
   EXPECT_EQ(refusalOf([&] { kept->AskUser("a", "b"); }).number, RuntimeError::NothingThere);
   kept->ReportError("late: ", 5, "");

@@ -21,7 +21,7 @@ class OutputWatchTest : public HostTest {
     for (const auto& [item, value] : items) xml += "<item name=\"" + item + "\" unit=\"noUnit\"><floatVal>" + value + "</floatVal></item>";
     return xml + "</communicationRequest>";
   }
-  std::string send(const std::string& xml) { return host.submit("", xml, {}, {}, 0, 0); }
+  std::string send(const std::string& xml) { return host.exchange().submit("", xml, {}, {}, 0, 0); }
   void start(const std::string& item = "loopTestValue", const std::string& value = "12") {
     ASSERT_EQ(send(write("loopTest", {{item, value}})), "");
   }
@@ -104,10 +104,10 @@ TEST_F(OutputWatchTest, ASimulationIsWatchedAndWhatTheDeviceTellsOfItCounts) {
   EXPECT_TRUE(host.outputs().mayBeForced(OutputKind::Simulation));
   reply(answer("simulation", "write", {{"simulation", "1"}}));
   EXPECT_EQ(forced(), Lines{"simulation confirmed"});
-  host.readGroup("simulation");
+  host.exchange().readGroup("simulation");
   reply(answer("simulation", "read", {{"simulation", "0"}}));
   EXPECT_TRUE(forced().empty()) << "somebody has switched it off";
-  host.readGroup("simulation");
+  host.exchange().readGroup("simulation");
   reply(answer("simulation", "read", {{"simulation", "1"}}));
   EXPECT_EQ(forced(), Lines{"simulation confirmed"}) << "and on again";
 }
@@ -158,7 +158,7 @@ TEST_F(OutputWatchTest, ASampleRunsFromItsStartUntilItsValuesHaveBeenRead) {
   ASSERT_EQ(send(write("sampling", {{"sampleStart", "1"}})), "");
   EXPECT_TRUE(host.outputs().sampling());
   reply(answer("sampling", "write", {{"sampleStart", "1"}}));
-  host.readGroup("sampling");
+  host.exchange().readGroup("sampling");
   reply(answer("sampling", "read", {{"sample2Deviation", "0.1"}, {"sample2ConsistencyAverage", "3"}}));
   EXPECT_TRUE(host.outputs().sampling()) << "who reads them among others only looks";
   std::vector<bool> ended;
@@ -183,7 +183,7 @@ TEST_F(OutputWatchTest, OnTheOtherBusACodeStopsTheSample) {
   EXPECT_EQ(onTheBus(), Lines{"write sampling: executeAction=5"});
   reply(answer("sampling", "write", {}));
   EXPECT_TRUE(host.outputs().sampling()) << "acknowledged without a word of what it did";
-  host.readGroup("deviceStatus");
+  host.exchange().readGroup("deviceStatus");
   reply(answer("deviceStatus", "read", {{"statusSamplingActive", "0"}}));
   EXPECT_FALSE(host.outputs().sampling()) << "the device says so itself";
 }
@@ -191,7 +191,7 @@ TEST_F(OutputWatchTest, OnTheOtherBusACodeStopsTheSample) {
 // --- a stop goes first and always
 
 TEST_F(OutputWatchTest, AStopGoesBeforeAllThatWait) {
-  host.readAll();
+  host.exchange().readAll();
   start("loopTestValue", "12");
   EXPECT_GT(host.communication().waiting(), 5u);
   start("loopTestValue", "0");
@@ -203,7 +203,7 @@ TEST_F(OutputWatchTest, AStopGoesBeforeAllThatWait) {
 TEST_F(OutputWatchTest, NoMessageStandsBeforeAStop) {
   PaperView& paper = view();
   openDevice("hartBlade");
-  host.readGroup("sampling");
+  host.exchange().readGroup("sampling");
   paper.messenger->SendRequest(write("loopTest", {{"loopTestValue", "12"}}), "loopTest");
   paper.take();
   paper.messenger->SendRequest(write("loopTest", {{"loopTestValue", "0"}}), "loopTest");
@@ -226,7 +226,7 @@ TEST_F(OutputWatchTest, AStopIsOnItsWayBeforeTheEndOfOthersIsTold) {
   start("loopTestValue", "12");
   reply(answer("loopTest", "write", {{"loopTestValue", "12"}}));
   start("loopTestValue", "0");
-  host.readGroup("sampling");
+  host.exchange().readGroup("sampling");
   host.observers().add(waiter);
   asked.clear();
   host.connect(std::make_unique<HandDevice>(asked));
@@ -235,10 +235,10 @@ TEST_F(OutputWatchTest, AStopIsOnItsWayBeforeTheEndOfOthersIsTold) {
 }
 
 TEST_F(OutputWatchTest, TheStopOfASampleTakesThePlaceOfAStartThatWaits) {
-  host.readAll();
+  host.exchange().readAll();
   ASSERT_EQ(send(write("sampling", {{"sampleStart", "0"}})), "");
   host.setCommunicationMode(CommunicationMode::Busy);
-  ASSERT_EQ(host.submit("", "<communicationRequest name=\"sampling\" access=\"read\"><item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item>"
+  ASSERT_EQ(host.exchange().submit("", "<communicationRequest name=\"sampling\" access=\"read\"><item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item>"
                             "<item name=\"sample1ConsistencyAverage\" unit=\"%\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0),
             "") << "it is a stop already";
   EXPECT_EQ(diary.lines.back(), "finished sampling withdrawn");
@@ -247,9 +247,9 @@ TEST_F(OutputWatchTest, TheStopOfASampleTakesThePlaceOfAStartThatWaits) {
 
 TEST_F(OutputWatchTest, NothingButZeroIsAStop) {
   openDevice("hartQX5");
-  host.setUserLevel(1);
+  host.user().setLevel(1);
   for (const char* const value : {"0.05", "-5"}) EXPECT_NE(send(write("loopTest", {{"channel0LoopTestValue", value}})), "") << value;
-  host.setUserLevel(3);
+  host.user().setLevel(3);
   start("channel0LoopTestValue", "0.05");
   EXPECT_EQ(forced(), Lines{"channel0LoopTestValue"});
 }
@@ -273,7 +273,7 @@ TEST_F(OutputWatchTest, ANumberIsTakenBesideATextThatIsNone) {
 }
 
 TEST_F(OutputWatchTest, AStopPassesInEveryModeAndAtEveryLevel) {
-  host.setUserLevel(1);
+  host.user().setLevel(1);
   for (const CommunicationMode mode : {CommunicationMode::LocalAcceptance, CommunicationMode::Busy}) {
     host.setCommunicationMode(mode);
     asked.clear();
@@ -285,7 +285,7 @@ TEST_F(OutputWatchTest, AStopPassesInEveryModeAndAtEveryLevel) {
 }
 
 TEST_F(OutputWatchTest, CancellingATransferLeavesAStop) {
-  host.readAll();
+  host.exchange().readAll();
   start("loopTestValue", "0");
   host.communication().cancelWaiting();
   EXPECT_EQ(host.communication().waiting(), 1u);
@@ -303,7 +303,7 @@ TEST_F(OutputWatchTest, WhatActsIsNeverAnsweredLocally) {
 }
 
 TEST_F(OutputWatchTest, BelowTheThirdLevelNothingIsWritten) {
-  host.setUserLevel(2);
+  host.user().setLevel(2);
   const std::string reason = "the user level does not allow to write";
   EXPECT_EQ(send(write("loopTest", {{"loopTestValue", "12"}})), reason);
   EXPECT_EQ(send(write("outputSignal", {{"damping", "2"}})), reason);

@@ -13,12 +13,14 @@ class StopReportTest : public HostTest {
  protected:
   void SetUp() override {
     HostTest::SetUp();
-    host.setLanguage("probe");
+    host.user().setLanguage("probe");
     host.openDataSet(sourceData() / "devices" / "hartBlade.xml");
   }
   std::string send(const std::string& value) {
-    return host.submit("", "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>" + value + "</floatVal></item></communicationRequest>",
-                       {}, {}, 0, 0);
+    return host.exchange().submit("",
+                                  "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>" +
+                                      value + "</floatVal></item></communicationRequest>",
+                                  {}, {}, 0, 0);
   }
   Lines shown() {
     desktop.wait(0);
@@ -50,11 +52,11 @@ TEST_F(StopReportTest, AStopThatCameThroughIsNotDoubtedForTheNextStart) {
 }
 
 TEST_F(StopReportTest, DocumentsWaitForATestThatHasNotLeftYet) {
-  host.readAll();
+  host.exchange().readAll();
   send("12");
-  EXPECT_EQ(refusalOf([&] { host.discardEdits(); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { host.edits().discard(); }).number, RuntimeError::PermissionDenied);
   host.communication().cancelWaiting();
-  host.discardEdits();
+  host.edits().discard();
 }
 
 TEST_F(StopReportTest, SilenceAndAMissingDeviceAreToldToo) {
@@ -82,21 +84,24 @@ TEST_F(StopReportTest, AValueThatIsNoNumberIsTold) {
 TEST_F(StopReportTest, DocumentsWaitWhileALoopTestMayDrive) {
   PaperView& paper = view();
   send("12");
-  EXPECT_EQ(refusalOf([&] { host.discardEdits(); }).number, RuntimeError::PermissionDenied);
+  EXPECT_EQ(refusalOf([&] { host.edits().discard(); }).number, RuntimeError::PermissionDenied);
   EXPECT_EQ(refusalOf([&] { host.setDataSet(smallDataSet()); }).number, RuntimeError::PermissionDenied);
   EXPECT_EQ(host.dataSet()->deviceType(), "hartBlade");
   EXPECT_TRUE(paper.take().empty());
   host.outputs().confirmedByUser();
   EXPECT_TRUE(host.outputs().mayBeForced()) << "the device has not said so";
-  host.discardEdits();
+  host.edits().discard();
   EXPECT_EQ(paper.take(), Lines{"SetOfflineData"});
   send("8");
   desktop.wait(3);
-  EXPECT_EQ(refusalOf([&] { host.discardEdits(); }).number, RuntimeError::PermissionDenied) << "another value, another test";
+  EXPECT_EQ(refusalOf([&] { host.edits().discard(); }).number, RuntimeError::PermissionDenied) << "another value, another test";
 }
 
 TEST_F(StopReportTest, ASampleThatBeginsHasNoValuesYet) {
-  host.submit("", "<communicationRequest name=\"sampling\" access=\"write\"><item name=\"sampleStart\" unit=\"noUnit\"><integerVal>0</integerVal></item></communicationRequest>", {}, {}, 0, 0);
+  host.exchange().submit("",
+                         "<communicationRequest name=\"sampling\" access=\"write\"><item name=\"sampleStart\" "
+                         "unit=\"noUnit\"><integerVal>0</integerVal></item></communicationRequest>",
+                         {}, {}, 0, 0);
   EXPECT_NE(host.dataSet()->value("sample1ConsistencyAverage"), "");
   reply(answer("sampling", "write", {{"sampleStart", "0"}}));
   EXPECT_EQ(host.dataSet()->value("sample1ConsistencyAverage"), "");

@@ -39,14 +39,14 @@ TEST_F(WritingTest, WhatActsStaysBehindWhenAllIsApplied) {
   std::vector<Change> changes = page;
   changes.push_back({"v", "tag", "Tag", "A", "B", "noUnit", "stringVal", "informationDevice"});
   changes.push_back({"v", "loopTestValue", "Test", "", "12", "%Cs", "floatVal", "loopTest"});
-  EXPECT_THAT(said(host.applyChanges(changes)), ElementsAre("simulation by page", "simulationValue by page", "loopTestValue by button"));
+  EXPECT_THAT(said(host.exchange().applyChanges(changes)), ElementsAre("simulation by page", "simulationValue by page", "loopTestValue by button"));
   ASSERT_EQ(asked.size(), 1u);
   EXPECT_THAT(told(asked[0].request), HasSubstr("tag=B"));
   EXPECT_THAT(prompt.lines, IsEmpty());
 }
 
 TEST_F(WritingTest, ItsOwnPageIsAskedForByNameAndUnit) {
-  EXPECT_THAT(said(host.applyChanges(page, {}, "simulation")), IsEmpty());
+  EXPECT_THAT(said(host.exchange().applyChanges(page, {}, "simulation")), IsEmpty());
   ASSERT_EQ(prompt.lines.size(), 1u);
   EXPECT_THAT(prompt.lines[0], testing::AllOf(HasSubstr("Simulation: On"), HasSubstr(": 4.50 %Cs")));
   EXPECT_EQ(prompt.answers.goOn, "Write these values");
@@ -59,13 +59,13 @@ TEST_F(WritingTest, WhoSaysNoLeavesThemOut) {
   prompt.answer = UserPrompt::kStop;
   std::vector<Change> changes = page;
   changes.push_back({"v", "tag", "Tag", "A", "B", "noUnit", "stringVal", "informationDevice"});
-  EXPECT_THAT(said(host.applyChanges(changes, {}, "simulation")), ElementsAre("simulation declined", "simulationValue declined"));
+  EXPECT_THAT(said(host.exchange().applyChanges(changes, {}, "simulation")), ElementsAre("simulation declined", "simulationValue declined"));
   ASSERT_EQ(asked.size(), 1u);
   EXPECT_THAT(told(asked[0].request), HasSubstr("tag=B"));
 }
 
 TEST_F(WritingTest, ValuesOfTheDataSetThatActAreNotWritten) {
-  EXPECT_THAT(said(host.writeParameters({"simulation", "executeAction", "failSafeType", "nothing"})),
+  EXPECT_THAT(said(host.exchange().writeParameters({"simulation", "executeAction", "failSafeType", "nothing"})),
               testing::UnorderedElementsAre("executeAction by button", "failSafeType by page", "simulation by page", "nothing no parameter"));
   EXPECT_TRUE(asked.empty());
 }

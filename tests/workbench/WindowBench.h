@@ -120,7 +120,7 @@ class WindowBench : public testing::Test {
   // A control of the view in front.
   template <class T>
   T& control(const std::string& name) {
-    for (Control* each : workbench->host().front()->view()->GetControls())
+    for (Control* each : workbench->host().views().front()->view()->GetControls())
       if (each->name() == name) return dynamic_cast<T&>(*each);
     throw RuntimeError(RuntimeError::BadArgument, "no control " + name);
   }
@@ -129,7 +129,7 @@ class WindowBench : public testing::Test {
   std::string deviceValue(const std::string& group, const std::string& name) {
     Host& host = workbench->host();
     bool done = false;
-    host.readGroup(group, [&] { done = true; });
+    host.exchange().readGroup(group, [&] { done = true; });
     EXPECT_TRUE(until([&] { return done; }));
     return host.dataSet()->value(name);
   }

@@ -78,8 +78,8 @@ ConversationTap::ConversationTap(ConversationLog& log, Desktop& desktop) : mLog(
 
 ConversationTap::~ConversationTap() = default;
 
-Host::Taps ConversationTap::taps(Host::Taps inner) {
-  Host::Taps taps;
+Views::Taps ConversationTap::taps(Views::Taps inner) {
+  Views::Taps taps;
   taps.messenger = [this, inner = inner.messenger](ViewSite& site, Ref<Messenger> host) {
     return Ref<Messenger>(new RecordingMessenger(callsOf(site), inner ? inner(site, std::move(host)) : std::move(host)));
   };

@@ -20,7 +20,7 @@ class ConversationTap : private HostObserver {
   ConversationTap& operator=(const ConversationTap&) = delete;
 
   // What stands between the views and the host. `inner` stands behind it and may be empty.
-  Host::Taps taps(Host::Taps inner = {});
+  Views::Taps taps(Views::Taps inner = {});
   void attach(Host& host);
   void detach(Host& host) { host.observers().remove(*this); }
 

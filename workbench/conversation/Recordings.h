@@ -18,7 +18,7 @@ class Recordings {
   Recordings(ComponentSource& components, const Desktop& desktop);
 
   RecordedComponents& components() { return mComponents; }
-  Host::Taps taps() { return mComponents.taps(); }
+  Views::Taps taps() { return mComponents.taps(); }
 
   // The settings, for the views that are open and for those to come.
   void setLanguage(const std::string& language);

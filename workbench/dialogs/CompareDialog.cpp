@@ -80,7 +80,7 @@ void CompareDialog::begin() {
   mTable->setRowCount(0);
   show();
   raise();
-  host().comparison().start([this, alive = std::weak_ptr(mAlive)] {
+  host().exchange().comparison().start([this, alive = std::weak_ptr(mAlive)] {
     if (alive.expired()) return;
     mRunning = false;
     fill();
@@ -90,7 +90,7 @@ void CompareDialog::begin() {
 }
 
 void CompareDialog::refreshProgress() {
-  const Transfer& transfer = host().comparison().transfer();
+  const Transfer& transfer = host().exchange().comparison().transfer();
   mProgress->setVisible(mRunning);
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.done());
@@ -121,7 +121,7 @@ QString CompareDialog::difference(const Comparison::Row& row) const {
 }
 
 void CompareDialog::fill() {
-  const std::vector<Comparison::Row>& rows = host().comparison().rows();
+  const std::vector<Comparison::Row>& rows = host().exchange().comparison().rows();
   mTable->setRowCount(static_cast<int>(rows.size()));
   int differences = 0, failures = 0;
   for (int i = 0; i < mTable->rowCount(); ++i) {
@@ -165,7 +165,8 @@ std::vector<std::string> CompareDialog::ticked() const {
 }
 
 void CompareDialog::readTicked() {
-  if (const auto names = ticked(); !names.empty()) host().readParameters(names, [this, alive = std::weak_ptr(mAlive)] {
+  if (const auto names = ticked(); !names.empty())
+    host().exchange().readParameters(names, [this, alive = std::weak_ptr(mAlive)] {
       if (!alive.expired()) begin();
     });
 }
@@ -183,7 +184,7 @@ void CompareDialog::writeTicked() {
   if (names.empty())
     fill();
   else
-    host().writeParameters(names, [this, alive = std::weak_ptr(mAlive)] {
+    host().exchange().writeParameters(names, [this, alive = std::weak_ptr(mAlive)] {
       if (!alive.expired()) begin();
     });
 }

@@ -44,7 +44,7 @@ void TransferDialog::begin() {
 }
 
 void TransferDialog::retry() {
-  host().transfer().retry([alive = QPointer(this)] {
+  host().exchange().transfer().retry([alive = QPointer(this)] {
     if (alive) alive->refreshLater();
   });
   refresh();
@@ -61,7 +61,7 @@ void TransferDialog::refreshLater() {
 }
 
 void TransferDialog::refresh() {
-  const Transfer& transfer = host().transfer();
+  const Transfer& transfer = host().exchange().transfer();
   const auto& failures = transfer.failures();
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.total() == 0 ? 1 : transfer.done());

@@ -159,7 +159,7 @@ void WaitingDialog::writeTicked() {
     const std::function<void()> done = [this, alive] {
       if (!alive.expired()) finish();
     };
-    const std::vector<LeftOut> left = host().applyChanges(chosen, done, device().frame());
+    const std::vector<LeftOut> left = host().exchange().applyChanges(chosen, done, device().frame());
     if (alive.expired()) return;
     const QSignalBlocker quiet(mList);
     for (QTreeWidgetItem* const row : ticked()) {
@@ -181,7 +181,7 @@ void WaitingDialog::writeTicked() {
 
 void WaitingDialog::finish() {
   mWriting = false;
-  const std::vector<Transfer::Failure>& failures = host().transfer().failures();
+  const std::vector<Transfer::Failure>& failures = host().exchange().transfer().failures();
   const bool local = host().communication().isLocal();
   const QSignalBlocker quiet(mList);
   for (QTreeWidgetItem* const row : ticked()) {

@@ -23,14 +23,14 @@ PlantDevice::PlantDevice(const Plant& plant, const DeviceKind& kind)
       mHost(plant.desktop, mRecordings.components(), plant.prompt, plant.dataFolder, mTap.taps(mRecordings.taps())),
       mStatus(mHost) {
   mTap.attach(mHost);
-  mRecordings.setLanguage(mHost.session().language);
+  mRecordings.setLanguage(mHost.user().session().language);
   mRecordings.setLocale(plant.desktop.locale().name);
   mHost.openDataSet(plant.dataFolder / std::string(kind.dataSet));
   switchOn();
 }
 
 PlantDevice::~PlantDevice() {
-  while (!mHost.sites().empty()) mHost.release(*mHost.sites().back());
+  while (!mHost.views().sites().empty()) mHost.views().release(*mHost.views().sites().back());
   mTap.detach(mHost);
 }
 
@@ -52,34 +52,34 @@ std::string PlantDevice::title() {
 }
 
 Ref<ViewSite> PlantDevice::siteOf(const std::string& branch) {
-  for (const Ref<ViewSite>& site : mHost.sites())
+  for (const Ref<ViewSite>& site : mHost.views().sites())
     if (site->tag() == branch) return site;
   return nullptr;
 }
 
 bool PlantDevice::show(const std::string& branch, const std::string& frame) {
-  if (const Ref<ViewSite> site = siteOf(branch)) return mHost.bringToFront(*site, frame);
-  if (const Ref<ViewSite> front(mHost.front()); front && !front->leave()) return false;
-  const Ref<ViewSite> site = mHost.place(classFor(branch), branch);
-  mHost.showsFront(*site);
-  mHost.open(*site, frame);
+  if (const Ref<ViewSite> site = siteOf(branch)) return mHost.views().bringToFront(*site, frame);
+  if (const Ref<ViewSite> front(mHost.views().front()); front && !front->leave()) return false;
+  const Ref<ViewSite> site = mHost.views().place(classFor(branch), branch);
+  mHost.views().showsFront(*site);
+  mHost.views().open(*site, frame);
   return true;
 }
 
-std::string PlantDevice::branch() { return mHost.front() ? mHost.front()->tag() : std::string(); }
+std::string PlantDevice::branch() { return mHost.views().front() ? mHost.views().front()->tag() : std::string(); }
 
-std::string PlantDevice::frame() { return mHost.front() ? mHost.front()->selected() : std::string(); }
+std::string PlantDevice::frame() { return mHost.views().front() ? mHost.views().front()->selected() : std::string(); }
 
 void PlantDevice::reopen() {
   const std::string branch = this->branch();
   const std::string frame = this->frame();
   if (branch.empty()) return;
-  mHost.release(*mHost.front());
+  mHost.views().release(*mHost.views().front());
   show(branch, frame);
 }
 
 std::string PlantDevice::transcript() {
-  const TranscriptRecorder* const recorder = mHost.front() ? mRecordings.of(*mHost.front()) : nullptr;
+  const TranscriptRecorder* const recorder = mHost.views().front() ? mRecordings.of(*mHost.views().front()) : nullptr;
   return recorder ? recorder->text() : std::string();
 }
 
@@ -91,7 +91,7 @@ bool PlantDevice::viewsHaveEdits() { return !viewEdits().empty(); }
 
 std::vector<EditControl*> PlantDevice::viewEdits() {
   std::vector<EditControl*> edits;
-  for (const Ref<ViewSite>& site : mHost.sites())
+  for (const Ref<ViewSite>& site : mHost.views().sites())
     for (EditControl* const edit : pendingEdits(site->view())) edits.push_back(edit);
   return edits;
 }
@@ -99,7 +99,7 @@ std::vector<EditControl*> PlantDevice::viewEdits() {
 std::vector<Change> PlantDevice::waiting() {
   DataSet* const dataSet = mHost.dataSet();
   if (!dataSet) return {};
-  std::vector<Change> changes = mHost.collectChanges();
+  std::vector<Change> changes = mHost.edits().collect();
   for (const std::string& name : dataSet->edited()) {
     if (std::any_of(changes.begin(), changes.end(), [&](const Change& each) { return each.name == name; })) continue;
     const ParameterInfo info = dataSet->info(name);
@@ -129,7 +129,7 @@ std::vector<EditControl*> PlantDevice::leftOut() {
 std::set<std::string> PlantDevice::keepEdits() {
   std::set<std::string> left;
   if (mHost.dataSet())
-    for (const LeftOut& each : mHost.keepTypedEdits()) left.insert(each.name);
+    for (const LeftOut& each : mHost.edits().keepTyped()) left.insert(each.name);
   for (const EditControl* const edit : leftOut()) left.emplace(edit->parameterName());
   return left;
 }
@@ -152,7 +152,7 @@ KeptValue PlantDevice::keptValue(const EditControl& edit, const Texts& texts) {
 }
 
 std::string PlantDevice::busyWith() {
-  for (const Ref<ViewSite>& site : mHost.sites())
+  for (const Ref<ViewSite>& site : mHost.views().sites())
     if (!site->busyWith().empty()) return site->busyWith();
   return {};
 }

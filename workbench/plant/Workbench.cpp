@@ -32,9 +32,9 @@ Workbench::Workbench(std::filesystem::path dataFolder, ComponentCatalog* compone
   }
   if (mDevices.empty()) throwNothingThere("a simulated device");
   mCurrent = mDevices.front().get();
-  mSettings.language = host().session().language;
+  mSettings.language = host().user().session().language;
   mSettings.locale = mDesktop.locale().name;
-  mTexts = Texts(host().textTable(), mSettings.language);
+  mTexts = Texts(host().user().textTable(), mSettings.language);
   mDesktop.onDebugOutput = [this](const std::string& text) { mCurrent->tap().note(ConversationLog::Kind::Log, text); };
 }
 
@@ -42,13 +42,13 @@ Workbench::~Workbench() = default;
 
 bool Workbench::show(PlantDevice& device, const std::string& branch, const std::string& frame) {
   if (&device != mCurrent) {
-    if (const Ref<ViewSite> front(host().front()); front && !front->leave()) return false;
-    host().setLiveReading(false);
+    if (const Ref<ViewSite> front(host().views().front()); front && !front->leave()) return false;
+    host().views().setLiveReading(false);
   }
   if (!device.show(branch, frame)) return false;
   if (&device == mCurrent) return true;
   mCurrent = &device;
-  host().setLiveReading(true);
+  host().views().setLiveReading(true);
   deviceChanged();
   return true;
 }
@@ -67,12 +67,12 @@ void Workbench::openDataSet(const std::filesystem::path& file) {
 void Workbench::setLanguage(const std::string& language) {
   // Each host reads its own copy; the first one finds out whether it can be read.
   for (const auto& device : mDevices) {
-    device->host().textTables().table(language);
+    device->host().user().textTables().table(language);
     device->recordings().setLanguage(language);
-    device->host().setLanguage(language);
+    device->host().user().setLanguage(language);
   }
   mSettings.language = language;
-  mTexts = Texts(host().textTable(), language);
+  mTexts = Texts(host().user().textTable(), language);
   settingsChanged();
 }
 
@@ -82,21 +82,21 @@ void Workbench::setLocale(const std::string& name) {
   for (const auto& device : mDevices) {
     device->recordings().setLocale(name);
     // Edits write their numbers anew when the units change.
-    for (const Ref<ViewSite>& site : std::vector(device->host().sites())) site->messenger().raise({ViewEvent::Kind::SetUnits, 0, {}, {}});
+    for (const Ref<ViewSite>& site : std::vector(device->host().views().sites())) site->messenger().raise({ViewEvent::Kind::SetUnits, 0, {}, {}});
   }
   settingsChanged();
 }
 
 void Workbench::setLevel(int level) {
   mSettings.level = level;
-  for (const auto& device : mDevices) device->host().setUserLevel(level);
+  for (const auto& device : mDevices) device->host().user().setLevel(level);
   settingsChanged();
 }
 
 void Workbench::setUnit(const std::string& quantity, const std::string& unit) {
   for (const auto& device : mDevices) {
     device->recordings().setUnit(quantity, unit);
-    device->host().setUnit(quantity, unit);
+    device->host().user().setUnit(quantity, unit);
   }
   mSettings.units[quantity] = unit;
   settingsChanged();

@@ -63,7 +63,7 @@ int Pictures::takeAll() {
   Workbench& workbench = mWindow.workbench();
   workbench.prompt().standIn = [](const std::string&, const std::string&) { return UserPrompt::kGoOn; };
   int count = 0;
-  for (const TextTables::Language& language : mWindow.host().textTables().languages()) {
+  for (const TextTables::Language& language : mWindow.host().user().textTables().languages()) {
     for (const Theme::Kind kind : {Theme::Kind::Light, Theme::Kind::Dark}) {
       workbench.setLanguage(language.code);
       workbench.setLocale(language.code);
@@ -81,9 +81,9 @@ int Pictures::takeAll() {
 std::vector<Pictures::Shot> Pictures::takeFrames(const std::filesystem::path& folder) {
   std::vector<Shot> shots;
   for (const auto& device : mWindow.workbench().devices()) {
-    device->host().setLiveReading(false);
+    device->host().views().setLiveReading(false);
     // Texts that a view has taken from an answer are those of the language that it came in.
-    while (!device->host().sites().empty()) device->host().release(*device->host().sites().back());
+    while (!device->host().views().sites().empty()) device->host().views().release(*device->host().views().sites().back());
     mWindow.show(mWindow.tree().places(*device).front());
     readAll();
     for (const PlantTree::Place& place : mWindow.tree().places(*device)) {

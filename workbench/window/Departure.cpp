@@ -97,7 +97,7 @@ bool Departure::mayClose(std::function<void()> close) const {
   if (!acting.empty() && !mayLeaveRunning(acting, std::move(close))) return false;
   if (!mayLose(all, {mUser.say("Save and close"), mUser.say("Close without saving"), mUser.say("Stay here")})) return false;
   // Who leaves a test running has been asked; the page would ask again, and stop it.
-  ViewSite* const front = mWorkbench.host().front();
+  ViewSite* const front = mWorkbench.host().views().front();
   return !front || !acting.empty() || front->leave();
 }
 

@@ -68,7 +68,8 @@ void DeviceMenu::refresh() {
   const std::size_t waiting = device.waitingCount();
   const QString apply = mWorkbench.texts().say("Apply edits") + (waiting > 0 ? QStringLiteral(" (%1)").arg(waiting) : QString());
   if (mApply->iconText() != apply) mApply->setIconText(apply);
-  mApply->setToolTip(device.host().session().level < 3 ? mWorkbench.texts().say("Needs user level 3 or more") : mWorkbench.texts().say("What waits to be written to the device"));
+  mApply->setToolTip(device.host().user().session().level < 3 ? mWorkbench.texts().say("Needs user level 3 or more")
+                                                              : mWorkbench.texts().say("What waits to be written to the device"));
   refreshModes();
 }
 

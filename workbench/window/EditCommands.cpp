@@ -12,7 +12,7 @@ void EditCommands::changed() const {
 
 void EditCommands::undo() {
   mPanel.commit();
-  ViewSite* const front = mWorkbench.host().front();
+  ViewSite* const front = mWorkbench.host().views().front();
   const std::vector<EditControl*> edits = front ? pendingEdits(front->view()) : std::vector<EditControl*>();
   if (edits.empty()) return mUser.remark(mUser.say("There is no edit on this page"));
   EditControl* edit = edits.back();
@@ -27,7 +27,7 @@ void EditCommands::discardAll() {
   if (!mDeparture.mayHandIn(mWorkbench.current())) return;
   const QString message = mUser.say("All values go back to what the data set last knew of the device.");
   if (mWorkbench.prompt().choose(mUser.say("Discard all edits?"), message, {mUser.say("Discard them"), mUser.say("Keep them")}) != 0) return;
-  mUser.attempt(mUser.say("The edits could not be discarded"), [&] { mWorkbench.host().discardEdits(); });
+  mUser.attempt(mUser.say("The edits could not be discarded"), [&] { mWorkbench.host().edits().discard(); });
   changed();
 }
 

@@ -161,12 +161,12 @@ void MainWindow::connectWorkbench() {
 }
 
 TranscriptRecorder* MainWindow::recorder() const {
-  ViewSite* const front = host().front();
+  ViewSite* const front = host().views().front();
   return front ? mWorkbench.current().recordings().of(*front) : nullptr;
 }
 
 std::shared_ptr<void> MainWindow::recorded(const Control& control, const UserInput& input) {
-  ViewSite* const front = host().front();
+  ViewSite* const front = host().views().front();
   if (!front || !front->view()) return nullptr;
   std::string line = input.command + " " + TranscriptRecorder::word(nameOfControl(front->view()->GetControls(), control));
   if (!input.arguments.empty()) line += " " + input.arguments;
@@ -186,7 +186,7 @@ void MainWindow::applySettings() {
     mAppliedScale = settings.scale;
     applyTheme(theme);
   }
-  mPanel->setTexts(host().textTable(), settings.language);
+  mPanel->setTexts(host().user().textTable(), settings.language);
   speakAnew(*this, mWorkbench.texts());
   mTree->setTexts(mWorkbench.texts());
   mConversation->setTexts(mWorkbench.texts());
@@ -282,7 +282,7 @@ bool MainWindow::show(const PlantTree::Place& place) {
 }
 
 void MainWindow::showFront() {
-  ViewSite* const front = host().front();
+  ViewSite* const front = host().views().front();
   mPanel->setView(front ? Ref<ITaviView>(front->view()) : nullptr);
   mTree->setShown(place());
   mFileMenu.refresh();

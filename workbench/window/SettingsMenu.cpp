@@ -64,7 +64,7 @@ void SettingsMenu::refresh() {
 
 void SettingsMenu::fillLanguages() {
   mLanguages->clear();
-  for (const TextTables::Language& language : mWorkbench.host().textTables().languages())
+  for (const TextTables::Language& language : mWorkbench.host().user().textTables().languages())
     addChoice(*mLanguages, qt(language.name), language.code == mWorkbench.settings().language, [this, code = language.code] { setLanguage(code); });
   mLanguages->addSeparator();
   addChoice(*mLanguages, mUser.say("Keys of the text table"), mWorkbench.settings().language == "keys", [this] { setLanguage("keys"); });
@@ -73,7 +73,7 @@ void SettingsMenu::fillLanguages() {
 void SettingsMenu::fillUnits() {
   mUnits->clear();
   const Texts& texts = mWorkbench.texts();
-  for (const UnitService::Quantity& quantity : mWorkbench.host().units()->quantities()) {
+  for (const UnitService::Quantity& quantity : mWorkbench.host().user().units()->quantities()) {
     if (quantity.units.size() < 2) continue;
     // Two spellings of one unit are no choice.
     if (texts.unit(quantity.units[0]) == texts.unit(quantity.units[1])) continue;

@@ -114,7 +114,7 @@ void StatusLine::refresh() {
 
   const char* const mode = communication.isBusy() ? "Busy" : communication.isLocal() ? "Local acceptance" : "Download to device";
   put(*mMode, mTexts.say(mode));
-  put(*mLevel, mTexts.say("Level %1").arg(mHost->session().level));
+  put(*mLevel, mTexts.say("Level %1").arg(mHost->user().session().level));
   const Device* const device = communication.device();
   put(*mBusTime, device ? mTexts.say("%1 ms per transaction").arg(qt(fixedText(device->busTimePerTransaction() * 1000.0, 0, '.'))) : QString());
 }

@@ -13,7 +13,7 @@ constexpr const char* kTranscripts = "Transcripts|*.transcript|All files|*";
 }  // namespace
 
 std::optional<std::filesystem::path> TranscriptCommands::askForFile() const {
-  ViewSite* const front = mWorkbench.host().front();
+  ViewSite* const front = mWorkbench.host().views().front();
   const std::string name = (front ? front->className() : std::string("view")) + ".transcript";
   return mWorkbench.desktop().saveDialog({mUser.say("Save transcript").toStdString() + " – " + mWorkbench.current().title(), kTranscripts, "transcript", name});
 }
@@ -36,14 +36,14 @@ void TranscriptCommands::record(bool on) {
 
 void TranscriptCommands::begin() {
   PlantDevice& device = mWorkbench.current();
-  ViewSite* const front = device.host().front();
+  ViewSite* const front = device.host().views().front();
   const std::optional<std::filesystem::path> file = front && front->leave() ? askForFile() : std::nullopt;
   if (!file) return;
   mRecording = file;
   mPanel.setView(nullptr);
   mUser.attempt(mUser.say("The view could not be opened anew"), [&] { device.reopen(); });
   mShowFront();
-  mRecorder = device.host().front() ? device.recordings().of(*device.host().front()) : nullptr;
+  mRecorder = device.host().views().front() ? device.recordings().of(*device.host().views().front()) : nullptr;
 }
 
 void TranscriptCommands::end() {

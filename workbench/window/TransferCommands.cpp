@@ -11,7 +11,7 @@ CompareDialog* TransferCommands::compareDialog() const { return mCompare; }
 
 bool TransferCommands::mayBegin() {
   mPanel.commit();
-  if (!mWorkbench.host().transfer().running()) return true;
+  if (!mWorkbench.host().exchange().transfer().running()) return true;
   mUser.remark(mUser.say("A transfer is running; wait for its end"));
   return false;
 }
@@ -26,16 +26,16 @@ void TransferCommands::readPage() {
   if (!mayBegin()) return;
   mUser.attempt(mUser.say("The page could not be read"), [&] {
     PlantDevice& device = mWorkbench.current();
-    device.host().readGroup(device.frame(), [this, &device, alive = QPointer(&mWindow)] {
+    device.host().exchange().readGroup(device.frame(), [this, &device, alive = QPointer(&mWindow)] {
       // One page needs no list of its own, unless something failed.
-      if (alive && &device == &mWorkbench.current() && !device.host().transfer().failures().empty()) show();
+      if (alive && &device == &mWorkbench.current() && !device.host().exchange().transfer().failures().empty()) show();
     });
   });
 }
 
 void TransferCommands::readAll() {
   if (!mayBegin()) return;
-  if (mUser.attempt(mUser.say("The device could not be read"), [&] { mWorkbench.host().readAll(); })) show();
+  if (mUser.attempt(mUser.say("The device could not be read"), [&] { mWorkbench.host().exchange().readAll(); })) show();
 }
 
 void TransferCommands::compare() {

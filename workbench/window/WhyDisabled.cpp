@@ -10,7 +10,7 @@ QString whyDisabled(const Control& control, PlantDevice& device, const Texts& te
   Host& host = device.host();
   if (dynamic_cast<const CommandButton*>(&control)) {
     if (host.communication().isBusy()) return texts.say("The communication is busy");
-    if (host.session().level < 3) return texts.say("Needs user level 3 or more");
+    if (host.user().session().level < 3) return texts.say("Needs user level 3 or more");
   }
   // A page may still say that it is busy when the device has confirmed that nothing runs.
   const bool runs = device.outputs().mayBeForced() || device.outputs().sampling();

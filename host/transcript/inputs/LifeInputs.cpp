@@ -34,7 +34,7 @@ void select(TranscriptStage& stage, const TranscriptInput& input) {
   const Ref<ITaviView> view = stage.need<ITaviView>("ITaviView");
   const Ref<ViewSite> site = stage.current().site;
   stage.onView([&] { view->SetSelectedView(input.words[1].text); });
-  if (site && site->alive()) stage.device->host().showsFront(*site);
+  if (site && site->alive()) stage.device->host().views().showsFront(*site);
 }
 
 void focus(TranscriptStage& stage, const TranscriptInput&) {

@@ -35,8 +35,8 @@ class TranscriptRecorderTest : public testing::Test {
 
   void open() {
     recorder.language = "en";
-    site = host->place("TestPanel", "test");
-    host->open(*site, "first");
+    site = host->views().place("TestPanel", "test");
+    host->views().open(*site, "first");
     button = dynamic_cast<CommandButton*>(findControl(site->view()->GetControls(), "cmdButton"));
   }
   // The user presses the button, after the view got something to do by it.
@@ -75,7 +75,7 @@ TEST_F(TranscriptRecorderTest, TheLifeOfAViewIsInputs) {
   const std::string text = recorder.text();
   EXPECT_TRUE(text.starts_with("> create TestPanel tag=test\n> messenger\n> localize en\n> select first\n> offline\n| <data:dtm")) << text;
   EXPECT_NE(text.find("> mode 11\n> focus\n"), text.npos) << text;
-  host->release(*site);
+  host->views().release(*site);
   EXPECT_NE(recorder.text().find("> release\n> terminate\n"), text.npos) << recorder.text();
   expectReplays();
 }
@@ -89,7 +89,7 @@ TEST_F(TranscriptRecorderTest, AnswersOfTheHostStandBeforeTheInput) {
   };
   open();
   prompt.answer = 5;
-  host->setUserLevel(1);
+  host->user().setLevel(1);
   host->setCommunicationMode(CommunicationMode::Busy);
   click("ask");
   EXPECT_NE(recorder.text().find("> answer 5 5\n> accept false\n> level 1\n> click cmdButton\nAskUser \"t\" \"a\" -> 5\n"), std::string::npos)
@@ -175,8 +175,8 @@ TEST_F(TranscriptRecorderTest, EventsAndErrorsAreRecordedOnce) {
   open();
   site->messenger().raise({ViewEvent::Kind::ReceiveValue, 0, "a b", "1"});
   site->messenger().raise({ViewEvent::Kind::ReceiveValue, 0, "throw", "1"});
-  host->setUnit("temperature", "degF");
-  host->collectChanges(2);
+  host->user().setUnit("temperature", "degF");
+  host->edits().collect(2);
   const std::string text = recorder.text();
   EXPECT_NE(text.find("> receive \"a b\" \"1\"\nLog 77 \"one hears a b 1\"\n> receive throw \"1\"\nUnhandled 13 \"one\"\n> units\n> changes 2\n"),
             text.npos)

@@ -118,21 +118,21 @@ TEST_F(TransferTest, WhatIsTickedIsReadIntoTheDataSet) {
   compared();
   window->transfers().compareDialog()->tick("damping", true);
   window->transfers().compareDialog()->readTicked();
-  EXPECT_TRUE(until([&] { return parseNumber(dataSet().value("damping"), '.') == 2.0 && !workbench->host().transfer().running(); }));
+  EXPECT_TRUE(until([&] { return parseNumber(dataSet().value("damping"), '.') == 2.0 && !workbench->host().exchange().transfer().running(); }));
 }
 
 TEST_F(TransferTest, WhatFailedIsListedAndTriedAgain) {
   Device& device = *workbench->host().communication().device();
   device.setFault("refuse", "outputSignal hartCmdErrAccessRestricted");
   window->transfers().readAll();
-  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  ASSERT_TRUE(until([&] { return !workbench->host().exchange().transfer().running(); }));
   TransferDialog* const dialog = window->transfers().transferDialog();
   const int items = static_cast<int>(dataSet().readItems("outputSignal").size());
   ASSERT_TRUE(until([&] { return dialog->failuresShown() == items; }));
   if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog->grab().save(QString::fromLatin1(folder) + "/transfer.png");
   device.setFault("none", "");
   dialog->retry();
-  EXPECT_TRUE(until([&] { return !workbench->host().transfer().running() && dialog->failuresShown() == 0; }));
+  EXPECT_TRUE(until([&] { return !workbench->host().exchange().transfer().running() && dialog->failuresShown() == 0; }));
 }
 
 TEST_F(TransferTest, ADeviceThatDoesNotAnswerIsTold) {
@@ -150,7 +150,7 @@ TEST_F(TransferTest, ADeviceThatDoesNotAnswerIsTold) {
 TEST_F(TransferTest, GarbageCostsTheAnswerOnly) {
   workbench->host().communication().device()->setFault("garbage", "");
   window->transfers().readPage();
-  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  ASSERT_TRUE(until([&] { return !workbench->host().exchange().transfer().running(); }));
   workbench->host().communication().device()->setFault("none", "");
   EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "1");
 }
@@ -167,7 +167,7 @@ TEST_F(TransferTest, TheDeviceStateFollowsItsStatusBits) {
 
 TEST_F(TransferTest, WaitingRequestsAreCancelled) {
   workbench->host().communication().device()->setFault("slow", "10");
-  workbench->host().readAll();
+  workbench->host().exchange().readAll();
   ASSERT_GT(workbench->host().communication().waiting(), 0u);
   workbench->host().communication().cancelWaiting();
   EXPECT_EQ(workbench->host().communication().waiting(), 0u);
@@ -183,7 +183,11 @@ TEST_F(TransferTest, AFaultWithoutItsArgumentIsRefused) {
 
 TEST_F(TransferTest, LocalAcceptanceTakesEditsIntoTheDataSet) {
   window->connection().setMode(10);
-  EXPECT_EQ(workbench->host().submit("", "<communicationRequest name=\"outputSignal\" access=\"write\"><item name=\"damping\" unit=\"s\"><floatVal>7</floatVal></item></communicationRequest>", "outputSignal", "", 0, 0), "");
+  EXPECT_EQ(workbench->host().exchange().submit("",
+                                                "<communicationRequest name=\"outputSignal\" access=\"write\"><item name=\"damping\" "
+                                                "unit=\"s\"><floatVal>7</floatVal></item></communicationRequest>",
+                                                "outputSignal", "", 0, 0),
+            "");
   settle();
   EXPECT_EQ(dataSet().offlineValue("damping"), "7");
   EXPECT_TRUE(workbench->current().hasPendingEdits());
@@ -191,7 +195,7 @@ TEST_F(TransferTest, LocalAcceptanceTakesEditsIntoTheDataSet) {
   window->connection().setMode(11);
   window->edits().review();
   clickButton(*window->edits().waitingDialog(), QStringLiteral("Write ticked to device"));
-  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  ASSERT_TRUE(until([&] { return !workbench->host().exchange().transfer().running(); }));
   EXPECT_EQ(dataSet().offlineValue("damping"), "");
   EXPECT_EQ(parseNumber(deviceValue("outputSignal", "damping"), '.'), 7.0);
 }

@@ -44,7 +44,7 @@ class WaitingTest : public WindowBench {
   std::string text(const QString& parameter, Column column) { return row(parameter) ? row(parameter)->text(column).toStdString() : "no row"; }
   bool writes(const QString& parameter) {
     clickButton(dialog(), QStringLiteral("Write ticked to device"));
-    return until([&] { return !workbench->host().transfer().running() && text(parameter, Result) != "Waiting"; });
+    return until([&] { return !workbench->host().exchange().transfer().running() && text(parameter, Result) != "Waiting"; });
   }
   std::string toolText(const QString& beginning) {
     for (const QAction* const action : window->findChild<QToolBar*>()->actions())
@@ -96,7 +96,7 @@ TEST_F(WaitingTest, ARefusedRowSaysWhyAndIsTriedAgain) {
   workbench->host().communication().device()->setFault("refuse", "identification hartCmdErrAccessRestricted");
   review();
   ASSERT_TRUE(writes("description"));
-  EXPECT_EQ(text("description", Result), workbench->host().textTable()->GetText("hartCmdErrAccessRestricted"));
+  EXPECT_EQ(text("description", Result), workbench->host().user().textTable()->GetText("hartCmdErrAccessRestricted"));
   EXPECT_EQ(row("description")->checkState(Value), Qt::Checked);
   workbench->host().communication().device()->setFault("none", "");
   ASSERT_TRUE(writes("description"));
@@ -168,7 +168,7 @@ TEST_F(WaitingTest, AReadNeverHidesAnEditThatWaits) {
   dataSet().edit("recipe1LinearizationSlopeP1", "1.1");
   ASSERT_TRUE(show("calibration", "recipes"));
   window->transfers().readAll();
-  ASSERT_TRUE(until([&] { return !workbench->host().transfer().running(); }));
+  ASSERT_TRUE(until([&] { return !workbench->host().exchange().transfer().running(); }));
   const CtrTextEdit& slope = control<CtrTextEdit>("cteSlope(0)");
   EXPECT_THAT(window->panel().explanation(slope).toStdString(), Not(HasSubstr("<b>Read from the device")));
   if (slope.Modified())

@@ -26,9 +26,9 @@ class FramesTest : public PanelBench {
   ~FramesTest() override { panel.setView(nullptr); }
 
   void speak(const char* language) {
-    host.setLanguage(language);
+    host.user().setLanguage(language);
     desktop.setLocale(language);
-    panel.setTexts(host.textTable(), language);
+    panel.setTexts(host.user().textTable(), language);
   }
   // Calls `look(where)` for each frame of each view.
   void eachFrame(const std::function<void(const std::string&)>& look, const std::vector<const char*>& languages) {
@@ -39,7 +39,7 @@ class FramesTest : public PanelBench {
         for (const char* language : languages) {
           speak(language);
           for (const std::string& key : HostedViews::keysOf(*site)) {
-            host.bringToFront(*site, key);
+            host.views().bringToFront(*site, key);
             panel.refresh();
             settle();
             look(name + " " + key + " " + language);
@@ -47,12 +47,12 @@ class FramesTest : public PanelBench {
         }
         panel.setView(nullptr);
       }
-      host.release(*site);
+      host.views().release(*site);
     }
   }
   Ref<ViewSite> show(const std::string& key) {
     const Ref<ViewSite> site = hosted.open("VwMeasurement");
-    host.bringToFront(*site, key);
+    host.views().bringToFront(*site, key);
     panel.setView(Ref<ITaviView>(site->view()));
     speak("en");
     settle();
@@ -166,7 +166,7 @@ TEST_F(FramesTest, EveryTextStandsOutInBothThemesAlsoWhereItIsDisabled) {
   for (const Theme::Kind kind : {Theme::Kind::Light, Theme::Kind::Dark}) {
     use(Theme::make(kind));
     for (const int level : {2, 3}) {
-      host.setUserLevel(level);
+      host.user().setLevel(level);
       eachFrame([&](const std::string& where) { checkContrast(where + (kind == Theme::Kind::Light ? " light" : " dark")); }, {"en"});
     }
   }
@@ -190,7 +190,8 @@ TEST_F(FramesTest, ALiveAnswerIsSeenInTheNestedPanel) {
   show("monitoringVariables");
   auto* table = widget<QTableView>("lsvMonitoring");
   ASSERT_NE(table, nullptr);
-  host.sites().front()->handIn(DataPath::Online, answer("name=\"monitoringVariables\" access=\"read\" isFinal=\"1\"", itemXml("consistency", "5.55", "floatVal")));
+  host.views().sites().front()->handIn(
+      DataPath::Online, answer("name=\"monitoringVariables\" access=\"read\" isFinal=\"1\"", itemXml("consistency", "5.55", "floatVal")));
   settle();
   EXPECT_EQ(table->model()->index(0, 1).data().toString(), "5.55");
   ASSERT_FALSE(panel.widget()->findChildren<QLabel*>().isEmpty());

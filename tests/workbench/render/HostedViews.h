@@ -33,19 +33,19 @@ class HostedViews {
     int most = -1;
     for (const auto& file : std::filesystem::directory_iterator(std::filesystem::path(kData) / "devices")) {
       host->openDataSet(file.path());
-      const Ref<ViewSite> site = host->place(className);
+      const Ref<ViewSite> site = host->views().place(className);
       int found = 0;
       if (site->view()) {
-        host->open(*site, "");
+        host->views().open(*site, "");
         for (Control* control : site->view()->GetControls())
           if (const auto* edit = dynamic_cast<EditControl*>(control)) found += edit->HasParameter();
       }
-      host->release(*site);
+      host->views().release(*site);
       if (found > most) most = found, best = file.path();
     }
     host->openDataSet(best);
-    const Ref<ViewSite> site = host->place(className);
-    if (site->view()) host->open(*site, keysOf(*site).front());
+    const Ref<ViewSite> site = host->views().place(className);
+    if (site->view()) host->views().open(*site, keysOf(*site).front());
     return site;
   }
   static std::vector<std::string> keysOf(ViewSite& site) {

@@ -73,7 +73,7 @@ TEST_F(LoopTestTest, LeavingThePageAsksAndStops) {
 TEST_F(LoopTestTest, AViewThatIsGoneDoesNotEndTheWarning) {
   start();
   window->panel().setView(nullptr);
-  workbench->host().release(*workbench->host().front());
+  workbench->host().views().release(*workbench->host().views().front());
   window->showFront();
   EXPECT_TRUE(banner().isVisible());
   workbench->current().host().connect(nullptr);
@@ -136,7 +136,7 @@ TEST_F(LoopTestTest, ARefusedStopProvesNothingOfAValueThatWasNotAnswered) {
   simulated().setFault("none", "");
   simulated().setFault("refuse", "loopTest");
   const char* const stop = "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item></communicationRequest>";
-  EXPECT_EQ(workbench->host().submit("", stop, "loopTest", "", 0, 0), "");
+  EXPECT_EQ(workbench->host().exchange().submit("", stop, "loopTest", "", 0, 0), "");
   settle();
   EXPECT_TRUE(workbench->current().status().answers());
   EXPECT_TRUE(banner().isVisible());
@@ -155,7 +155,7 @@ TEST_F(LoopTestTest, EachOfSixChannelsMustHaveAnsweredZero) {
   const auto stop = [&](const std::string& channel) {
     const std::string item = "<item name=\"" + channel + "LoopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item>";
     const std::string request = "<communicationRequest name=\"loopTest\" access=\"write\">" + item + "</communicationRequest>";
-    EXPECT_EQ(optical.host().submit("", request, "loopTest", "", 0, 0), "");
+    EXPECT_EQ(optical.host().exchange().submit("", request, "loopTest", "", 0, 0), "");
     settle();
   };
   stop("channel0");

@@ -64,7 +64,7 @@ TEST_F(MeasurementTest, TheActiveRecipeIsSetByMouse) {
 }
 
 TEST_F(MeasurementTest, LiveValuesMoveWhileTheirPageIsInFront) {
-  workbench->host().liveReading().setPeriod(0.05);
+  workbench->host().views().liveReading().setPeriod(0.05);
   ASSERT_TRUE(show("measurement", "monitoringVariables"));
   const auto answers = [&] {
     std::size_t count = 0;
@@ -112,7 +112,7 @@ TEST_F(MeasurementTest, LanguageAndUnitsChangeUnderAnEditThatStays) {
   settle();
   EXPECT_EQ(recipe().Text(), "recipe3");
   EXPECT_TRUE(recipe().Modified());
-  EXPECT_EQ(recipes().currentText().toStdString(), workbench->host().textTable()->GetText("recipe3"));
+  EXPECT_EQ(recipes().currentText().toStdString(), workbench->host().user().textTable()->GetText("recipe3"));
   EXPECT_NE(recipes().currentText(), QStringLiteral("Recipe 3"));
   grab("measurement-fi");
   writeByKeyboard();

@@ -32,7 +32,7 @@ class OutputTest : public WindowBench {
   }
   void loseTheView() {
     window->panel().setView(nullptr);
-    workbench->host().release(*workbench->host().front());
+    workbench->host().views().release(*workbench->host().views().front());
     window->showFront();
   }
   // Goes on in what is asked by the window itself.
@@ -177,7 +177,7 @@ TEST_F(OutputTest, ASimulationIsWatchedAskedForAndFreed) {
   PlantDevice& block = device("profibusBlade");
   ASSERT_TRUE(show(block, "measurement", "activeRecipe"));
   const char* const on = "<communicationRequest name=\"simulation\" access=\"write\"><item name=\"simulation\" unit=\"noUnit\"><integerVal>1</integerVal></item></communicationRequest>";
-  ASSERT_EQ(block.host().submit("", on, "simulation", "", 0, 0), "");
+  ASSERT_EQ(block.host().exchange().submit("", on, "simulation", "", 0, 0), "");
   settle();
   ASSERT_TRUE(bannerOf(block).isVisible());
   EXPECT_THAT(bannerOf(block).text().toStdString(), AllOf(HasSubstr(block.title()), HasSubstr("simulated")));

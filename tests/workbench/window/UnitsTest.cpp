@@ -71,7 +71,7 @@ TEST_F(UnitsTest, AnEditStaysTheSameUnderAnotherUnitLanguageAndSeparator) {
   EXPECT_TRUE(edit().Modified());
   window->settingsMenu().setUnit("temperature", "degC");
   settle();
-  const std::vector<Change> changes = workbench->host().collectChanges();
+  const std::vector<Change> changes = workbench->host().edits().collect();
   ASSERT_EQ(changes.size(), 1u);
   EXPECT_EQ(changes[0].name, "temperatureCalibrationCorrection");
   EXPECT_EQ(parseNumber(changes[0].newText, '.'), 10.0);
