@@ -20,7 +20,7 @@ std::uint32_t hashOf(std::string_view text) {
   for (std::size_t left = text.size(); left > 8; at += 8, left -= 8) mix(at, 8);
   if (text.size() >= 8)
     mix(text.data() + text.size() - 8, 8);
-  else
+  else if (!text.empty())
     mix(at, text.size());
   return static_cast<std::uint32_t>(hash * kMultiplier >> 32);
 }
