@@ -78,6 +78,9 @@ std::vector<LeftOut> Writing::applyChanges(std::vector<Change> changes, std::fun
     for (const LeftOut& each : takeOut(changes, [&](const Change& change) { return isActing(change) ? std::optional(LeftOut::Why::Declined) : std::nullopt; }))
       left.push_back(each);
   }
+  // Under the question another data set may have been opened: by that one they are sorted now.
+  const std::vector<LeftOut> gone = sortOut(changes, page);
+  left.insert(left.end(), gone.begin(), gone.end());
   mTransfer.start(jobsFor(changes), std::move(finished));
   return left;
 }

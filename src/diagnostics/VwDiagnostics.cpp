@@ -218,8 +218,9 @@ void VwDiagnostics::cmdLoopTest_Click() {
 }
 
 void VwDiagnostics::stopLoopTest(Procedure& proc) {
-  proc.step([&] { cteLoopTest.Text("0"); });
-  const std::string item = proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); });
+  // An edit that does not take the 0 would tell the value that drives the output: its item stays out of a stop.
+  const bool isZero = proc.step([&] { cteLoopTest.Text("0"); });
+  const std::string item = isZero ? proc.value(std::string(), [&] { return cteLoopTest.GetXmlItem().xml(); }) : std::string();
   proc.step([&] { cteLoopTest.Text(""); });
   // The buttons change when the device answers 0, and not before.
   proc.step([&] { proc.messenger().SendRequest(LoopTest::outputRequest(item), "loopTest"); });

@@ -189,9 +189,8 @@ void VwDiagnosticsQX5::stopLoopTest(Procedure& proc) {
     const std::string text = proc.value(std::string(), [&] { return channel.Text(); });
     const bool modified = proc.value(false, [&] { return channel.Modified(); });
     if (text.empty() && !modified) return;
-    // The user's numbers stay in the edits.
-    proc.step([&] { channel.Text("0"); });
-    proc.step([&] { items += channel.GetXmlItem().xml(); });
+    // The user's numbers stay in the edits. One that does not take the 0 would tell the value that drives its channel.
+    if (proc.step([&] { channel.Text("0"); })) proc.step([&] { items += channel.GetXmlItem().xml(); });
     proc.step([&] { channel.Text(text); });
     if (!text.empty() && modified) proc.step([&] { channel.Modified(true); });
   });

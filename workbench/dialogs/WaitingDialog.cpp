@@ -144,9 +144,13 @@ void WaitingDialog::changed() {
 
 void WaitingDialog::writeTicked() {
   if (mWriting || !whyNoWriting().isEmpty()) return;
+  if (renewRows()) return;
   std::vector<Change> chosen;
   mSent.clear();
-  for (QTreeWidgetItem* const row : ticked()) chosen.push_back(changeOf(*row));
+  for (QTreeWidgetItem* const row : ticked()) {
+    chosen.push_back(changeOf(*row));
+    mSent.push_back(chosen.back().name);
+  }
   if (chosen.empty()) return;
   for (QTreeWidgetItem* const row : ticked()) {
     const QSignalBlocker quiet(mList);
@@ -156,8 +160,11 @@ void WaitingDialog::writeTicked() {
   // The host asks before what acts is written: under its question the device may be left, and this dialog be gone.
   const std::weak_ptr alive(mAlive);
   try {
-    const std::function<void()> done = [this, alive] {
-      if (!alive.expired()) finish();
+    // Where everything is refused at once it has ended before the call returns: what was left out is sorted first.
+    const auto returned = std::make_shared<bool>(false), ended = std::make_shared<bool>(false);
+    const std::function<void()> done = [this, alive, returned, ended] {
+      *ended = true;
+      if (*returned && !alive.expired()) finish();
     };
     const std::vector<LeftOut> left = host().exchange().applyChanges(chosen, done, device().frame());
     if (alive.expired()) return;
@@ -165,18 +172,47 @@ void WaitingDialog::writeTicked() {
     for (QTreeWidgetItem* const row : ticked()) {
       const std::string& name = changeOf(*row).name;
       const auto found = std::find_if(left.begin(), left.end(), [&](const LeftOut& each) { return each.name == name; });
-      if (found == left.end())
-        mSent.push_back(name);
-      else
-        settle(*row, found->why == LeftOut::Why::Declined ? QString() : texts().say("Left out: the data set has no such value"), true);
+      if (found == left.end()) continue;
+      std::erase(mSent, name);
+      settle(*row, wordOf(found->why), true);
     }
+    *returned = true;
+    if (*ended) finish();
   } catch (...) {
     if (alive.expired()) return;
-    mWriting = false;
+    mSent.clear();
     mNote->setText(qt(currentError().description));
   }
   if (mSent.empty()) mWriting = false;
   refresh();
+}
+
+// What was typed since the rows were filled is shown before it is written: true if a ticked row is another one now.
+bool WaitingDialog::renewRows() {
+  const std::vector<Change> now = device().waiting();
+  const QSignalBlocker quiet(mList);
+  bool renewed = false;
+  for (QTreeWidgetItem* const row : ticked()) {
+    Change& shown = mChanges[static_cast<std::size_t>(mList->indexOfTopLevelItem(row))];
+    const auto found = std::find_if(now.begin(), now.end(), [&](const Change& each) { return each.name == shown.name; });
+    if (found == now.end() || found->newText == shown.newText) continue;
+    shown = *found;
+    row->setText(New, wholeValueText(host(), texts(), shown.name, shown.newText));
+    settle(*row, texts().say("Typed since: look at it, and write again"), true);
+    renewed = true;
+  }
+  if (renewed) changed();
+  return renewed;
+}
+
+QString WaitingDialog::wordOf(LeftOut::Why why) const {
+  switch (why) {
+    case LeftOut::Why::NoParameter: return texts().say("Left out: the data set has no such value");
+    case LeftOut::Why::ByButton: return texts().say("Left out: leaves by the button of its page");
+    case LeftOut::Why::ByPage: return texts().say("Left out: leaves only while its own page is open");
+    case LeftOut::Why::Declined: return {};
+  }
+  return {};
 }
 
 void WaitingDialog::finish() {

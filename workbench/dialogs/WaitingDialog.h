@@ -37,6 +37,7 @@ class WaitingDialog : public DeviceDialog {
   void addRow(const Change& change);
   void addLeftOut(const EditControl& edit);
   void refresh();
+  bool renewRows();
   void finish();
   void changed();
   void fitColumns();
@@ -45,6 +46,7 @@ class WaitingDialog : public DeviceDialog {
   const Change& changeOf(const QTreeWidgetItem& row) const;
   QString pageText(const Change& change) const;
   QString whyLeftOut(const Change& change) const;
+  QString wordOf(LeftOut::Why why) const;
 
   QLabel* mNote;
   QTreeWidget* mList;

@@ -218,6 +218,7 @@ constexpr Phrase kPhrases[] = {
     {"Left out, since the device acts on it: %1", "Jätetty pois, koska laite toimii sen mukaan: %1", "Utelämnat, eftersom enheten rättar sig efter det: %1", "Ausgelassen, weil das Gerät danach handelt: %1"},
     {"Left out: wrong value", "Jätetty pois: virheellinen arvo", "Utelämnat: felaktigt värde", "Ausgelassen: falscher Wert"},
     {"%1 is saved, but without: %2", "%1 on tallennettu, mutta ilman näitä: %2", "%1 är sparad, men utan: %2", "%1 ist gespeichert, aber ohne: %2"},
+    {"Typed since: look at it, and write again", "Kirjoitettu sen jälkeen: tarkista ja kirjoita uudelleen", "Ändrat sedan dess: kontrollera och skriv igen", "Seither geändert: bitte prüfen und erneut schreiben"},
     {"Left out: the data set has no such value", "Jätetty pois: tietojoukossa ei ole tällaista arvoa", "Utelämnat: datamängden saknar ett sådant värde", "Ausgelassen: Der Datensatz hat keinen solchen Wert"},
     {"Transfer", "Siirto", "Överföring", "Übertragung"},
     {"Value", "Arvo", "Värde", "Wert"},

@@ -104,6 +104,30 @@ TEST_F(WaitingTest, ARefusedRowSaysWhyAndIsTriedAgain) {
   EXPECT_EQ(deviceValue("identification", "description"), "LINE 3");
 }
 
+TEST_F(WaitingTest, WhatIsRefusedAtOnceDoesNotGoOnWaiting) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  review();
+  workbench->host().connect(nullptr);
+  clickButton(dialog(), QStringLiteral("Write ticked to device"));
+  EXPECT_EQ(text("description", Result), "no device is connected");
+  EXPECT_EQ(row("description")->checkState(Value), Qt::Checked) << "it can be tried again";
+}
+
+TEST_F(WaitingTest, WhatWasTypedSinceIsSeenBeforeItIsWritten) {
+  typeInto(kDescription, QStringLiteral("LINE 3"));
+  dataSet().edit("damping", "5.5");
+  review();
+  row("description")->setCheckState(Value, Qt::Unchecked);
+  dataSet().edit("damping", "7.0");
+  clickButton(dialog(), QStringLiteral("Write ticked to device"));
+  EXPECT_EQ(text("damping", New), "7.0");
+  EXPECT_THAT(text("damping", Result), HasSubstr("Typed since"));
+  settle();
+  EXPECT_EQ(dataSet().value("damping"), "2.0") << "nothing has left";
+  ASSERT_TRUE(writes("damping"));
+  EXPECT_EQ(text("damping", Result), "Written");
+}
+
 TEST_F(WaitingTest, WhatIsDroppedIsShownAsTheDeviceHasIt) {
   typeInto(kDescription, QStringLiteral("LINE 3"));
   dataSet().edit("damping", "5.5");
