@@ -15,7 +15,7 @@ namespace ostrand {
 
 class Host;
 
-// The place of one component in the host: its container, its Messenger, and its life in the right order. The host makes it
+// Where one component stands in the host: its container, its Messenger, and its life in the right order. The host makes it
 // (Views::place) and releases it; whoever holds it longer finds it empty. Every call on an interface that the component does
 // not have, or on a released one, does nothing.
 class ViewSite : public HostObject<IHostContainer, INotifyStatus> {

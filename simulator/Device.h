@@ -10,7 +10,7 @@
 #include "platform/desktop/Desktop.h"
 #include "platform/xml/Document.h"
 
-// The conversation with a simulated transmitter:
+// The protocol of a simulated transmitter:
 //
 //   host    <dtm xmlns="x-schema:TAVCommunicationSchema.xml"><communicationRequest name="sampling" access="write">
 //             <item name="sampleStart" unit="noUnit"><integerVal>0</integerVal></item></communicationRequest></dtm>

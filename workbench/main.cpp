@@ -59,7 +59,7 @@ int run(QApplication& application, const Options& options, bool hasDisplay) {
     Tour(window, "out").play();
     return 0;
   }
-  window.show(window.tree().firstPlace());
+  window.show(window.tree().firstPage());
   return application.exec();
 }
 

@@ -22,8 +22,8 @@ Control* findByTag(const ControlCollection& controls, std::string_view tag) {
 }  // namespace
 
 Component* nestedIn(const Control& control) {
-  const auto* const place = dynamic_cast<const NestedPlace*>(&control);
-  return place ? place->nested().get() : nullptr;
+  const auto* const holder = dynamic_cast<const NestedControl*>(&control);
+  return holder ? holder->nested().get() : nullptr;
 }
 
 Control* findControl(const ControlCollection& controls, std::string_view name) {

@@ -8,19 +8,19 @@ namespace ostrand {
 
 void TranscriptDesktop::wait(double seconds) {
   const std::string length = plainText(seconds, '.');
-  const Conversation::Call call = mConversation.begins({"wait", length, length, {}, mConversation.tracing()});
+  const TranscriptOutput::Call call = mOutput.begins({"wait", length, length, {}, mOutput.tracing()});
   try {
-    mConversation.enters(call);
+    mOutput.enters(call);
     // What comes in between takes its time out of this wait, as in front of a real clock.
     const LocalTime begin = now();
-    mConversation.interrupt(call);
+    mOutput.interrupt(call);
     const double passed = std::chrono::duration<double>(now() - begin).count();
     advance(std::max(0.0, seconds - passed));
   } catch (...) {
-    mConversation.fails(call, currentError());
+    mOutput.fails(call, currentError());
     throw;
   }
-  mConversation.returns(call, {});
+  mOutput.returns(call, {});
 }
 
 std::optional<std::filesystem::path> TranscriptDesktop::ask(const char* call, const FileDialog& dialog,
@@ -28,7 +28,7 @@ std::optional<std::filesystem::path> TranscriptDesktop::ask(const char* call, co
   const CallText text{call, argumentsText(dialog.title, dialog.filter, dialog.extension, dialog.name), dialog.title, {}, true};
   std::optional<std::string> chosen;
   return listenedTo(
-      mConversation, text,
+      mOutput, text,
       [&]() -> std::optional<std::filesystem::path> {
         if (!files.empty()) {
           chosen = files.front();
@@ -40,7 +40,7 @@ std::optional<std::filesystem::path> TranscriptDesktop::ask(const char* call, co
 }
 
 void TranscriptDesktop::debugOutput(const std::string& text) {
-  listenedTo(mConversation, {"DebugTrace", inQuotes(text), text, {}, true}, [&] { VirtualDesktop::debugOutput(text); });
+  listenedTo(mOutput, {"DebugTrace", inQuotes(text), text, {}, true}, [&] { VirtualDesktop::debugOutput(text); });
 }
 
 }  // namespace ostrand

@@ -3,7 +3,7 @@
 #include <deque>
 #include <functional>
 
-#include "host/transcript/Conversation.h"
+#include "host/transcript/TranscriptOutput.h"
 #include "platform/desktop/VirtualDesktop.h"
 
 namespace ostrand {
@@ -11,9 +11,9 @@ namespace ostrand {
 // The desktop of a transcript: what views ask it for is part of the conversation.
 class TranscriptDesktop : public VirtualDesktop {
  public:
-  explicit TranscriptDesktop(Conversation& conversation) : mConversation(conversation) {
-    setProbe(&conversation);
-    unhandled.connect([&conversation](const ErrorText& error) { conversation.printUnhandled(error); });
+  explicit TranscriptDesktop(TranscriptOutput& output) : mOutput(output) {
+    setProbe(&output);
+    unhandled.connect([&output](const ErrorText& error) { output.printUnhandled(error); });
   }
 
   void wait(double seconds) override;
@@ -31,7 +31,7 @@ class TranscriptDesktop : public VirtualDesktop {
   std::optional<std::filesystem::path> ask(const char* call, const FileDialog& dialog,
                                            const std::function<std::filesystem::path(const std::string&)>& place);
 
-  Conversation& mConversation;
+  TranscriptOutput& mOutput;
 };
 
 }  // namespace ostrand

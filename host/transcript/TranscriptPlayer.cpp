@@ -16,7 +16,7 @@ std::vector<PlayedBlock> TranscriptPlayer::play(const Transcript& transcript) {
   std::vector<PlayedBlock> played;
   for (const Transcript::Block& block : transcript.blocks()) {
     if (block.input) carryOut(*block.input);
-    played.push_back({mStage.conversation.take(), mStage.conversation.heeded});
+    played.push_back({mStage.output.take(), mStage.output.heeded});
   }
   mStage.end();
   return played;
@@ -28,7 +28,7 @@ void TranscriptPlayer::carryOut(const TranscriptInput& input) {
   } catch (const TranscriptStage::InputEnded&) {
     // It has told why.
   } catch (...) {
-    mStage.conversation.print("Rejected", currentError().description);
+    mStage.output.print("Rejected", currentError().description);
   }
 }
 

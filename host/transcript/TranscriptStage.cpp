@@ -21,9 +21,9 @@ const ControlCollection* controlsOf(IObject* object) {
 
 TranscriptStage::TranscriptStage(ComponentSource& components, const std::filesystem::path& data,
                                  std::function<void(const TranscriptInput&)> carryOut)
-    : conversation(viewsFor(std::move(carryOut))),
-      files(data, conversation.hiddenFolders),
-      desktop(conversation),
+    : output(viewsFor(std::move(carryOut))),
+      files(data, output.hiddenFolders),
+      desktop(output),
       script(new HostScript),
       texts(files.data() / "texts"),
       mComponents(components) {
@@ -33,7 +33,7 @@ TranscriptStage::TranscriptStage(ComponentSource& components, const std::filesys
   script->texts = texts.table("keys");
   script->units = units;
   script->xmlPath = [this] { return (files.hostFolder() / "").string(); };
-  script->unhandled = [this](const ErrorText& error) { conversation.printUnhandled(error); };
+  script->unhandled = [this](const ErrorText& error) { output.printUnhandled(error); };
   desktop.findFile = [this](const std::string& name) {
     const auto file = files.find(name);
     return file ? *file : files.written(name);
@@ -43,7 +43,7 @@ TranscriptStage::TranscriptStage(ComponentSource& components, const std::filesys
 
 TranscriptStage::~TranscriptStage() { end(); }
 
-Conversation::Views TranscriptStage::viewsFor(std::function<void(const TranscriptInput&)> carryOut) {
+TranscriptOutput::Views TranscriptStage::viewsFor(std::function<void(const TranscriptInput&)> carryOut) {
   return {[this](const Control& control) {
             for (const auto& each : mViews)
               if (const ControlCollection* const all = controlsOf(each->object.get()))
@@ -77,7 +77,7 @@ const ControlCollection& TranscriptStage::controls() {
 
 Control& TranscriptStage::control(const std::string& name) {
   if (Control* const found = findControl(controls(), name)) return *found;
-  conversation.print("NoSuchControl", name);
+  output.print("NoSuchControl", name);
   throw InputEnded();
 }
 
@@ -100,10 +100,10 @@ void TranscriptStage::create(const std::string& className, const std::string& na
     made->object = mComponents.create(className);
   } catch (const RuntimeError& error) {
     if (error.number() != RuntimeError::BadArgument) throw;
-    return conversation.print("NoSuchClass", className);
+    return output.print("NoSuchClass", className);
   }
-  made->messenger = Ref<Messenger>(new RecordingMessenger(conversation, Ref<Messenger>(new ScriptedMessenger(script))));
-  const Ref<IHostContainer> container(new RecordingContainer(conversation, Ref<IHostContainer>(new ScriptedContainer(script))));
+  made->messenger = Ref<Messenger>(new RecordingMessenger(output, Ref<Messenger>(new ScriptedMessenger(script))));
+  const Ref<IHostContainer> container(new RecordingContainer(output, Ref<IHostContainer>(new ScriptedContainer(script))));
   // From here on it can be asked for: a trace begins with its first step.
   mCurrent = mViews.emplace_back(std::move(made)).get();
   const Ref<IPlaceable> placeable = need<IPlaceable>("IPlaceable");
@@ -138,7 +138,7 @@ void TranscriptStage::terminate() {
 }
 
 void TranscriptStage::end() {
-  conversation.end();
+  output.end();
   while (!mViews.empty()) {
     View& view = *mViews.back();
     endView(view);
@@ -160,7 +160,7 @@ void TranscriptStage::connect(const std::string& deviceName, unsigned seed) {
     mCurrent = mViews.emplace_back(std::move(mMade)).get();
   };
   const auto handedIn = [this](const Document& each) { documents.push_back(each); };
-  auto host = std::make_unique<DeviceHost>(desktop, mComponents, files.data(), conversation, script,
+  auto host = std::make_unique<DeviceHost>(desktop, mComponents, files.data(), output, script,
                                            DeviceHost::Events{script->unhandled, handedIn, created});
   host->connect(deviceName, seed);
   device = std::move(host);

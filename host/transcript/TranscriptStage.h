@@ -9,7 +9,7 @@
 #include "host/TextTables.h"
 #include "host/UnitService.h"
 #include "host/transcript/ControlPath.h"
-#include "host/transcript/Conversation.h"
+#include "host/transcript/TranscriptOutput.h"
 #include "host/transcript/DeviceHost.h"
 #include "host/transcript/HostScript.h"
 #include "host/transcript/TranscriptDesktop.h"
@@ -42,7 +42,7 @@ class TranscriptStage {
   TranscriptStage(const TranscriptStage&) = delete;
   TranscriptStage& operator=(const TranscriptStage&) = delete;
 
-  Conversation conversation;
+  TranscriptOutput output;
   TranscriptFiles files;
   TranscriptDesktop desktop;
   Ref<HostScript> script;
@@ -82,12 +82,12 @@ class TranscriptStage {
     try {
       body();
     } catch (...) {
-      conversation.printUnhandled(currentError());
+      output.printUnhandled(currentError());
     }
   }
 
  private:
-  Conversation::Views viewsFor(std::function<void(const TranscriptInput&)> carryOut);
+  TranscriptOutput::Views viewsFor(std::function<void(const TranscriptInput&)> carryOut);
   void endView(View& view);
   void forget(View& view);
 

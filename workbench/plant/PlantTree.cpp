@@ -64,7 +64,7 @@ void PlantTree::retranslate() {
     if (row.key.empty()) continue;
     row.item->setText(0, mTexts(row.key));
     row.item->setFlags(row.exists ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
-    // A long name may not have its whole place.
+    // A long name may not have its whole width.
     row.item->setToolTip(0, row.exists ? row.item->text(0) : mTexts.say("There is no view for this yet"));
   }
 }
@@ -77,19 +77,19 @@ void PlantTree::setPriorities(const std::vector<Ne107>& priorities) {
 void PlantTree::refreshDevices() {
   for (const Row& row : mRows) {
     if (!row.key.empty()) continue;
-    const DeviceSignal state = row.place.device->status().state(mPriorities);
-    row.item->setText(0, qt(row.place.device->title()));
+    const DeviceSignal state = row.page.device->status().state(mPriorities);
+    row.item->setText(0, qt(row.page.device->title()));
     row.item->setIcon(0, QIcon(signalSymbol(state, 16, devicePixelRatioF())));
-    row.item->setToolTip(0, QStringLiteral("%1\n%2").arg(qt(std::string(row.place.device->kind().description)), signalWord(state, mTexts)));
+    row.item->setToolTip(0, QStringLiteral("%1\n%2").arg(qt(std::string(row.page.device->kind().description)), signalWord(state, mTexts)));
   }
 }
 
-void PlantTree::setShown(const Place& place) {
+void PlantTree::setShown(const Page& page) {
   QTreeWidgetItem* const before = itemOf(mShown);
   QFont plain = font();
   if (before) before->setFont(0, plain);
-  mShown = place;
-  if (QTreeWidgetItem* const item = itemOf(place)) {
+  mShown = page;
+  if (QTreeWidgetItem* const item = itemOf(page)) {
     plain.setBold(true);
     item->setFont(0, plain);
     setCurrentItem(item);
@@ -97,21 +97,21 @@ void PlantTree::setShown(const Place& place) {
   }
 }
 
-PlantTree::Place PlantTree::firstPlace() const {
+PlantTree::Page PlantTree::firstPage() const {
   for (const Row& row : mRows)
-    if (row.exists && !row.place.frame.empty()) return row.place;
+    if (row.exists && !row.page.frame.empty()) return row.page;
   return {};
 }
 
-std::vector<PlantTree::Place> PlantTree::places(const PlantDevice& device) const {
-  std::vector<Place> places;
+std::vector<PlantTree::Page> PlantTree::pages(const PlantDevice& device) const {
+  std::vector<Page> pages;
   for (const Row& row : mRows)
-    if (row.exists && !row.place.frame.empty() && row.place.device == &device) places.push_back(row.place);
-  return places;
+    if (row.exists && !row.page.frame.empty() && row.page.device == &device) pages.push_back(row.page);
+  return pages;
 }
 
-QTreeWidgetItem* PlantTree::itemOf(const Place& place) const {
-  const auto row = std::find_if(mRows.begin(), mRows.end(), [&](const Row& each) { return each.place == place; });
+QTreeWidgetItem* PlantTree::itemOf(const Page& page) const {
+  const auto row = std::find_if(mRows.begin(), mRows.end(), [&](const Row& each) { return each.page == page; });
   return row == mRows.end() ? nullptr : row->item;
 }
 
@@ -124,17 +124,17 @@ void PlantTree::choose(QTreeWidgetItem* item) {
   const Row* const row = rowOf(item);
   if (!row || !row->exists || !onChosen) return;
   // A device or a branch stands for the first frame below it.
-  if (row->place.frame.empty()) {
+  if (row->page.frame.empty()) {
     for (const Row& each : mRows) {
-      const bool below = each.place.device == row->place.device && (row->place.branch.empty() || each.place.branch == row->place.branch);
-      if (below && each.exists && !each.place.frame.empty()) {
-        onChosen(Place(each.place));
+      const bool below = each.page.device == row->page.device && (row->page.branch.empty() || each.page.branch == row->page.branch);
+      if (below && each.exists && !each.page.frame.empty()) {
+        onChosen(Page(each.page));
         return;
       }
     }
     return;
   }
-  onChosen(Place(row->place));
+  onChosen(Page(row->page));
 }
 
 void PlantTree::keyPressEvent(QKeyEvent* event) {

@@ -16,11 +16,11 @@ namespace ostrand {
 // has no view yet is there, but cannot be chosen. The arrow keys move; Enter or a click asks for the frame.
 class PlantTree : public QTreeWidget {
  public:
-  struct Place {
+  struct Page {
     PlantDevice* device = nullptr;
     std::string branch;
     std::string frame;
-    friend bool operator==(const Place&, const Place&) = default;
+    friend bool operator==(const Page&, const Page&) = default;
   };
 
   explicit PlantTree(QWidget* parent = nullptr);
@@ -31,15 +31,15 @@ class PlantTree : public QTreeWidget {
   // Titles and states of the devices anew.
   void refreshDevices();
   // Marks the frame that is shown.
-  void setShown(const Place& place);
+  void setShown(const Page& page);
   // The first frame that can be shown; no device if there is none.
-  Place firstPlace() const;
+  Page firstPage() const;
   // All frames of a device that can be shown, in the order of the tree.
-  std::vector<Place> places(const PlantDevice& device) const;
-  QTreeWidgetItem* itemOf(const Place& place) const;
+  std::vector<Page> pages(const PlantDevice& device) const;
+  QTreeWidgetItem* itemOf(const Page& page) const;
 
   // The user wants to see this frame.
-  std::function<void(const Place&)> onChosen;
+  std::function<void(const Page&)> onChosen;
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -47,7 +47,7 @@ class PlantTree : public QTreeWidget {
  private:
   struct Row {
     QTreeWidgetItem* item;
-    Place place;
+    Page page;
     std::string key;  // of the text table, empty for a device
     bool exists = true;
   };
@@ -60,7 +60,7 @@ class PlantTree : public QTreeWidget {
   std::vector<Ne107> mPriorities = ne107Order();
   QTreeWidgetItem* mMill = nullptr;
   std::vector<Row> mRows;
-  Place mShown;
+  Page mShown;
 };
 
 }  // namespace ostrand

@@ -81,7 +81,7 @@ void BlockLayout::measureRows() {
   }
 }
 
-void BlockLayout::place(int left, int width, int moreHeight) {
+void BlockLayout::arrange(int left, int width, int moreHeight) {
   int shares = 0, given = 0;
   for (const Row& row : mRows) shares += row.share;
   std::vector<int> down, more;
@@ -94,29 +94,29 @@ void BlockLayout::place(int left, int width, int moreHeight) {
     const Row& row = rowOf(cell);
     const auto at = static_cast<std::size_t>(&row - mRows.data());
     const int y = row.y + down[at];
-    cell.place = {};
+    cell.position = {};
     if (cell.share) {
       const int before = cell.bare ? 0 : mMeasures.before, after = cell.bare ? 0 : mMeasures.after;
-      cell.place.field = QRect(left + before, y, width - before - after, row.height + more[at]);
+      cell.position.field = QRect(left + before, y, width - before - after, row.height + more[at]);
     } else {
-      placeInColumn(cell, left, y, row.height);
+      arrangeInColumn(cell, left, y, row.height);
     }
   }
 }
 
-void BlockLayout::placeInColumn(Cell& cell, int left, int y, int rowHeight) const {
+void BlockLayout::arrangeInColumn(Cell& cell, int left, int y, int rowHeight) const {
   const Column& column = mColumns[static_cast<std::size_t>(cell.column)];
   const int top = y + std::max(0, rowHeight - cell.extent.height) / 2;
   const auto centred = [&](int x, int wide) { return QRect(left + x, top, wide, cell.extent.height); };
   if (!cell.extent.companion && !cell.extent.state) {
-    cell.place.field = centred(column.x, std::max(cell.extent.field + cell.extent.tail, width(column)));
+    cell.position.field = centred(column.x, std::max(cell.extent.field + cell.extent.tail, width(column)));
     return;
   }
-  cell.place.field = centred(column.x, column.field);
+  cell.position.field = centred(column.x, column.field);
   int x = column.x + column.field + mMeasures.companionGap;
-  cell.place.companion = centred(x, column.companion);
+  cell.position.companion = centred(x, column.companion);
   if (column.companion) x += column.companion + mMeasures.companionGap;
-  cell.place.state = centred(x, column.state);
+  cell.position.state = centred(x, column.state);
 }
 
 }  // namespace ostrand

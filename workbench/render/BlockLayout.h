@@ -18,7 +18,7 @@ class BlockLayout {
     int share = 0;      // above 0: takes the whole width, and this share of the height that is left
     bool bare = false;  // without a margin: a panel in the panel
     Extent extent;      // pixels, as all below
-    Place place{};      // the result
+    Position position{};      // the result
   };
   struct Measures {
     int before = 0;  // the margins at the sides
@@ -38,9 +38,9 @@ class BlockLayout {
   int bottom() const { return mBottom; }
   // The lower edge of the first row.
   int firstRowBottom() const { return mRows.empty() ? 0 : mRows.front().y + mRows.front().height; }
-  // Gives every cell its place, from `left` on, on so much width, which is not less than the minimum; rows that grow share out
+  // Arranges every cell, from `left` on, on so much width, which is not less than the minimum; rows that grow share out
   // what there is more in height.
-  void place(int left, int width, int moreHeight);
+  void arrange(int left, int width, int moreHeight);
   const std::vector<Cell>& cells() const { return mCells; }
 
  private:
@@ -63,7 +63,7 @@ class BlockLayout {
   int width(const Column& column) const;
   void measureColumns();
   void measureRows();
-  void placeInColumn(Cell& cell, int left, int y, int rowHeight) const;
+  void arrangeInColumn(Cell& cell, int left, int y, int rowHeight) const;
 
   Measures mMeasures;
   std::vector<Cell> mCells;

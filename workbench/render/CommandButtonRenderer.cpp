@@ -52,10 +52,10 @@ Extent CommandButtonRenderer::extent() const {
   return {.field = buttonWidth(), .height = fieldHeight(), .tail = note};
 }
 
-void CommandButtonRenderer::arrange(const Place& place) {
-  QRect button = place.field;
+void CommandButtonRenderer::arrange(const Position& position) {
+  QRect button = position.field;
   button.setWidth(buttonWidth());
-  QRect note = place.field;
+  QRect note = position.field;
   note.setLeft(button.right() + 1 + theme().px(kNoteGap));
   ControlRenderer::arrange({button, note, {}});
 }

@@ -17,7 +17,7 @@ class CommandButtonRenderer : public ControlRenderer {
   void restyle() override;
   void sync() override;
   Extent extent() const override;
-  void arrange(const Place& place) override;
+  void arrange(const Position& position) override;
   bool key(QKeyEvent& event) override;
 
  private:

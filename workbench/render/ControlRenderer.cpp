@@ -16,8 +16,8 @@ ViewPanel& ControlRenderer::panel() const { return mPage.panel(); }
 
 const Theme& ControlRenderer::theme() const { return mPage.panel().theme(); }
 
-void ControlRenderer::arrange(const Place& place) {
-  const QRect* const rects[] = {&place.field, &place.companion, &place.state};
+void ControlRenderer::arrange(const Position& position) {
+  const QRect* const rects[] = {&position.field, &position.companion, &position.state};
   const std::vector<QWidget*> all = widgets();
   for (std::size_t i = 0; i < all.size() && i < std::size(rects); ++i)
     if (all[i] && all[i]->geometry() != *rects[i]) all[i]->setGeometry(*rects[i]);

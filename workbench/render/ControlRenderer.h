@@ -32,7 +32,7 @@ struct Extent {
 };
 
 // The rectangles of these parts.
-struct Place {
+struct Position {
   QRect field;
   QRect companion;
   QRect state;
@@ -48,17 +48,17 @@ class ControlRenderer {
   ControlRenderer& operator=(const ControlRenderer&) = delete;
 
   Control& control() const { return mControl; }
-  // The widgets, in the order of their places: field, companion, state. The first is what the control is on the screen.
+  // The widgets, in this order: field, companion, state. The first is what the control is on the screen.
   virtual std::vector<QWidget*> widgets() const { return {}; }
   // What takes the keys; nullptr if nothing does.
   virtual QWidget* focusWidget() const { return nullptr; }
 
   // Takes fonts and colours from the theme.
   virtual void restyle() {}
-  // Brings the widgets up to date and touches none whose value did not change. Visibility and place are the page's affair.
+  // Brings the widgets up to date and touches none whose value did not change. Visibility and position are the page's affair.
   virtual void sync() {}
   virtual Extent extent() const { return {}; }
-  virtual void arrange(const Place& place);
+  virtual void arrange(const Position& position);
   // What the tooltip tells, as rich text.
   virtual QString explanation() const;
 

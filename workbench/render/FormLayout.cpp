@@ -40,18 +40,18 @@ int FormLayout::headingBottom() const {
   return mBlocks.empty() ? 0 : mBlocks.front().firstRowBottom();
 }
 
-void FormLayout::place(const QSize& size, int visibleWidth) {
+void FormLayout::arrange(const QSize& size, int visibleWidth) {
   const auto centred = [&](int x, const Extent& extent) { return QRect(x, mMeasures.top + (headingHeight() - extent.height) / 2, extent.field, extent.height); };
   const int hangOn = std::min(size.width(), std::max(visibleWidth, mLeastRight));
-  mTitlePlace.field = centred(mMeasures.margin, mTitle);
-  mStampPlace.field = centred(hangOn - mMeasures.margin - mStamp.field, mStamp);
+  mTitlePosition.field = centred(mMeasures.margin, mTitle);
+  mStampPosition.field = centred(hangOn - mMeasures.margin - mStamp.field, mStamp);
 
   int spare = size.width(), shares = std::accumulate(mShares.begin(), mShares.end(), 0), left = 0;
   for (const BlockLayout& block : mBlocks) spare -= block.minimumWidth();
   for (std::size_t i = 0; i < mBlocks.size(); ++i) {
     const int more = spare * mShares[i] / shares;
     const int width = mBlocks[i].minimumWidth() + more;
-    mBlocks[i].place(left, width, std::max(0, size.height() - mBlocks[i].bottom()));
+    mBlocks[i].position(left, width, std::max(0, size.height() - mBlocks[i].bottom()));
     left += width;
     spare -= more;
     shares -= mShares[i];

@@ -27,11 +27,11 @@ class FormLayout {
   // Finds the least size that everything needs. A heading without an extent is not there.
   void measure(const Extent& title, const Extent& stamp, std::vector<Block> blocks, const Measures& measures);
   const QSize& minimum() const { return mMinimum; }
-  // Gives everything its place on a panel of this size, which is not smaller than the minimum. Of a wider one than can be seen,
+  // Arranges everything on a panel of this size, which is not smaller than the minimum. Of a wider one than can be seen,
   // the stamp stays where it can be seen, if it has room there.
-  void place(const QSize& size, int visibleWidth);
-  const Place& title() const { return mTitlePlace; }
-  const Place& stamp() const { return mStampPlace; }
+  void arrange(const QSize& size, int visibleWidth);
+  const Position& title() const { return mTitlePosition; }
+  const Position& stamp() const { return mStampPosition; }
   const std::vector<BlockLayout::Cell>& cells(std::size_t block) const { return mBlocks[block].cells(); }
   // The lower edge of the heading, or of the first row where there is none.
   int headingBottom() const;
@@ -43,8 +43,8 @@ class FormLayout {
   Measures mMeasures;
   Extent mTitle;
   Extent mStamp;
-  Place mTitlePlace;
-  Place mStampPlace;
+  Position mTitlePosition;
+  Position mStampPosition;
   std::vector<BlockLayout> mBlocks;
   std::vector<int> mShares;
   QSize mMinimum;

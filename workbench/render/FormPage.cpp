@@ -133,7 +133,7 @@ void FormPage::forgetWidths() {
   changedAll();
 }
 
-// --- places
+// --- positions
 
 FormPage::Item* FormPage::shown(const Control* control) {
   for (Item& item : mItems)
@@ -175,25 +175,25 @@ void FormPage::layOut() {
   Item* const title = mForm ? shown(mForm->title) : nullptr;
   Item* const stamp = mForm ? shown(mForm->stamp) : nullptr;
   mLayout.measure(title ? title->extent : Extent(), stamp ? stamp->extent : Extent(), std::move(blocks), measures);
-  takePlaces(standing);
-  if (title) title->place = &mLayout.title();
-  if (stamp) stamp->place = &mLayout.stamp();
+  takePositions(standing);
+  if (title) title->position = &mLayout.title();
+  if (stamp) stamp->position = &mLayout.stamp();
   QSize least = mLayout.minimum();
   if (mHeading) least = QSize(std::max(least.width(), mHeading->sizeHint().width() + 2 * measures.margin), least.height() + belowHeading());
   if (least != minimumSize()) {
     setMinimumSize(least);
     updateGeometry();
   }
-  place();
+  arrange();
   nameFields();
 }
 
-void FormPage::takePlaces(const std::vector<Standing>& standing) {
-  for (Item& item : mItems) item.place = nullptr;
-  for (const Standing& each : standing) each.item->place = &mLayout.cells(each.block)[each.cell].place;
+void FormPage::takePositions(const std::vector<Standing>& standing) {
+  for (Item& item : mItems) item.position = nullptr;
+  for (const Standing& each : standing) each.item->position = &mLayout.cells(each.block)[each.cell].position;
 }
 
-void FormPage::place() {
+void FormPage::arrange() {
   const Theme& theme = mPanel.theme();
   const int margin = theme.px(kMargin);
   const int top = mHeading ? belowHeading() : 0;
@@ -201,15 +201,15 @@ void FormPage::place() {
     mHeading->setGeometry(margin, margin, width() - 2 * margin, mHeading->sizeHint().height());
     mHeading->show();
   }
-  mLayout.place(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.visibleWidth());
+  mLayout.arrange(QSize(std::max(width(), minimumWidth()), std::max(height(), minimumHeight()) - top), mPanel.visibleWidth());
   for (Item& item : mItems) {
-    if (item.place) {
-      Place at = *item.place;
+    if (item.position) {
+      Position at = *item.position;
       for (QRect* rect : {&at.field, &at.companion, &at.state}) rect->translate(0, top);
       item.renderer->arrange(at);
     }
     for (QWidget* widget : item.renderer->widgets())
-      if (widget->isHidden() == (item.place != nullptr)) widget->setVisible(item.place != nullptr);
+      if (widget->isHidden() == (item.position != nullptr)) widget->setVisible(item.position != nullptr);
   }
   mRule = 0;
   if (!mHeading && mFront && mFront->kind() == Control::Kind::Frame) mRule = mLayout.headingBottom() + theme.px(kAboveRule);
@@ -244,7 +244,7 @@ void FormPage::nameFields() {
       }
 }
 
-void FormPage::resizeEvent(QResizeEvent*) { place(); }
+void FormPage::resizeEvent(QResizeEvent*) { arrange(); }
 
 void FormPage::showEvent(QShowEvent*) { mPanel.schedule(); }
 

@@ -40,9 +40,9 @@ class FormPage : public QWidget {
   void forgetWidths();
 
   // The panel shows another part of the page.
-  void place();
+  void arrange();
 
-  // All renderers in the controls' order, those of nested panels at their place.
+  // All renderers in the controls' order, those of nested panels where they stand.
   std::vector<ControlRenderer*> renderers() const;
   ControlRenderer* rendererOf(const Control& control) const;
   // Whether the control is the heading of the page's frame.
@@ -62,8 +62,8 @@ class FormPage : public QWidget {
     bool dirty = true;
     Extent extent;  // with the widest contents so far
     bool visible = false;
-    // Where the layout has its place; nullptr if it is not to be seen.
-    const Place* place = nullptr;
+    // Where the layout has it; nullptr if it is not to be seen.
+    const Position* position = nullptr;
   };
   // A control that stands in a row of the form.
   struct Standing {
@@ -75,7 +75,7 @@ class FormPage : public QWidget {
   bool measure(Item& item);
   Item* shown(const Control* control);
   void layOut();
-  void takePlaces(const std::vector<Standing>& standing);
+  void takePositions(const std::vector<Standing>& standing);
   int belowHeading() const;
   void nameFields();
   bool leaves(const QWidget& widget, int reason) const;

@@ -6,7 +6,7 @@
 
 namespace ostrand {
 
-NestedRenderer::NestedRenderer(FormPage& page, NestedPlace& place) : ControlRenderer(page, place), mModel(place), mGround(new QWidget(&page)) {
+NestedRenderer::NestedRenderer(FormPage& page, NestedControl& control) : ControlRenderer(page, control), mModel(control), mGround(new QWidget(&page)) {
   if (const Ref<Component>& nested = mModel.nested()) mListening = nested->changed.connect([this] { this->page().changed(mModel); });
 }
 
@@ -25,7 +25,7 @@ FormPage& NestedRenderer::current() {
   Control* const front = nested.front();
   FormPage*& page = mPages[front];
   if (!page) {
-    // A nested component without frames has the heading of its place.
+    // A nested component without frames has the heading of its holder.
     page = new FormPage(panel(), nested, front, mGround);
     page->setGeometry(mGround->rect());
     page->setTopMargin(!this->page().front() || front);
@@ -54,8 +54,8 @@ Extent NestedRenderer::extent() const {
   return {.field = mCurrent->minimumWidth(), .height = mCurrent->minimumHeight()};
 }
 
-void NestedRenderer::arrange(const Place& place) {
-  ControlRenderer::arrange(place);
+void NestedRenderer::arrange(const Position& position) {
+  ControlRenderer::arrange(position);
   if (mCurrent) mCurrent->setGeometry(mGround->rect());
 }
 

@@ -11,20 +11,20 @@ namespace ostrand {
 // A component in the component: its own controls, or those of the frame that it has in front itself.
 class NestedRenderer : public ControlRenderer {
  public:
-  NestedRenderer(FormPage& page, NestedPlace& place);
+  NestedRenderer(FormPage& page, NestedControl& control);
   ~NestedRenderer() override;
 
   std::vector<QWidget*> widgets() const override;
   void restyle() override;
   void sync() override;
   Extent extent() const override;
-  void arrange(const Place& place) override;
+  void arrange(const Position& position) override;
   const FormPage* inside() const override;
   bool fills() const override { return true; }
 
  private:
   FormPage& current();
-  NestedPlace& mModel;
+  NestedControl& mModel;
   Signal<>::Id mListening = 0;
   QWidget* mGround;
   std::map<const Control*, FormPage*> mPages;  // by what is in front

@@ -64,7 +64,7 @@ constexpr ByKind kByKind[] = {
     {Control::Kind::TimeEdit,      make<LineEditRenderer,      EditControl>},
     {Control::Kind::ComboEdit,     make<ComboEditRenderer,     CtrComboEdit>},
     {Control::Kind::CheckEdit,     make<CheckEditRenderer,     CtrCheckEdit>},
-    {Control::Kind::Nested,        make<NestedRenderer,        NestedPlace>},
+    {Control::Kind::Nested,        make<NestedRenderer,        NestedControl>},
 };
 // clang-format on
 

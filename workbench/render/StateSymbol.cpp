@@ -71,11 +71,11 @@ QColor stateColor(ValueState state, const Theme& theme) {
   return theme.neutral;
 }
 
-void paintState(QPainter& painter, const QRectF& place, ValueState state, const Theme& theme) {
+void paintState(QPainter& painter, const QRectF& box, ValueState state, const Theme& theme) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(place.topLeft());
-  painter.scale(place.width() / kSize, place.height() / kSize);
+  painter.translate(box.topLeft());
+  painter.scale(box.width() / kSize, box.height() / kSize);
   const QColor color = stateColor(state, theme);
   const QColor inside = theme.surface;
   const QPen edge(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);

@@ -29,7 +29,7 @@ ValueStates statesOf(const EditControl& edit, std::optional<ValueState> kept = s
 QString word(ValueState state, const std::string& language);
 QColor stateColor(ValueState state, const Theme& theme);
 // Each state has a shape of its own, so that it can be told without its colour.
-void paintState(QPainter& painter, const QRectF& place, ValueState state, const Theme& theme);
+void paintState(QPainter& painter, const QRectF& box, ValueState state, const Theme& theme);
 
 // The symbols beside a value.
 class StateSymbol : public QWidget {

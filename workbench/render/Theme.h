@@ -11,7 +11,7 @@ class QApplication;
 
 namespace ostrand {
 
-// How everything looks: the one place of colours, fonts and distances. Colours are by role; every text colour stands out from
+// How everything looks: the one home of colours, fonts and distances. Colours are by role; every text colour stands out from
 // what it is painted on by at least 4.5 to 1, in the light theme and in the dark one.
 struct Theme {
   enum class Kind { Light, Dark };

@@ -188,10 +188,10 @@ QPixmap ViewPanel::picture() {
   refresh();
   if (!page()) return grab();
   mWhole = true;
-  page()->place();
+  page()->arrange();
   const QPixmap taken = page()->grab();
   mWhole = false;
-  page()->place();
+  page()->arrange();
   return taken;
 }
 
@@ -324,7 +324,7 @@ int ViewPanel::visibleWidth() const { return mWhole && page() ? page()->width() 
 
 void ViewPanel::resizeEvent(QResizeEvent* event) {
   QScrollArea::resizeEvent(event);
-  if (page()) page()->place();
+  if (page()) page()->arrange();
 }
 
 void ViewPanel::paintEvent(QPaintEvent* event) {

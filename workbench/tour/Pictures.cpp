@@ -84,13 +84,13 @@ std::vector<Pictures::Shot> Pictures::takeFrames(const std::filesystem::path& fo
     device->host().views().setLiveReading(false);
     // Texts that a view has taken from an answer are those of the language that it came in.
     while (!device->host().views().sites().empty()) device->host().views().release(*device->host().views().sites().back());
-    mWindow.show(mWindow.tree().places(*device).front());
+    mWindow.show(mWindow.tree().pages(*device).front());
     readAll();
-    for (const PlantTree::Place& place : mWindow.tree().places(*device)) {
-      mWindow.show(place);
+    for (const PlantTree::Page& page : mWindow.tree().pages(*device)) {
+      mWindow.show(page);
       QApplication::processEvents();
-      const std::string name = std::string(device->kind().name) + "-" + place.branch + "-" + place.frame + ".png";
-      shots.push_back({QStringLiteral("%1 / %2 / %3").arg(qt(device->title()), mWindow.workbench().texts()(place.branch), mWindow.workbench().texts()(place.frame)), mWindow.panel().picture()});
+      const std::string name = std::string(device->kind().name) + "-" + page.branch + "-" + page.frame + ".png";
+      shots.push_back({QStringLiteral("%1 / %2 / %3").arg(qt(device->title()), mWindow.workbench().texts()(page.branch), mWindow.workbench().texts()(page.frame)), mWindow.panel().picture()});
       save(shots.back().picture, folder / name);
       takeTooltip(folder / "tips" / name);
     }
@@ -102,8 +102,8 @@ std::vector<Pictures::Shot> Pictures::takeFrames(const std::filesystem::path& fo
 void Pictures::readAll() {
   Host& host = mWindow.host();
   if (host.communication().device()) host.communication().device()->setFault("slow", "0.001");
-  for (const PlantTree::Place& place : mWindow.tree().places(mWindow.workbench().current())) {
-    mWindow.show(place);
+  for (const PlantTree::Page& page : mWindow.tree().pages(mWindow.workbench().current())) {
+    mWindow.show(page);
     mWindow.transfers().readPage();
     for (int i = 0; i < 100 && !host.communication().idle(); ++i) mWindow.workbench().desktop().wait(0.01);
   }

@@ -20,16 +20,16 @@ QString titles(const std::vector<PlantDevice*>& devices) {
 
 }  // namespace
 
-bool Departure::mayLeave(const PlantTree::Place& place) const {
+bool Departure::mayLeave(const PlantTree::Page& page) const {
   PlantDevice& device = mWorkbench.current();
   if (!device.outputs().mayBeForced(OutputKind::Simulation)) return true;
-  const bool leavesDevice = place.device != &device;
+  const bool leavesDevice = page.device != &device;
   // From one page to another the question is asked where the simulation stands.
   const std::vector<ForcedOutput> forced = device.outputs().forced();
   const bool standsHere = std::any_of(forced.begin(), forced.end(), [&](const ForcedOutput& each) {
     return each.kind == OutputKind::Simulation && device.host().dataSet() && device.host().dataSet()->homeGroup(each.item) == device.frame();
   });
-  if (!leavesDevice && (!standsHere || place.frame == device.frame())) return true;
+  if (!leavesDevice && (!standsHere || page.frame == device.frame())) return true;
   const QString message = mUser.say("%1: the output is simulated. Whoever reads it takes the simulated value for the measured one.").arg(qt(device.title()));
   const std::size_t answer =
       mWorkbench.prompt().choose(mUser.say("The output may be forced"), message,

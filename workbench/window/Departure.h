@@ -15,7 +15,7 @@ class Departure {
   Departure(Workbench& workbench, ViewPanel& panel, const UserTalk& user) : mWorkbench(workbench), mPanel(panel), mUser(user) {}
 
   // Asks before a page or device is left on which an output is forced, unless the page itself asks.
-  bool mayLeave(const PlantTree::Place& place) const;
+  bool mayLeave(const PlantTree::Page& page) const;
   // Tells the user if an output may be forced where nobody looks at it any more, when what was on its way has been answered.
   void warnOfForcedOutput(PlantDevice& device) const;
   // Tells why no document may be handed to the device's views now: a loop test may drive, and they keep what stops it. Of a device

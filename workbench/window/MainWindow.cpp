@@ -46,7 +46,7 @@ MainWindow::MainWindow(Workbench& workbench)
   connectPanel();
   connectWorkbench();
   mTree->setDevices(mWorkbench.devices());
-  mTree->onChosen = [this](const PlantTree::Place& chosen) {
+  mTree->onChosen = [this](const PlantTree::Page& chosen) {
     if (show(chosen)) mPanel->setFocus(Qt::OtherFocusReason);
   };
   deviceChanged();
@@ -260,20 +260,20 @@ void MainWindow::refreshLater() {
   });
 }
 
-PlantTree::Place MainWindow::place() const {
+PlantTree::Page MainWindow::page() const {
   PlantDevice& device = mWorkbench.current();
   return {&device, device.branch(), device.frame()};
 }
 
-bool MainWindow::show(const PlantTree::Place& place) {
+bool MainWindow::show(const PlantTree::Page& page) {
   // A view that asks before it is left lets events through: one choice at a time.
-  if (mChoosing || !place.device) return false;
+  if (mChoosing || !page.device) return false;
   mChoosing = true;
   PlantDevice& before = mWorkbench.current();
   bool shown = false;
   mUser.attempt(mWorkbench.texts().say("The page could not be opened"), [&] {
     mPanel->commit();
-    shown = mDeparture.mayLeave(place) && mWorkbench.show(*place.device, place.branch, place.frame);
+    shown = mDeparture.mayLeave(page) && mWorkbench.show(*page.device, page.branch, page.frame);
   });
   mChoosing = false;
   showFront();
@@ -284,7 +284,7 @@ bool MainWindow::show(const PlantTree::Place& place) {
 void MainWindow::showFront() {
   ViewSite* const front = host().views().front();
   mPanel->setView(front ? Ref<ITaviView>(front->view()) : nullptr);
-  mTree->setShown(place());
+  mTree->setShown(page());
   mFileMenu.refresh();
   mDeviceMenu.refresh();
   refreshLater();

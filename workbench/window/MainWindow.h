@@ -55,8 +55,8 @@ class MainWindow : public QMainWindow {
   SettingsMenu& settingsMenu() { return mSettingsMenu; }
 
   // The user wants to see this frame. False: the view in front does not want to be left, or another choice is going on.
-  bool show(const PlantTree::Place& place);
-  PlantTree::Place place() const;
+  bool show(const PlantTree::Page& page);
+  PlantTree::Page page() const;
   // The view in front may be another object now: shows it.
   void showFront();
   // F6: from the tree to the view to the conversation, and round.

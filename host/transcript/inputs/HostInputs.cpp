@@ -34,10 +34,10 @@ void fail(TranscriptStage& stage, const TranscriptInput& input) {
   const std::string& call = input.words[1].text;
   ErrorText error{RuntimeError::Unexpected, "told to fail"};
   if (input.words.size() > 4) error = {numberOf(input.words[3]), input.words[4].text};
-  stage.conversation.failNext(call, input.words.size() > 2 ? numberOf(input.words[2]) : 1, std::move(error));
+  stage.output.failNext(call, input.words.size() > 2 ? numberOf(input.words[2]) : 1, std::move(error));
 }
 
-void during(TranscriptStage& stage, const TranscriptInput& input) { stage.conversation.duringNext(input.words[1].text, nestedInput(input)); }
+void during(TranscriptStage& stage, const TranscriptInput& input) { stage.output.duringNext(input.words[1].text, nestedInput(input)); }
 
 void parent(TranscriptStage& stage, const TranscriptInput& input) {
   (input.words[1].text == "NotifyStatus" ? stage.script->offersNotifyStatus : stage.script->offersDownload) = input.words[2].text == "on";

@@ -27,7 +27,7 @@ void messenger(TranscriptStage& stage, const TranscriptInput&) {
 void localize(TranscriptStage& stage, const TranscriptInput& input) {
   const Ref<ILocalizable> localizable = stage.need<ILocalizable>("ILocalizable");
   stage.script->texts = stage.texts.table(input.words[1].text);
-  stage.onView([&] { localizable->Localize(recordingTextTable(stage.conversation, stage.script->texts)); });
+  stage.onView([&] { localizable->Localize(recordingTextTable(stage.output, stage.script->texts)); });
 }
 
 void select(TranscriptStage& stage, const TranscriptInput& input) {
@@ -44,7 +44,7 @@ void focus(TranscriptStage& stage, const TranscriptInput&) {
 
 void leave(TranscriptStage& stage, const TranscriptInput&) {
   const Ref<ITaviView> view = stage.need<ITaviView>("ITaviView");
-  stage.onView([&] { stage.conversation.printValue(toText(view->LeaveSelectedView())); });
+  stage.onView([&] { stage.output.printValue(toText(view->LeaveSelectedView())); });
 }
 
 void handIn(TranscriptStage& stage, const TranscriptInput& input) {

@@ -24,25 +24,25 @@ std::string digestOf(std::string_view bytes) {
 }  // namespace
 
 void get(TranscriptStage& stage, const TranscriptInput& input) {
-  const Conversation::Quiet quiet(stage.conversation);
+  const TranscriptOutput::Quiet quiet(stage.output);
   for (std::size_t i = 1; i < input.words.size(); ++i) {
     const PropertyName name = *PropertyName::read(input.words[i].text);
     if (name.control == "view" && name.property == "Keys") {
       // A frame may hold a panel that is selected in its place, under the same key or without one of its own.
       std::set<std::string> told;
       for (const Control* const item : selectableItems(stage.controls()))
-        if (const std::string key = toText(item->get("Tag", {})); key != inQuotes("") && told.insert(key).second) stage.conversation.printValue(key);
+        if (const std::string key = toText(item->get("Tag", {})); key != inQuotes("") && told.insert(key).second) stage.output.printValue(key);
       continue;
     }
     const Control* const found = findControl(stage.controls(), name.control);
     if (!found) {
-      stage.conversation.print("NoSuchControl", name.control);
+      stage.output.print("NoSuchControl", name.control);
       continue;
     }
     try {
-      stage.conversation.printValue(toText(found->get(name.property, name.indices)));
+      stage.output.printValue(toText(found->get(name.property, name.indices)));
     } catch (const RuntimeError& error) {
-      stage.conversation.print("Rejected", error.description());
+      stage.output.print("Rejected", error.description());
     }
   }
 }
@@ -50,25 +50,25 @@ void get(TranscriptStage& stage, const TranscriptInput& input) {
 void front(TranscriptStage& stage, const TranscriptInput&) {
   const Component* const view = stage.component();
   const Control* const item = view ? view->front() : nullptr;
-  stage.conversation.printValue(item ? toText(item->get("Tag", {})) : inQuotes(""));
+  stage.output.printValue(item ? toText(item->get("Tag", {})) : inQuotes(""));
 }
 
 void selected(TranscriptStage& stage, const TranscriptInput&) {
   const Ref<ITaviView> view = stage.need<ITaviView>("ITaviView");
-  stage.onView([&] { stage.conversation.printValue(inQuotes(view->GetSelectedView())); });
+  stage.onView([&] { stage.output.printValue(inQuotes(view->GetSelectedView())); });
 }
 
 void focused(TranscriptStage& stage, const TranscriptInput&) {
   const Component* const view = stage.component();
   const Control* const found = view ? view->focused() : nullptr;
-  stage.conversation.printValue(inQuotes(found ? nameOfControl(stage.controls(), *found) : std::string()));
+  stage.output.printValue(inQuotes(found ? nameOfControl(stage.controls(), *found) : std::string()));
 }
 
 void show(TranscriptStage& stage, const TranscriptInput&) {
-  const Conversation::Quiet quiet(stage.conversation);
+  const TranscriptOutput::Quiet quiet(stage.output);
   const Component* const view = stage.component();
   if (!view) return;
-  for (std::string& line : frontAsText(*view)) stage.conversation.printValue(std::move(line));
+  for (std::string& line : frontAsText(*view)) stage.output.printValue(std::move(line));
 }
 
 void document(TranscriptStage& stage, const TranscriptInput& input) {
@@ -76,8 +76,8 @@ void document(TranscriptStage& stage, const TranscriptInput& input) {
   if (number < 1 || number > static_cast<int>(stage.documents.size()))
     throw RuntimeError(RuntimeError::OutOfRange, "there is no document " + std::to_string(number));
   const Document& document = stage.documents[static_cast<std::size_t>(number) - 1];
-  if (input.words.size() == 2) return stage.conversation.printDocument(document.xml());
-  if (const auto text = document.selectText(input.words[2].text)) stage.conversation.printValue(inQuotes(*text));
+  if (input.words.size() == 2) return stage.output.printDocument(document.xml());
+  if (const auto text = document.selectText(input.words[2].text)) stage.output.printValue(inQuotes(*text));
 }
 
 void file(TranscriptStage& stage, const TranscriptInput& input) {
@@ -87,17 +87,17 @@ void file(TranscriptStage& stage, const TranscriptInput& input) {
   if (!std::filesystem::exists(file, ignored)) throw RuntimeError(RuntimeError::FileNotFound, "no such file: " + name);
   std::string text = readWholeFile(file);
   if (text.ends_with('\n')) text.pop_back();
-  stage.conversation.printDocument(std::move(text));
+  stage.output.printDocument(std::move(text));
 }
 
-void now(TranscriptStage& stage, const TranscriptInput&) { stage.conversation.printValue(standardDateAndTime(stage.desktop.now())); }
+void now(TranscriptStage& stage, const TranscriptInput&) { stage.output.printValue(standardDateAndTime(stage.desktop.now())); }
 
 void picture(TranscriptStage& stage, const TranscriptInput& input) {
   const Ref<ITaviDeviceSpecific> specific = stage.need<ITaviDeviceSpecific>("ITaviDeviceSpecific");
   const std::string argument = input.words.size() > 2 ? input.words[2].text : std::string();
   stage.onView([&] {
     const Picture picture = input.words[1].text == "image" ? specific->GetDeviceImage(argument) : specific->GetDeviceLogo(argument);
-    stage.conversation.printValue(std::to_string(picture.width) + " " + std::to_string(picture.height) + " " + inQuotes(digestOf(picture.svg)));
+    stage.output.printValue(std::to_string(picture.width) + " " + std::to_string(picture.height) + " " + inQuotes(digestOf(picture.svg)));
   });
 }
 

@@ -117,7 +117,7 @@ std::vector<int> indicesOf(const Control& control, const std::string& property, 
 // Sets a property as code would. The setting is ours; what the view does about it is not.
 void setProperty(TranscriptStage& stage, Control& control, const std::string& property, std::span<const int> indices, const Value& value) {
   const Ref<Component> pin(control.owner());
-  const Conversation::Ours ours(stage.conversation, control, withIndices(property, indices));
+  const TranscriptOutput::Ours ours(stage.output, control, withIndices(property, indices));
   control.set(property, indices, value);
 }
 
@@ -147,9 +147,9 @@ Value valueLike(const Value& model, const TranscriptWord& word) {
   return word.text;
 }
 
-void printAnswer(Conversation& conversation, const Answer& answer) {
-  if (const auto* const value = std::get_if<Value>(&answer)) conversation.printValue(toText(*value));
-  if (const auto* const node = std::get_if<Node>(&answer)) conversation.printNode(*node);
+void printAnswer(TranscriptOutput& output, const Answer& answer) {
+  if (const auto* const value = std::get_if<Value>(&answer)) output.printValue(toText(*value));
+  if (const auto* const node = std::get_if<Node>(&answer)) output.printNode(*node);
 }
 
 }  // namespace
@@ -165,7 +165,7 @@ void call(TranscriptStage& stage, const TranscriptInput& input) {
     const Ref<ITaviView> view = query<ITaviView>(stage.current().object.get());
     const std::function<Answer()> found = operation<ITaviView>(kOfViews, view.get(), member, values);
     if (!found) reject(stage.current().className + " has no " + member);
-    return stage.onView([&] { printAnswer(stage.conversation, found()); });
+    return stage.onView([&] { printAnswer(stage.output, found()); });
   }
   Control& control = stage.control(text.substr(0, point));
   const Ref<Component> pin(control.owner());
@@ -173,15 +173,15 @@ void call(TranscriptStage& stage, const TranscriptInput& input) {
     stage.onView([&] {
       Answer answer;
       {
-        const Conversation::Ours ours(stage.conversation, control, member);
+        const TranscriptOutput::Ours ours(stage.output, control, member);
         answer = found();
       }
-      printAnswer(stage.conversation, answer);
+      printAnswer(stage.output, answer);
     });
     return;
   }
   const std::function<Answer()> found = propertyOf(stage, control, member, values);
-  stage.onView([&] { printAnswer(stage.conversation, found()); });
+  stage.onView([&] { printAnswer(stage.output, found()); });
 }
 
 void set(TranscriptStage& stage, const TranscriptInput& input) {
@@ -196,10 +196,10 @@ void set(TranscriptStage& stage, const TranscriptInput& input) {
       case RuntimeError::OutOfRange:
       case RuntimeError::NotConvertible:
       case RuntimeError::NoSuchMember: throw;
-      default: stage.conversation.printUnhandled({error.number(), error.description()});
+      default: stage.output.printUnhandled({error.number(), error.description()});
     }
   } catch (...) {
-    stage.conversation.printUnhandled(currentError());
+    stage.output.printUnhandled(currentError());
   }
 }
 

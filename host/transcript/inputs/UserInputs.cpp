@@ -53,9 +53,9 @@ void userAction(TranscriptStage& stage, Control& control, Action action) {
   } catch (const RuntimeError& error) {
     const bool isRejection = error.number() == RuntimeError::NoSuchMember || error.number() == RuntimeError::PermissionDenied;
     if (isRejection) throw;
-    stage.conversation.printUnhandled({error.number(), error.description()});
+    stage.output.printUnhandled({error.number(), error.description()});
   } catch (...) {
-    stage.conversation.printUnhandled(currentError());
+    stage.output.printUnhandled(currentError());
   }
 }
 
@@ -117,7 +117,7 @@ void choose(TranscriptStage& stage, const TranscriptInput& input) {
   if (isOn(target, "Visible") && isOn(target, "Enabled")) {
     stage.onView([&] { edit->choose(key); });
   } else {
-    const Conversation::Ours ours(stage.conversation, target, "Text");
+    const TranscriptOutput::Ours ours(stage.output, target, "Text");
     stage.onView([&] { edit->Text(key); });
   }
 }

@@ -71,7 +71,7 @@ void CtrStatus::SetOfflineData(const Document& doc) {
   proc.step([&] {
     mDataSet = doc;
     mBranches.clear();
-    mPlaces.clear();
+    mPositions.clear();
     mLastRead.reset();
     mFailed = false;
     if (const Node bits = group(doc, tag()))
@@ -90,7 +90,7 @@ void CtrStatus::SetOnlineData(const Document& doc) {
       if (item.name() != "comm:item") continue;
       const std::string name(item.findAttribute("name").value_or(""));
       // A bit that the data set does not list still finds its branch, if a mapping knows its kind.
-      if (!mPlaces.contains(name) && (!mDataSet || !addLeaf(name))) continue;
+      if (!mPositions.contains(name) && (!mDataSet || !addLeaf(name))) continue;
       const Node value = valueElement(item, "integerVal");
       const std::string text = value ? value.text() : std::string();
       // The device has no value for this bit: the last one stands.
@@ -121,25 +121,25 @@ Node CtrStatus::ownAnswer(const Document& doc) const {
 }
 
 bool CtrStatus::isKnown() const {
-  return !mPlaces.empty() && std::all_of(mBranches.begin(), mBranches.end(), [](const Branch& branch) {
+  return !mPositions.empty() && std::all_of(mBranches.begin(), mBranches.end(), [](const Branch& branch) {
     return std::all_of(branch.leaves.begin(), branch.leaves.end(), [](const Leaf& leaf) { return leaf.raised.has_value(); });
   });
 }
 
 bool CtrStatus::addLeaf(const std::string& item) {
   const Node mapping = mappingByTail(mDataSet, item);
-  if (!mapping || mPlaces.contains(item)) return false;
+  if (!mapping || mPositions.contains(item)) return false;
   const std::string key(mapping.attribute("name"));
   auto branch = std::find_if(mBranches.begin(), mBranches.end(), [&](const Branch& at) { return at.key == key; });
   if (branch == mBranches.end()) branch = mBranches.insert(mBranches.end(), Branch{key, {}});
-  mPlaces[item] = {static_cast<std::size_t>(branch - mBranches.begin()), branch->leaves.size()};
+  mPositions[item] = {static_cast<std::size_t>(branch - mBranches.begin()), branch->leaves.size()};
   branch->leaves.push_back({item, ne107OfRaised(mapping).value_or(Ne107::Maintenance), {}, false});
   return true;
 }
 
 CtrStatus::Leaf* CtrStatus::leafOf(const std::string& item) {
-  const auto place = mPlaces.find(item);
-  return place == mPlaces.end() ? nullptr : &mBranches[place->second.first].leaves[place->second.second];
+  const auto at = mPositions.find(item);
+  return at == mPositions.end() ? nullptr : &mBranches[at->second.first].leaves[at->second.second];
 }
 
 // --- the table

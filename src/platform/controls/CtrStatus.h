@@ -72,7 +72,7 @@ class CtrStatus : public Panel {
 
   Document mDataSet;
   std::vector<Branch> mBranches;
-  std::unordered_map<std::string, std::pair<std::size_t, std::size_t>> mPlaces;  // of a leaf, by its item
+  std::unordered_map<std::string, std::pair<std::size_t, std::size_t>> mPositions;  // of a leaf, by its item
   std::optional<LocalTime> mLastRead;
   bool mFailed = false;
   Ne107 mWorst = Ne107::Good;

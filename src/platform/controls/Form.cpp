@@ -37,14 +37,14 @@ void Form::add(Control& control, const std::string& tag) {
   mComponent.mControls.push_back(&control);
 }
 
-void Form::place(Control& control, int left, int top, int width, int height) {
+void Form::position(Control& control, int left, int top, int width, int height) {
   control.mLeft = left;
   control.mTop = top;
   control.mWidth = width;
   control.mHeight = height;
 }
 
-void Form::makeNested(NestedPlace& at, const std::string& tag) {
+void Form::makeNested(NestedControl& at, const std::string& tag) {
   at.make();
   at.nested()->setOuter(&mComponent);
   at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
@@ -71,16 +71,16 @@ void Form::surroundWriteControls(const FormFrame& frame) {
 
 FrameForm Form::frame(Frame& frame, const std::string& key) {
   add(frame, key);
-  place(frame, 0, 0, mComponent.width(), mComponent.height());
+  position(frame, 0, 0, mComponent.width(), mComponent.height());
   if (!mComponent.mFront) mComponent.mFront = &frame;
   return FrameForm(*this, &frame);
 }
 
 FrameForm Form::rows() { return FrameForm(*this, nullptr); }
 
-void Form::nested(NestedPlace& at, const std::string& tag) {
+void Form::nested(NestedControl& at, const std::string& tag) {
   add(at, tag);
-  place(at, 0, 0, mComponent.width(), mComponent.height());
+  position(at, 0, 0, mComponent.width(), mComponent.height());
   open(&at).blocks.front().rows.push_back({.cells = {{.controls = {&at}}}, .share = 1});
   if (!mComponent.mFront) mComponent.mFront = &at;
   makeNested(at, tag);
@@ -88,7 +88,7 @@ void Form::nested(NestedPlace& at, const std::string& tag) {
 
 void Form::fill(Control& control, const std::string& tag) {
   add(control, tag);
-  place(control, 0, 0, mComponent.width(), mComponent.height());
+  position(control, 0, 0, mComponent.width(), mComponent.height());
   open(nullptr).blocks.front().rows.push_back({.cells = {{.controls = {&control}}}, .share = 1});
 }
 
@@ -117,14 +117,14 @@ void FrameForm::add(Control& control, const std::string& tag) {
 FrameForm& FrameForm::title(Label& label, const std::string& key) {
   add(label, key);
   model().title = &label;
-  Form::place(label, kMargin, kTitleTop, 5000, 360);
+  Form::position(label, kMargin, kTitleTop, 5000, 360);
   return *this;
 }
 
 FrameForm& FrameForm::stamp(CtrDateLabel& label, const std::string& tag) {
   add(label, tag);
   model().stamp = &label;
-  Form::place(label, width() - kStampWidth, 20, kStampWidth, kFieldHeight);
+  Form::position(label, width() - kStampWidth, 20, kStampWidth, kFieldHeight);
   return *this;
 }
 
@@ -146,7 +146,7 @@ void FrameForm::addRow() {
 FrameForm& FrameForm::labelled(Label& label, const std::string& key) {
   addRow();
   add(label, key);
-  Form::place(label, mLeft + kMargin, mTop, kLabelWidth, kFieldHeight);
+  Form::position(label, mLeft + kMargin, mTop, kLabelWidth, kFieldHeight);
   block().rows.back().label = &label;
   mLast = &label;
   return *this;
@@ -182,7 +182,7 @@ FrameForm& FrameForm::addHeads(Heads labels) {
 
 FrameForm& FrameForm::cell(Control& control, const std::string& tag) {
   add(control, tag);
-  Form::place(control, mLeft + kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
+  Form::position(control, mLeft + kFieldLeft + mColumn++ * kColumnStep, mTop, kFieldWidth, kFieldHeight);
   block().rows.back().cells.push_back({mColumn, {&control}});
   mLast = &control;
   return *this;
@@ -195,7 +195,7 @@ FrameForm& FrameForm::skip() {
 
 FrameForm& FrameForm::over(Control& control, const std::string& tag) {
   add(control, tag);
-  Form::place(control, mLast->mLeft, mLast->mTop, mLast->mWidth, mLast->mHeight);
+  Form::position(control, mLast->mLeft, mLast->mTop, mLast->mWidth, mLast->mHeight);
   control.mVisible = false;
   block().rows.back().cells.back().controls.push_back(&control);
   return *this;
@@ -209,7 +209,7 @@ FrameForm& FrameForm::over(CommandButton& button, const std::string& tag, const 
 
 FrameForm& FrameForm::hidden(Control& control, const std::string& tag) {
   add(control, tag);
-  Form::place(control, mLeft + kFieldLeft, mTop, kFieldWidth, kFieldHeight);
+  Form::position(control, mLeft + kFieldLeft, mTop, kFieldWidth, kFieldHeight);
   control.mVisible = false;
   block().rows.push_back({.cells = {{1, {&control}}}});
   return *this;
@@ -219,7 +219,7 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
   nextRow();
   mLast = nullptr;  // the first button stands on the holder's own row
   add(holder, "");
-  Form::place(holder, mLeft + kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
+  Form::position(holder, mLeft + kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
   for (const auto& [button, tag] : buttons) {
     row(*button, tag);
     std::vector<OptionButton*> others;
@@ -232,12 +232,12 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
 
 void FrameForm::addWide(Control& control, const std::string& tag, int top, int height, int margin) {
   add(control, tag);
-  Form::place(control, mLeft + margin, top, mWidth - 2 * margin, height);
+  Form::position(control, mLeft + margin, top, mWidth - 2 * margin, height);
   block().rows.push_back({.cells = {{.controls = {&control}}}, .share = 1});
   mLast = &control;
 }
 
-FrameForm& FrameForm::panel(NestedPlace& at, const std::string& tag) {
+FrameForm& FrameForm::panel(NestedControl& at, const std::string& tag) {
   nextRow();
   addWide(at, tag, mTop, height() - mTop, 0);
   mForm.makeNested(at, tag);

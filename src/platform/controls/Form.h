@@ -14,7 +14,7 @@ namespace ostrand {
 class FrameForm;
 
 // Declares the form of a component: what stands where, under which tag. The order of the declarations is the order of
-// GetControls and of the tab key. Rows are 400 twips apart and place themselves. What was declared is kept (FormModel.h).
+// GetControls and of the tab key. Rows are 400 twips apart and arrange themselves. What was declared is kept (FormModel.h).
 class Form {
  public:
   explicit Form(Component& component) : mComponent(component) {}
@@ -27,7 +27,7 @@ class Form {
   // The rows of a component without frames.
   FrameForm rows();
   // A component that stands on the panel by itself and is selected under its tag.
-  void nested(NestedPlace& place, const std::string& tag);
+  void nested(NestedControl& control, const std::string& tag);
   // A control that fills the panel.
   void fill(Control& control, const std::string& tag);
   // A control that is never shown.
@@ -39,10 +39,10 @@ class Form {
   friend class FrameForm;
   FormFrame& open(Control* front);
   void add(Control& control, const std::string& tag);
-  void makeNested(NestedPlace& at, const std::string& tag);
+  void makeNested(NestedControl& at, const std::string& tag);
   void surroundWriteControls(const FormFrame& frame);
   static void caption(Control& control, const std::string& text) { control.design("Caption", text); }
-  static void place(Control& control, int left, int top, int width, int height);
+  static void position(Control& control, int left, int top, int width, int height);
 
   Component& mComponent;
 };
@@ -79,7 +79,7 @@ class FrameForm {
   // Radio buttons, one to a row, of which one is on; they stand on `holder`.
   FrameForm& group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
   // A nested panel that takes the rest of the frame.
-  FrameForm& panel(NestedPlace& place, const std::string& tag);
+  FrameForm& panel(NestedControl& control, const std::string& tag);
   FrameForm& fill(Control& control, const std::string& tag);
   // A list with its columns, as high as an equal share of the frame.
   struct Column {

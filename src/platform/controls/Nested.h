@@ -4,13 +4,13 @@
 
 namespace ostrand {
 
-// The place of a component inside another one: position, visibility and Tag are the place's, everything
+// The control in which a component stands inside another one: position, visibility and Tag are the control's, everything
 // else is the component's, behind Object. The form makes and places it.
-class NestedPlace : public Control {
+class NestedControl : public Control {
  public:
   using Control::Control;
   // The component may be held longer by others.
-  ~NestedPlace() override {
+  ~NestedControl() override {
     if (mComponent) mComponent->setOuter(nullptr);
   }
   std::string_view className() const override { return mClassName; }
@@ -30,9 +30,9 @@ class NestedPlace : public Control {
 };
 
 template <class T>
-class Nested : public NestedPlace {
+class Nested : public NestedControl {
  public:
-  using NestedPlace::NestedPlace;
+  using NestedControl::NestedControl;
   T& operator*() const { return static_cast<T&>(*mComponent); }
   T* operator->() const { return static_cast<T*>(mComponent.get()); }
 

@@ -75,7 +75,7 @@ TEST_F(ChoosingTest, TheTreeShowsWhatExistsAndWhatIsStillToCome) {
 TEST_F(ChoosingTest, AClickOpensAFrame) {
   click(item("measurement", "monitoringVariables"));
   settle();
-  EXPECT_EQ(window->place().frame, "monitoringVariables");
+  EXPECT_EQ(window->page().frame, "monitoringVariables");
   EXPECT_TRUE(item("measurement", "monitoringVariables")->font(0).bold());
 }
 
@@ -85,7 +85,7 @@ TEST_F(ChoosingTest, ArrowsAndEnterOpenAFrame) {
   press(Qt::Key_Down);
   press(Qt::Key_Return);
   settle();
-  EXPECT_EQ(window->place().frame, "activeRecipe");
+  EXPECT_EQ(window->page().frame, "activeRecipe");
 }
 
 TEST_F(ChoosingTest, AViewThatDoesNotWantToBeLeftStays) {
@@ -93,13 +93,13 @@ TEST_F(ChoosingTest, AViewThatDoesNotWantToBeLeftStays) {
   answer = UserPrompt::kStop;
   click(item("measurement", "activeRecipe"));
   settle();
-  EXPECT_EQ(window->place().frame, "loopTest");
+  EXPECT_EQ(window->page().frame, "loopTest");
   EXPECT_EQ(window->tree().currentItem(), item("diagnostics", "loopTest")) << "the tree shows where the user is";
   EXPECT_THAT(asked, ElementsAre(HasSubstr("leave")));
   answer = UserPrompt::kGoOn;
   click(item("measurement", "activeRecipe"));
   settle();
-  EXPECT_EQ(window->place().frame, "activeRecipe");
+  EXPECT_EQ(window->page().frame, "activeRecipe");
 }
 
 TEST_F(ChoosingTest, ASecondChoiceUnderAnOpenQuestionIsNotTaken) {
@@ -111,7 +111,7 @@ TEST_F(ChoosingTest, ASecondChoiceUnderAnOpenQuestionIsNotTaken) {
   };
   EXPECT_TRUE(show("measurement", "activeRecipe"));
   EXPECT_FALSE(second);
-  EXPECT_EQ(window->place().frame, "activeRecipe");
+  EXPECT_EQ(window->page().frame, "activeRecipe");
 }
 
 TEST_F(ChoosingTest, ASecondClickDuringAWaitReachesTheView) {
@@ -129,7 +129,7 @@ TEST_F(ChoosingTest, AnotherPageMayBeChosenDuringAWait) {
   workbench->desktop().schedule(0.03, [&] { click(item("measurement", "activeRecipe")); });
   QTest::mouseClick(widget("cmdWait"), Qt::LeftButton);
   settle();
-  EXPECT_EQ(window->place().frame, "activeRecipe");
+  EXPECT_EQ(window->page().frame, "activeRecipe");
   EXPECT_EQ(asking->nested, 0);
 }
 

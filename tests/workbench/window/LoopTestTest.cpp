@@ -63,7 +63,7 @@ TEST_F(LoopTestTest, LeavingThePageAsksAndStops) {
   answer = UserPrompt::kStop;
   EXPECT_FALSE(show("measurement", "activeRecipe"));
   EXPECT_THAT(asked, ElementsAre(HasSubstr("Loop test")));
-  EXPECT_EQ(window->place().frame, "loopTest");
+  EXPECT_EQ(window->page().frame, "loopTest");
   EXPECT_TRUE(banner().isVisible());
   answer = UserPrompt::kGoOn;
   EXPECT_TRUE(show("measurement", "activeRecipe"));

@@ -224,7 +224,7 @@ TEST_F(MeasurementTest, AConversationWithWaitsReplaysGreen) {
   QTest::mouseClick(widget("cmdActiveRecipeSetButton"), Qt::LeftButton);
   settle();
   EXPECT_EQ(deviceValue("activeRecipe", "activeRecipe"), "3");
-  EXPECT_EQ(window->place().frame, "monitoringVariables");
+  EXPECT_EQ(window->page().frame, "monitoringVariables");
   nextFile = data / "waits.transcript";
   window->transcripts().save();
   const Replay::Result result = Replay(catalog, data).compare(*nextFile);

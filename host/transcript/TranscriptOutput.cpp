@@ -1,4 +1,4 @@
-#include "host/transcript/Conversation.h"
+#include "host/transcript/TranscriptOutput.h"
 
 #include <algorithm>
 
@@ -21,29 +21,29 @@ bool isMember(const std::string& name, std::string_view member) {
 
 // --- what is printed
 
-void Conversation::add(Output output) {
+void TranscriptOutput::add(Output output) {
   if (mEnded) return;
   output.line = hiddenFolders.shown(std::move(output.line));
   mOutputs.push_back(std::move(output));
 }
 
-void Conversation::print(const std::string& name, const std::string& argument) {
+void TranscriptOutput::print(const std::string& name, const std::string& argument) {
   if (heeded.heeds(name, argument)) add({name + " " + inQuotes(argument), {}});
 }
 
-void Conversation::printNode(const Node& node) {
+void TranscriptOutput::printNode(const Node& node) {
   if (node)
     add({"node", node.xml()});
   else
     printValue("nothing");
 }
 
-void Conversation::printUnhandled(const ErrorText& error) {
+void TranscriptOutput::printUnhandled(const ErrorText& error) {
   const std::string number = std::to_string(error.number);
   if (heeded.heeds("Unhandled", number)) add({"Unhandled " + number + " " + inQuotes(error.description), {}});
 }
 
-void Conversation::end() {
+void TranscriptOutput::end() {
   mEnded = true;
   mFailures.clear();
   mDurings.clear();
@@ -52,7 +52,7 @@ void Conversation::end() {
 
 // --- what is to happen
 
-std::optional<ErrorText> Conversation::takeFailure(const std::function<bool(const std::string&)>& isMeant) {
+std::optional<ErrorText> TranscriptOutput::takeFailure(const std::function<bool(const std::string&)>& isMeant) {
   std::optional<ErrorText> failure;
   for (auto each = mFailures.begin(); each != mFailures.end();) {
     if (isMeant(each->name) && --each->nth == 0) {
@@ -65,7 +65,7 @@ std::optional<ErrorText> Conversation::takeFailure(const std::function<bool(cons
   return failure;
 }
 
-std::vector<TranscriptInput> Conversation::takeDurings(const std::function<bool(const std::string&)>& isMeant) {
+std::vector<TranscriptInput> TranscriptOutput::takeDurings(const std::function<bool(const std::string&)>& isMeant) {
   std::vector<TranscriptInput> inputs;
   for (auto each = mDurings.begin(); each != mDurings.end();) {
     if (isMeant(each->name)) {
@@ -80,7 +80,7 @@ std::vector<TranscriptInput> Conversation::takeDurings(const std::function<bool(
 
 // --- calls
 
-Conversation::Call Conversation::begins(const CallText& call) {
+TranscriptOutput::Call TranscriptOutput::begins(const CallText& call) {
   const auto isMeant = [&](const std::string& name) { return name == call.name; };
   OpenCall open{call.name, {}, takeDurings(isMeant), takeFailure(isMeant)};
   if (call.told && !mEnded && heeded.heeds(call.name, call.firstArgument)) {
@@ -91,24 +91,24 @@ Conversation::Call Conversation::begins(const CallText& call) {
   return mCalls.size() - 1;
 }
 
-void Conversation::interrupt(Call call) {
+void TranscriptOutput::interrupt(Call call) {
   const std::vector<TranscriptInput> inputs = std::exchange(mCalls[call].durings, {});
   for (const TranscriptInput& input : inputs) mViews.carryOut(input);
 }
 
-void Conversation::enters(Call call) {
+void TranscriptOutput::enters(Call call) {
   if (!mCalls[call].failure) return;
   interrupt(call);
   throw RuntimeError(mCalls[call].failure->number, mCalls[call].failure->description);
 }
 
-void Conversation::returns(Call call, const std::string& answer) {
+void TranscriptOutput::returns(Call call, const std::string& answer) {
   if (const auto output = mCalls[call].output; output && !answer.empty()) mOutputs[*output].line += hiddenFolders.shown(" -> " + answer);
   interrupt(call);
   mCalls.pop_back();
 }
 
-void Conversation::fails(Call call, const ErrorText& error) {
+void TranscriptOutput::fails(Call call, const ErrorText& error) {
   // A call that the host does not even offer has not left the view.
   const bool isAbsent = error.number == RuntimeError::NoSuchMember && !mCalls[call].failure;
   if (const auto output = mCalls[call].output) {
@@ -123,7 +123,7 @@ void Conversation::fails(Call call, const ErrorText& error) {
 
 // --- controls
 
-void Conversation::trace(bool on, const std::vector<std::string>& names) {
+void TranscriptOutput::trace(bool on, const std::vector<std::string>& names) {
   if (names.empty()) {
     mTraceAll = on;
     mTraced.clear();
@@ -136,7 +136,7 @@ void Conversation::trace(bool on, const std::vector<std::string>& names) {
   }
 }
 
-bool Conversation::traces(const Control& control) const {
+bool TranscriptOutput::traces(const Control& control) const {
   if (!tracing() || !mViews.isOwn(control)) return false;
   const auto isAmong = [&](const std::set<std::string>& names) {
     return std::any_of(names.begin(), names.end(), [&](const std::string& name) { return mViews.find(name) == &control; });
@@ -144,7 +144,7 @@ bool Conversation::traces(const Control& control) const {
   return mTraceAll ? !isAmong(mNotTraced) : isAmong(mTraced);
 }
 
-void Conversation::used(const Control& control, std::string_view member) {
+void TranscriptOutput::used(const Control& control, std::string_view member) {
   if (mFailures.empty() && mDurings.empty()) return;
   const auto isMeant = [&](const std::string& name) {
     const std::size_t open = name.find('(', name.rfind('.'));
@@ -155,7 +155,7 @@ void Conversation::used(const Control& control, std::string_view member) {
   if (failure) throw RuntimeError(failure->number, failure->description);
 }
 
-void Conversation::operation(Control& control, std::string_view name, const std::string& arguments) {
+void TranscriptOutput::operation(Control& control, std::string_view name, const std::string& arguments) {
   if (mQuiet) return;
   if (&control == mOurControl && name == mOurMember) {
     mOurControl = nullptr;
@@ -168,11 +168,11 @@ void Conversation::operation(Control& control, std::string_view name, const std:
   used(control, name);
 }
 
-void Conversation::setting(Control& control, std::string_view property, const std::string& value) {
+void TranscriptOutput::setting(Control& control, std::string_view property, const std::string& value) {
   operation(control, property, " " + value);
 }
 
-void Conversation::reading(Control& control, std::string_view property) {
+void TranscriptOutput::reading(Control& control, std::string_view property) {
   if (!mQuiet) used(control, property);
 }
 

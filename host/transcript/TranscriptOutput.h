@@ -18,7 +18,7 @@ namespace ostrand {
 
 // What comes out of the views of a transcript: the calls that leave them, and on demand what they do to their controls. It
 // carries out what a transcript wants to happen inside of these: failures, and inputs that come in between.
-class Conversation : public CallListener, public ControlProbe {
+class TranscriptOutput : public CallListener, public ControlProbe {
  public:
   // What the views are asked for. `isOwn` tells a view's own control from one of a nested component.
   struct Views {
@@ -28,7 +28,7 @@ class Conversation : public CallListener, public ControlProbe {
     std::function<void(const TranscriptInput&)> carryOut;
   };
 
-  explicit Conversation(Views views) : mViews(std::move(views)) {}
+  explicit TranscriptOutput(Views views) : mViews(std::move(views)) {}
 
   HeededCalls heeded;
   HiddenFolders hiddenFolders;
@@ -54,27 +54,27 @@ class Conversation : public CallListener, public ControlProbe {
   // While it lives, looking at controls is no act of a view.
   class Quiet {
    public:
-    explicit Quiet(Conversation& conversation) : mConversation(conversation) { ++mConversation.mQuiet; }
-    ~Quiet() { --mConversation.mQuiet; }
+    explicit Quiet(TranscriptOutput& output) : mOutput(output) { ++mOutput.mQuiet; }
+    ~Quiet() { --mOutput.mQuiet; }
     Quiet(const Quiet&) = delete;
     Quiet& operator=(const Quiet&) = delete;
 
    private:
-    Conversation& mConversation;
+    TranscriptOutput& mOutput;
   };
   // While it lives, the next use of this member is the player's and no act of a view.
   class Ours {
    public:
-    Ours(Conversation& conversation, const Control& control, std::string member) : mConversation(conversation) {
-      mConversation.mOurControl = &control;
-      mConversation.mOurMember = std::move(member);
+    Ours(TranscriptOutput& output, const Control& control, std::string member) : mOutput(output) {
+      mOutput.mOurControl = &control;
+      mOutput.mOurMember = std::move(member);
     }
-    ~Ours() { mConversation.mOurControl = nullptr; }
+    ~Ours() { mOutput.mOurControl = nullptr; }
     Ours(const Ours&) = delete;
     Ours& operator=(const Ours&) = delete;
 
    private:
-    Conversation& mConversation;
+    TranscriptOutput& mOutput;
   };
 
   // CallListener
