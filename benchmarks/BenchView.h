@@ -11,8 +11,7 @@ namespace ostrand::bench {
 // label to each frame of twenty. Its parameters are spread over a data set of that many, from `first` on.
 class BenchView : public View {
  public:
-  BenchView(int controls, int parameters, int first = 0)
-      : View("BenchView", "bench"), mControls(controls), mParameters(parameters), mFirst(first) {}
+  BenchView(int controls, int parameters, int first = 0) : View("BenchView", "bench"), mControls(controls), mParameters(parameters), mFirst(first) {}
 
  protected:
   void declare(Form& form) override;

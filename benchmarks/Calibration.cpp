@@ -87,7 +87,8 @@ Calibration::Calibration(const std::string& device) {
   does(Deed::Choose, "cce_laboratoryResults(1)", "recipe1");
   does(Deed::Type, "cte_laboratoryResults(0)", "0");
   for (const int sample : {1, 2})
-    does(Deed::Type, "cte_laboratoryResults(" + std::to_string(sample) + ")", fixedText(host.communication().device()->laboratoryValue(sample).value_or(0), 2, '.'));
+    does(Deed::Type, "cte_laboratoryResults(" + std::to_string(sample) + ")",
+         fixedText(host.communication().device()->laboratoryValue(sample).value_or(0), 2, '.'));
   does(Deed::Click, "LabCalibrateBtn");
   does(Deed::Show, "recipes");
   host.observers().remove(ear);

@@ -36,9 +36,10 @@ std::string dataSetOf(const std::string& group, const Names& names) {
       "<typeInfo:internalInfo busCategory=\"HART\"/><data:persistentData><data:parameters>";
   for (const std::string& name : names) text += "<data:parameter name=\"" + name + "\" type=\"integerVal\" value=\"0\" unit=\"noUnit\"/>";
   text += "</data:parameters></data:persistentData><data:mappedParams>";
-  for (const auto& [key, category] : {std::pair("failure", "failure"), {"active", "functionCheck"}, {"outOfLimits", "outOfSpecification"}, {"available", "maintenance"}})
-    text += "<data:mappedParam name=\"" + std::string(key) + "\"><data:mappedItem value=\"0\" key=\"off\"/><data:mappedItem value=\"1\" key=\"on\" category=\"" + category +
-            "\"/></data:mappedParam>";
+  for (const auto& [key, category] :
+       {std::pair("failure", "failure"), {"active", "functionCheck"}, {"outOfLimits", "outOfSpecification"}, {"available", "maintenance"}})
+    text += "<data:mappedParam name=\"" + std::string(key) +
+            "\"><data:mappedItem value=\"0\" key=\"off\"/><data:mappedItem value=\"1\" key=\"on\" category=\"" + category + "\"/></data:mappedParam>";
   text += "</data:mappedParams><data:requestGroups><data:requestGroup name=\"" + group + "\">";
   for (const std::string& name : names) text += "<data:includedParam name=\"" + name + "\"/>";
   return text + "</data:requestGroup></data:requestGroups></data:dtm>";
@@ -49,7 +50,8 @@ std::string answerOf(const std::string& group, const Names& names, int salt) {
   std::string text = "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"><comm:communicationResponse name=\"" + group +
                      "\" access=\"read\" isFinal=\"1\" responseStatus=\"device\">";
   for (std::size_t i = 0; i < names.size(); ++i)
-    text += "<comm:item name=\"" + names[i] + "\" unit=\"noUnit\"><comm:integerVal>" + std::to_string(i % 3 == 0 ? salt : 0) + "</comm:integerVal></comm:item>";
+    text += "<comm:item name=\"" + names[i] + "\" unit=\"noUnit\"><comm:integerVal>" + std::to_string(i % 3 == 0 ? salt : 0) +
+            "</comm:integerVal></comm:item>";
   return text + "</comm:communicationResponse></comm:dtm>";
 }
 
@@ -61,7 +63,8 @@ Component* makeView() {
 
 // A view that shows one of two answers, and a list for the peer.
 struct Shown {
-  Shown(const std::string& group, Names items) : names(std::move(items)), texts{answerOf(group, names, 0), answerOf(group, names, 1)}, placed(makeView()) {
+  Shown(const std::string& group, Names items)
+      : names(std::move(items)), texts{answerOf(group, names, 0), answerOf(group, names, 1)}, placed(makeView()) {
     offlineData(placed, Document::read(dataSetOf(group, names)));
     placed.as<ITaviView>()->SetSelectedView(group);
     for (const std::string& text : texts) {

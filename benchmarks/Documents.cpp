@@ -7,9 +7,7 @@ namespace {
 constexpr int kGroupSize = 20;
 constexpr int kChoices = 4;
 
-const char* typeOf(Content content) {
-  return content == Content::Number ? "floatVal" : content == Content::Choice ? "integerVal" : "stringVal";
-}
+const char* typeOf(Content content) { return content == Content::Number ? "floatVal" : content == Content::Choice ? "integerVal" : "stringVal"; }
 
 // A tenth of the values has a unit that the user sees converted.
 std::string unitOf(int parameter) { return contentOf(parameter) != Content::Number ? "noUnit" : parameter % 10 == 0 ? "degC" : "%Cs"; }
@@ -45,9 +43,9 @@ std::string dataSetText(int parameters) {
       "<typeInfo:internalInfo busCategory=\"HART\"/>\n<data:persistentData><data:parameters>\n";
   for (int i = 0; i < parameters; ++i) {
     const bool number = contentOf(i) == Content::Number;
-    text += "<data:parameter name=\"" + nameOf(i) + "\" type=\"" + typeOf(contentOf(i)) + "\" value=\"" + valueOf(i, 0) + "\" offlineValue=\"\" unit=\"" +
-            unitOf(i) + "\" decimals=\"" + (number ? "2" : "0") + "\" minVal=\"" + (number ? "0" : "") + "\" maxVal=\"" + (number ? "100000" : "") +
-            "\" access=\"readWrite\" synchronised=\"1\"/>\n";
+    text += "<data:parameter name=\"" + nameOf(i) + "\" type=\"" + typeOf(contentOf(i)) + "\" value=\"" + valueOf(i, 0) +
+            "\" offlineValue=\"\" unit=\"" + unitOf(i) + "\" decimals=\"" + (number ? "2" : "0") + "\" minVal=\"" + (number ? "0" : "") +
+            "\" maxVal=\"" + (number ? "100000" : "") + "\" access=\"readWrite\" synchronised=\"1\"/>\n";
   }
   text += "</data:parameters></data:persistentData>\n<data:mappedParams>\n";
   for (int i = 4; i < parameters; i += 10) {
@@ -71,7 +69,8 @@ std::string answerText(int items, int salt) {
       "responseStatus=\"ok\">";
   for (int i = 0; i < items; ++i) {
     const std::string element = std::string("comm:") + typeOf(contentOf(i));
-    text += "<comm:item name=\"" + nameOf(i) + "\" unit=\"" + unitOf(i) + "\"><" + element + ">" + valueOf(i, salt) + "</" + element + "></comm:item>";
+    text +=
+        "<comm:item name=\"" + nameOf(i) + "\" unit=\"" + unitOf(i) + "\"><" + element + ">" + valueOf(i, salt) + "</" + element + "></comm:item>";
   }
   return text + "</comm:communicationResponse></comm:dtm>";
 }

@@ -95,7 +95,8 @@ Work sixViews(int parameters) {
   const std::string& text = dataSet(parameters);
   return {workName(By::Ostrand, "six views", {parameters}), [=, &text](Meter& meter) {
             std::vector<std::unique_ptr<Placed>> views;
-            for (int i = 0; i < kViews; ++i) views.push_back(std::make_unique<Placed>(new BenchView(kControls, parameters, i * parameters / kControls / kViews)));
+            for (int i = 0; i < kViews; ++i)
+              views.push_back(std::make_unique<Placed>(new BenchView(kControls, parameters, i * parameters / kControls / kViews)));
             const Document doc = Document::read(text);
             meter.measure([&] {
               for (const auto& placed : views) offlineData(*placed, doc);

@@ -93,7 +93,9 @@ class Table {
     const bool good = !figure.limit || reached(figure, read);
     printCells(row.what.c_str(), shown(read.ours), row.peer, read.theirs > 0 ? shown(read.theirs) : "",
                read.theirs > 0 || figure.form == Figure::Seconds ? asRatio(figure, read.ratio(figure)) : "", instructions(row), asLimit(figure),
-               !figure.limit ? "" : good ? "reached" : "MISSED");
+               !figure.limit ? ""
+               : good        ? "reached"
+                             : "MISSED");
     std::fflush(stdout);
     return good;
   }

@@ -68,7 +68,8 @@ Demo::Demo(const Terminal& terminal, Desktop& desktop, Desktop* reader, Componen
   mNarrator.line();
   const std::vector<std::vector<std::string>> facts = {
       {"device", std::string(kind.name) + ", " + std::string(kind.description)},
-      {"on the bus", dataSet.busCategory() + ", " + fixedText(mHost.communication().device()->busTimePerTransaction(), 2, '.') + " s for each transaction"},
+      {"on the bus",
+       dataSet.busCategory() + ", " + fixedText(mHost.communication().device()->busTimePerTransaction(), 2, '.') + " s for each transaction"},
       {"data set", std::to_string(dataSet.parameters().size()) + " parameters in " + std::to_string(dataSet.groups().size()) + " groups, from " +
                        dataSet.file().filename().string()},
   };
@@ -78,7 +79,8 @@ Demo::Demo(const Terminal& terminal, Desktop& desktop, Desktop* reader, Componen
 // --- a laboratory calibration
 
 void Demo::calibrate() {
-  mNarrator.scene("What the transmitter reads", "The view is made and gets the data set. While this frame is in front, the host reads its group again and again.");
+  mNarrator.scene("What the transmitter reads",
+                  "The view is made and gets the data set. While this frame is in front, the host reads its group again and again.");
   const Ref<ViewSite> measurement = open("VwMeasurement", kLiveFrame);
   watchLiveValues(kReadings, kLiveRows);
 
@@ -94,7 +96,8 @@ void Demo::calibrate() {
   bringToFront(measurement, kLiveFrame);
   const double before = watchLiveValues(kReadings / 2, kConsistencyRows);
 
-  mNarrator.scene("What the laboratory found", "It is entered for both samples, and goes to the device by a click. The verdict comes from the device.");
+  mNarrator.scene("What the laboratory found",
+                  "It is entered for both samples, and goes to the device by a click. The verdict comes from the device.");
   bringToFront(calibration, "laboratoryResults");
   enterResults();
 
@@ -154,14 +157,16 @@ void Demo::closeWith(double before, double after) {
       {"Reading after", consistencyText(after), agrees ? "agrees with the laboratory" : "does not agree with the laboratory"},
   };
   const std::vector<std::string> lines = aligned(rows, {1});
-  for (const std::string& line : lines) mNarrator.line(line, &line != &lines.back() ? Terminal::Style::Plain : agrees ? Terminal::Style::Good : Terminal::Style::Bad);
+  for (const std::string& line : lines)
+    mNarrator.line(line, &line != &lines.back() ? Terminal::Style::Plain : agrees ? Terminal::Style::Good : Terminal::Style::Bad);
 }
 
 // --- the active recipe
 
 void Demo::changeRecipe(int recipe) {
   const std::string number = std::to_string(recipe);
-  mNarrator.scene("The user changes the active recipe", "A choice and a click. What leaves the view is a write request; what comes back is the device's word.");
+  mNarrator.scene("The user changes the active recipe",
+                  "A choice and a click. What leaves the view is a write request; what comes back is the device's word.");
   const Ref<ViewSite> measurement = open("VwMeasurement", kRecipeFrame);
   mHost.exchange().readGroup(kRecipeFrame);
   settle();
@@ -222,7 +227,8 @@ T& Demo::control(const std::string& name) const {
 
 void Demo::choose(const std::string& name, const std::string& key) {
   auto& combo = control<CtrComboEdit>(name);
-  mNarrator.say(Road::UserToView, "chooses \"" + combo.label(key) + "\"", combo.Text() == key ? "as it was" : "in place of \"" + combo.displayText() + "\"");
+  mNarrator.say(Road::UserToView, "chooses \"" + combo.label(key) + "\"",
+                combo.Text() == key ? "as it was" : "in place of \"" + combo.displayText() + "\"");
   combo.choose(key);
 }
 
@@ -285,9 +291,7 @@ double Demo::watchLiveValues(int readings, int rows) {
   return parseNumber(mHost.dataSet()->value("consistency"), '.').value_or(0);
 }
 
-double Demo::laboratoryValue(int sample) {
-  return mHost.communication().device()->laboratoryValue(sample).value_or(0);
-}
+double Demo::laboratoryValue(int sample) { return mHost.communication().device()->laboratoryValue(sample).value_or(0); }
 
 std::string Demo::shown(const std::string& parameter) const {
   const ParameterInfo info = mHost.dataSet()->info(parameter);
@@ -300,8 +304,6 @@ void Demo::settle() {
   while (!mHost.communication().idle()) mDesktop.wait(kLook);
 }
 
-void Demo::passUntil(double secondsSinceStart) {
-  mDesktop.wait(secondsSinceStart - static_cast<double>((mDesktop.now() - mStart).count()) / 1000.0);
-}
+void Demo::passUntil(double secondsSinceStart) { mDesktop.wait(secondsSinceStart - static_cast<double>((mDesktop.now() - mStart).count()) / 1000.0); }
 
 }  // namespace ostrand

@@ -28,7 +28,8 @@ const std::string kMargin = "  ";
 // A control as text can draw it; an empty text for what is not to be seen or is no field.
 std::string drawn(const Control* control) {
   if (!control || !control->Visible()) return {};
-  if (const auto* const edit = dynamic_cast<const EditControl*>(control)) return "[ " + edit->displayText() + (control->kind() == Control::Kind::ComboEdit ? " v ]" : " ]");
+  if (const auto* const edit = dynamic_cast<const EditControl*>(control))
+    return "[ " + edit->displayText() + (control->kind() == Control::Kind::ComboEdit ? " v ]" : " ]");
   const auto* const captioned = dynamic_cast<const CaptionedControl*>(control);
   if (!captioned) return {};
   return control->kind() == Control::Kind::CommandButton ? "( " + captioned->Caption() + " )" : captioned->Caption();
@@ -97,7 +98,7 @@ void Narrator::print(const std::string& time, Road road, const std::string& what
     Terminal::Style style;
   };
   static constexpr Name kNames[] = {
-      {"user > view", Terminal::Style::Yellow},   {"view > host", Terminal::Style::Magenta}, {"host > device", Terminal::Style::Blue},
+      {"user > view", Terminal::Style::Yellow}, {"view > host", Terminal::Style::Magenta}, {"host > device", Terminal::Style::Blue},
       {"device > host", Terminal::Style::Good}, {"host > view", Terminal::Style::Cyan},    {"host > user", Terminal::Style::Bad},
   };
   const Name& name = kNames[static_cast<int>(road)];
@@ -138,8 +139,8 @@ void Narrator::drawForm(const ViewSite& site) {
     return text;
   };
   mTerminal.line();
-  mTerminal.line(kMargin + "┌ " + mTerminal.styled(title, Terminal::Style::Heading) + " " + bar(width - characterCount(title) - characterCount(stamp) - 4) + " " +
-                 mTerminal.styled(stamp, Terminal::Style::Dim) + " ┐");
+  mTerminal.line(kMargin + "┌ " + mTerminal.styled(title, Terminal::Style::Heading) + " " +
+                 bar(width - characterCount(title) - characterCount(stamp) - 4) + " " + mTerminal.styled(stamp, Terminal::Style::Dim) + " ┐");
   for (const std::string& line : lines) mTerminal.line(kMargin + "│ " + padded(line, width - 2) + " │");
   mTerminal.line(kMargin + "└" + bar(width) + "┘");
 }

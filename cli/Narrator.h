@@ -18,7 +18,8 @@ class Narrator : private HostObserver, private CallListener, public UserPrompt {
   enum class Road { UserToView, ViewToHost, HostToDevice, DeviceToHost, HostToView, HostToUser };
 
   // `clock` is the host's. The reader gets his moments on a clock of his own; without one there is nobody to wait for.
-  Narrator(const Terminal& terminal, const Desktop& clock, Desktop* reader) : mTerminal(terminal), mClock(clock), mReader(reader), mStart(clock.now()) {}
+  Narrator(const Terminal& terminal, const Desktop& clock, Desktop* reader)
+      : mTerminal(terminal), mClock(clock), mReader(reader), mStart(clock.now()) {}
 
   // For the host that is to be followed, which must end first.
   Views::Taps taps();

@@ -60,9 +60,10 @@ void addSimulateCommand(CLI::App& app) {
   command->add_option("DEVICE", options->device, "The device; see \"ostrand devices\"")->required();
   command->add_option("--seed", options->seed, "What makes its noise, 1 if left out; the same seed gives the same answers");
   command->add_option("--fault", options->faults, "A fault with its argument in one word, as \"refuse sampling\"; may be given again");
-  command->footer("A request is a document or a bare element:\n"
-                  "  echo '<communicationRequest name=\"identification\" access=\"read\"/>' | ostrand simulate hartBlade\n"
-                  "One document comes out for each answer. Exit code 1 if the device does not answer.");
+  command->footer(
+      "A request is a document or a bare element:\n"
+      "  echo '<communicationRequest name=\"identification\" access=\"read\"/>' | ostrand simulate hartBlade\n"
+      "One document comes out for each answer. Exit code 1 if the device does not answer.");
   command->callback([options] { simulate(*options); });
 }
 

@@ -15,8 +15,9 @@ using namespace ostrand;
 
 int main(int argc, char** argv) {
   CLI::App app("The views of the Ostrand transmitters, from the command line", "ostrand");
-  app.footer("Exit codes: 0 all is well, 1 something differs or is missing, 2 the command could not be carried out.\n"
-             "Environment: OSTRAND_DATA the data folder, OSTRAND_REGISTRY the file of registered components, NO_COLOR.");
+  app.footer(
+      "Exit codes: 0 all is well, 1 something differs or is missing, 2 the command could not be carried out.\n"
+      "Environment: OSTRAND_DATA the data folder, OSTRAND_REGISTRY the file of registered components, NO_COLOR.");
   app.require_subcommand(1);
   addDemoCommand(app);
   addReplayCommand(app);

@@ -24,7 +24,8 @@ bool provesNothing(std::string_view item) {
 
 // What the device says of the last action, of a sample and of a test is meant for whoever acted.
 bool isOfAction(std::string_view item) {
-  return provesNothing(item) || item.starts_with("actionStatus") || (item.starts_with("sample") && (item.ends_with("Quality") || item.ends_with("Deviation")));
+  return provesNothing(item) || item.starts_with("actionStatus") ||
+         (item.starts_with("sample") && (item.ends_with("Quality") || item.ends_with("Deviation")));
 }
 
 void removeItems(const Node& response, const std::function<bool(std::string_view name)>& which) {
@@ -37,7 +38,8 @@ void removeItems(const Node& response, const std::function<bool(std::string_view
 
 }  // namespace
 
-AnswerRoutes::AnswerRoutes(const Request& request, const Document& answer, const DataSet* dataSet) : mRequest(request), mAnswer(answer), mDataSet(dataSet) {
+AnswerRoutes::AnswerRoutes(const Request& request, const Document& answer, const DataSet* dataSet)
+    : mRequest(request), mAnswer(answer), mDataSet(dataSet) {
   const AnswerHead head = headOf(answer);
   mIsError = !head.errorCode.empty();
   mIsLocalWrite = head.local && head.write && !mIsError;

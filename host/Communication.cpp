@@ -18,7 +18,8 @@ std::vector<MessageItem> askedFor(const Request& request, const DataSet& dataSet
 // The item of a loop test that no device could take for a value; empty if there is none.
 std::string testWithoutNumber(const Document& request) {
   for (const MessageItem& item : itemsOf(request))
-    if (const OutputRule* const rule = outputRule(item.name); rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) == OutputValue::NoNumber)
+    if (const OutputRule* const rule = outputRule(item.name);
+        rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) == OutputValue::NoNumber)
       return item.name;
   return {};
 }
@@ -79,25 +80,23 @@ std::string Communication::submit(Request request) {
 }
 
 // A value that is set to stop something may be set in the data set too, where there is no device.
-bool Communication::goesToDevice(const Request& request) const {
-  return !isLocal() || (request.action.effect == Effect::Stops && device());
-}
+bool Communication::goesToDevice(const Request& request) const { return !isLocal() || (request.action.effect == Effect::Stops && device()); }
 
 std::string Communication::reasonAgainst(const Request& request) const {
   const Effect effect = request.action.effect;
   if (effect == Effect::Stops && device()) return "";
   if (effect == Effect::Stops && needsDevice(request.action)) return "no device is connected";
   if (effect != Effect::Stops && (request.write || effect == Effect::Acts) && !mSession.mayWrite()) return "the user level does not allow to write";
-  if (const std::string item = request.write ? testWithoutNumber(request.document) : ""; !item.empty()) return "the test value of " + item + " is no number";
+  if (const std::string item = request.write ? testWithoutNumber(request.document) : ""; !item.empty())
+    return "the test value of " + item + " is no number";
   if (mBusy) return "the communication is busy";
   if (!isLocal()) return device() ? "" : "no device is connected";
   if (effect == Effect::Acts) return "it makes the device act, and values are accepted locally only";
   if (!mDataSet) return "no data set is open";
   if (!request.write) return "";
   const std::vector<MessageItem> items = itemsOf(request.document);
-  const bool isData = std::all_of(items.begin(), items.end(), [&](const MessageItem& item) {
-    return mDataSet->has(item.name) && !mDataSet->info(item.name).writeOnly;
-  });
+  const bool isData = std::all_of(items.begin(), items.end(),
+                                  [&](const MessageItem& item) { return mDataSet->has(item.name) && !mDataSet->info(item.name).writeOnly; });
   return isData && !items.empty() ? "" : "the device is needed for it, and values are accepted locally only";
 }
 

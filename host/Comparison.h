@@ -21,7 +21,8 @@ class Comparison {
     bool same = false;      // within the decimals that are shown
   };
 
-  Comparison(Communication& communication, Ref<IUnitConverter> units) : mCommunication(communication), mUnits(std::move(units)), mTransfer(communication, true) {}
+  Comparison(Communication& communication, Ref<IUnitConverter> units)
+      : mCommunication(communication), mUnits(std::move(units)), mTransfer(communication, true) {}
 
   // Compares all parameters that can be read, each in its home group; `finished` is called once. Error 91 without a data set.
   void start(std::function<void()> finished);

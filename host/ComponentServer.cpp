@@ -24,13 +24,16 @@ Ref<IObject> ComponentServer::create(const std::string& className) {
   const Result result = library(entry->library).create(entry->id, component);
   if (result == Result::Ok) return component;
   if (result == Result::ClassNotAvailable)
-    throw RuntimeError(RuntimeError::BadArgument, "no such component class: \"" + className + "\" is registered, but " + entry->library.string() + " does not have it");
-  throw RuntimeError(RuntimeError::Unexpected, "a \"" + className + "\" could not be created (result " + std::to_string(static_cast<unsigned>(result)) + ")");
+    throw RuntimeError(RuntimeError::BadArgument,
+                       "no such component class: \"" + className + "\" is registered, but " + entry->library.string() + " does not have it");
+  throw RuntimeError(RuntimeError::Unexpected,
+                     "a \"" + className + "\" could not be created (result " + std::to_string(static_cast<unsigned>(result)) + ")");
 }
 
 std::vector<RegisteredClass> ComponentServer::classes() {
   std::vector<RegisteredClass> known = readRegistry(registryPath());
-  const bool ownIsKnown = std::any_of(known.begin(), known.end(), [&](const RegisteredClass& entry) { return isSameFile(entry.library, mOwnLibrary); });
+  const bool ownIsKnown =
+      std::any_of(known.begin(), known.end(), [&](const RegisteredClass& entry) { return isSameFile(entry.library, mOwnLibrary); });
   if (!ownIsKnown && registerOwn()) known = readRegistry(registryPath());
   return known;
 }

@@ -12,8 +12,8 @@ struct OutputRule {
   std::string_view item;  // the name, or a tail of it if `isTail`
   bool isTail;
   OutputKind kind;
-  double free;       // an answer up to this says that the output is free
-  bool canBeRead;    // the device tells it when it is asked; of the others only the answer to a write says anything
+  double free;     // an answer up to this says that the output is free
+  bool canBeRead;  // the device tells it when it is asked; of the others only the answer to a write says anything
 };
 
 // nullptr for an item that forces nothing.

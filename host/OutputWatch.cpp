@@ -29,8 +29,9 @@ std::vector<ForcedOutput> OutputWatch::forced() const {
 }
 
 bool OutputWatch::holdsDocuments() const {
-  return !mTestsWaiting.empty() ||
-         std::any_of(mForced.begin(), mForced.end(), [](const auto& each) { return each.second.kind == OutputKind::LoopTest && !each.second.seenFreeByUser; });
+  return !mTestsWaiting.empty() || std::any_of(mForced.begin(), mForced.end(), [](const auto& each) {
+    return each.second.kind == OutputKind::LoopTest && !each.second.seenFreeByUser;
+  });
 }
 
 void OutputWatch::requireNoLoopTest() const {

@@ -78,7 +78,8 @@ void ServerLibrary::registration(Plain entry, const char* what) const {
   // The entry point says only that it failed; a damaged file is the one reason that we can tell.
   readRegistry(registry);
   if (entry() != Result::Ok)
-    throw RuntimeError(RuntimeError::PermissionDenied, mFile.string() + " could not " + what + " its classes in " + registry.string() + ": is the file writable?");
+    throw RuntimeError(RuntimeError::PermissionDenied,
+                       mFile.string() + " could not " + what + " its classes in " + registry.string() + ": is the file writable?");
 }
 
 std::filesystem::path programFolder() {

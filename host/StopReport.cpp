@@ -22,7 +22,8 @@ void StopReport::requestRefused(const Request& request, const std::string&) {
   if (!request.write) return;
   for (const MessageItem& item : itemsOf(request.document)) {
     const OutputRule* const rule = outputRule(item.name);
-    if (rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) == OutputValue::NoNumber) return tell({"loopTest", "loopTestValueIsNoNumber"});
+    if (rule && rule->kind == OutputKind::LoopTest && requestedValue(item.value) == OutputValue::NoNumber)
+      return tell({"loopTest", "loopTestValueIsNoNumber"});
   }
 }
 

@@ -75,7 +75,8 @@ std::vector<LeftOut> Writing::applyChanges(std::vector<Change> changes, std::fun
     const auto isActing = [&](const Change& change) {
       return std::any_of(acting.begin(), acting.end(), [&](const Change& each) { return each.name == change.name; });
     };
-    for (const LeftOut& each : takeOut(changes, [&](const Change& change) { return isActing(change) ? std::optional(LeftOut::Why::Declined) : std::nullopt; }))
+    for (const LeftOut& each :
+         takeOut(changes, [&](const Change& change) { return isActing(change) ? std::optional(LeftOut::Why::Declined) : std::nullopt; }))
       left.push_back(each);
   }
   // Under the question another data set may have been opened: by that one they are sorted now.

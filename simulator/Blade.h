@@ -6,9 +6,9 @@ namespace ostrand::simulator {
 
 // A blade as its maker knows it: how much force a pulp of a consistency leaves on it, and which pulps it is made for.
 struct Blade {
-  std::string_view key;       // of the mapping `bladeType`, or of a blade that is built into its transmitter
-  double newtonsPerPercent;   // for bleached softwood, at a low consistency
-  std::string_view pulpTypes; // keys of the mapping `pulpType`, a blank behind each; empty for all
+  std::string_view key;        // of the mapping `bladeType`, or of a blade that is built into its transmitter
+  double newtonsPerPercent;    // for bleached softwood, at a low consistency
+  std::string_view pulpTypes;  // keys of the mapping `pulpType`, a blank behind each; empty for all
 
   // A key that nobody knows gets the general blade, for all pulps.
   static const Blade& of(std::string_view key);

@@ -45,7 +45,9 @@ std::string_view HartSlave::errorKey(Verdict verdict) const {
   return {};
 }
 
-bool HartSlave::isCommandOfItsOwn(const Parameter& written) const { return written.name.starts_with("channel") && written.name.ends_with("LoopTestValue"); }
+bool HartSlave::isCommandOfItsOwn(const Parameter& written) const {
+  return written.name.starts_with("channel") && written.name.ends_with("LoopTestValue");
+}
 
 Verdict HartSlave::check(const Parameter& parameter, std::string_view text, Value& value) const {
   const Verdict verdict = BusSlave::check(parameter, text, value);

@@ -18,11 +18,11 @@ constexpr std::array<Light, OpticalProcess::kLights> kProperties = {{
     {0.35, 1.90, 2.90},  // SLaser
 }};
 
-constexpr double kFillerPart = 0.24;       // of the stock
-constexpr double kTotalRetention = 0.78;   // of what the headbox delivers stays in the web
+constexpr double kFillerPart = 0.24;      // of the stock
+constexpr double kTotalRetention = 0.78;  // of what the headbox delivers stays in the web
 constexpr double kFillerRetention = 0.52;
-constexpr double kFloc = 2.4;              // %
-constexpr double kSignalNoise = 0.003;     // of the voltage
+constexpr double kFloc = 2.4;           // %
+constexpr double kSignalNoise = 0.003;  // of the voltage
 constexpr double kWaterNoise = 0.002;
 
 // The lights take turns in a sequence.

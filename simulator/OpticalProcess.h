@@ -19,8 +19,7 @@ class OpticalProcess {
     double ash;          // %, filler alone
   };
 
-  OpticalProcess(const PulpFlow& flow, unsigned seed)
-      : mFlow(flow), mFiller(seed, 5), mRetention(seed, 6), mSignal(seed, 7), mAge(seed, 8) {}
+  OpticalProcess(const PulpFlow& flow, unsigned seed) : mFlow(flow), mFiller(seed, 5), mRetention(seed, 6), mSignal(seed, 7), mAge(seed, 8) {}
 
   Stock headbox(std::int64_t tick) const;
   Stock whiteWater(std::int64_t tick) const;  // what runs off through the wire

@@ -42,7 +42,9 @@ constexpr double kFilterShare = 0.3;
 constexpr int kFilterLength = 12;
 
 std::string channelName(std::size_t channel, const char* what) { return "channel" + std::to_string(channel) + what; }
-std::string lightName(const char* prefix, std::size_t light, const char* what) { return std::string(prefix) + OpticalProcess::kLightNames[light] + what; }
+std::string lightName(const char* prefix, std::size_t light, const char* what) {
+  return std::string(prefix) + OpticalProcess::kLightNames[light] + what;
+}
 
 bool isWritten(const std::vector<Writing>& writings, const std::string& name) {
   return std::any_of(writings.begin(), writings.end(), [&](const Writing& each) { return each.parameter->name == name; });

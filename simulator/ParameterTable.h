@@ -18,7 +18,7 @@ inline constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
 
 struct Value {
   double number = kNothing;
-  std::string text;                                          // of a text parameter
+  std::string text;  // of a text parameter
 };
 
 struct Parameter {

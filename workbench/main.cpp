@@ -74,7 +74,9 @@ int main(int argc, char** argv) {
   app.add_option("--scale", options.scale, "size of texts and distances in per cent, 100 to 200")->check(CLI::Range(100, 200));
   app.add_flag("--tour", options.tour, "play the guided tour; pictures go to out/");
   CLI::Option* const pictures =
-      app.add_option("--pictures", options.pictures, "take pictures of all pages in all languages, into this folder (out/pictures)")->expected(0, 1)->type_name("FOLDER");
+      app.add_option("--pictures", options.pictures, "take pictures of all pages in all languages, into this folder (out/pictures)")
+          ->expected(0, 1)
+          ->type_name("FOLDER");
   CLI11_PARSE(app, argc, argv);
   options.takesPictures = pictures->count() > 0;
   if (options.pictures.empty()) options.pictures = "out/pictures";

@@ -36,7 +36,8 @@ std::vector<Section> sections() {
   section.rows.push_back({"start to the first painted window", start(), "by hand", startByHand(), {Figure::Share, 2.0}});
   section.rows.push_back({"the list of 500 values that wait", openWaitingList(), "a frame of 60 Hz", {}, {Figure::Seconds, 0.016}});
   for (const int items : {8, 200})
-    section.rows.push_back({"a live answer of " + std::to_string(items) + " items", showAnswer(items), "by hand", showAnswerByHand(items), {Figure::Share}});
+    section.rows.push_back(
+        {"a live answer of " + std::to_string(items) + " items", showAnswer(items), "by hand", showAnswerByHand(items), {Figure::Share}});
   return {section};
 }
 

@@ -168,7 +168,8 @@ struct TheirView {
     pugi::xml_document doc;
     doc.load_buffer(text.data(), text.size());
     for (const pugi::xml_node item : doc.document_element().first_child().children())
-      if (QLineEdit* const field = fields.value(QString::fromUtf8(item.attribute("name").value()))) field->setText(QString::fromUtf8(item.first_child().child_value()));
+      if (QLineEdit* const field = fields.value(QString::fromUtf8(item.attribute("name").value())))
+        field->setText(QString::fromUtf8(item.first_child().child_value()));
   }
 
   std::string texts[2];

@@ -22,11 +22,10 @@ struct KindWord {
   std::string_view word;
 };
 constexpr KindWord kKindWords[] = {
-    {"Frame", "frame"},         {"Label", "label"},          {"TextBox", "text"},       {"CheckBox", "check"},
-    {"OptionButton", "option"}, {"CommandButton", "button"}, {"ListView", "list"},      {"PictureBox", "picture"},
-    {"Slider", "slider"},       {"CtrTextEdit", "edit"},     {"CtrComboEdit", "combo"}, {"CtrDateEdit", "date"},
-    {"CtrTimeEdit", "time"},    {"CtrOptionEdit", "choice"}, {"CtrCheckEdit", "check"}, {"CtrDateLabel", "stamp"},
-    {"CtrFocusTransfer", "tab"},
+    {"Frame", "frame"},          {"Label", "label"},          {"TextBox", "text"},       {"CheckBox", "check"},       {"OptionButton", "option"},
+    {"CommandButton", "button"}, {"ListView", "list"},        {"PictureBox", "picture"}, {"Slider", "slider"},        {"CtrTextEdit", "edit"},
+    {"CtrComboEdit", "combo"},   {"CtrDateEdit", "date"},     {"CtrTimeEdit", "time"},   {"CtrOptionEdit", "choice"}, {"CtrCheckEdit", "check"},
+    {"CtrDateLabel", "stamp"},   {"CtrFocusTransfer", "tab"},
 };
 
 std::string kindWord(const Control& control) {

@@ -14,7 +14,7 @@ class Replay {
   enum class Outcome { Matches = 0, Differs = 1, Malformed = 2 };
   struct Result {
     Outcome outcome = Outcome::Matches;
-    std::string text;  // the diff, the output, or what is wrong with the file; with a line break at its end if not empty
+    std::string text;                           // the diff, the output, or what is wrong with the file; with a line break at its end if not empty
     std::vector<std::string> unexpectedErrors;  // that were reported or left unhandled
     bool written = false;
   };

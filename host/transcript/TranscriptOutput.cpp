@@ -168,9 +168,7 @@ void TranscriptOutput::operation(Control& control, std::string_view name, const 
   used(control, name);
 }
 
-void TranscriptOutput::setting(Control& control, std::string_view property, const std::string& value) {
-  operation(control, property, " " + value);
-}
+void TranscriptOutput::setting(Control& control, std::string_view property, const std::string& value) { operation(control, property, " " + value); }
 
 void TranscriptOutput::reading(Control& control, std::string_view property) {
   if (!mQuiet) used(control, property);

@@ -19,8 +19,7 @@ const ControlCollection* controlsOf(IObject* object) {
 
 }  // namespace
 
-TranscriptStage::TranscriptStage(ComponentSource& components, const std::filesystem::path& data,
-                                 std::function<void(const TranscriptInput&)> carryOut)
+TranscriptStage::TranscriptStage(ComponentSource& components, const std::filesystem::path& data, std::function<void(const TranscriptInput&)> carryOut)
     : output(viewsFor(std::move(carryOut))),
       files(data, output.hiddenFolders),
       desktop(output),
@@ -160,8 +159,8 @@ void TranscriptStage::connect(const std::string& deviceName, unsigned seed) {
     mCurrent = mViews.emplace_back(std::move(mMade)).get();
   };
   const auto handedIn = [this](const Document& each) { documents.push_back(each); };
-  auto host = std::make_unique<DeviceHost>(desktop, mComponents, files.data(), output, script,
-                                           DeviceHost::Events{script->unhandled, handedIn, created});
+  auto host =
+      std::make_unique<DeviceHost>(desktop, mComponents, files.data(), output, script, DeviceHost::Events{script->unhandled, handedIn, created});
   host->connect(deviceName, seed);
   device = std::move(host);
   for (const UnitService::Quantity& quantity : units->quantities())

@@ -9,9 +9,8 @@ namespace ostrand {
 
 bool BusHart::startSampling(const char* prefix, int sample, const Ref<Messenger>& messenger) {
   Procedure proc(messenger, mLastError, prefix);
-  return proc.all([&] {
-    proc.messenger().SendRequest(Requests::fragment("sampling", "write", Requests::writeInteger("sampleStart", sample)), "sampling");
-  });
+  return proc.all(
+      [&] { proc.messenger().SendRequest(Requests::fragment("sampling", "write", Requests::writeInteger("sampleStart", sample)), "sampling"); });
 }
 
 bool BusHart::stopSampling(const char* prefix, const std::string& sample, const Ref<Messenger>& messenger) {

@@ -167,9 +167,8 @@ bool BusProfibus::ReadRecipes(const std::string& requestName) {
 bool BusProfibus::CheckIfStatusMessage(const Document& doc) {
   Procedure proc(mMessenger, mLastError, "BusProfibus CheckIfStatusMessage: ");
   // The second sample's quality alone makes no status document.
-  return proc.value(false, [&] {
-    return static_cast<bool>(doc.select("//comm:item[starts-with(@name, \"actionStatus\") or @name = \"sample1Quality\" ]"));
-  });
+  return proc.value(
+      false, [&] { return static_cast<bool>(doc.select("//comm:item[starts-with(@name, \"actionStatus\") or @name = \"sample1Quality\" ]")); });
 }
 
 bool BusProfibus::CheckActionStatus(const Document& doc, const std::string& statusName) {

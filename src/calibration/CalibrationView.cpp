@@ -212,8 +212,12 @@ void CalibrationView::recipeButton_Click() {
   proc.all([&] {
     bool valid = true;
     for (const RecipeRow& row : recipeRows()) {
-      const auto all = [&](auto test) { return test(*row.pulpType) && std::all_of(row.texts.begin(), row.texts.end(), [&](CtrTextEdit* text) { return test(*text); }); };
-      const auto any = [&](auto test) { return test(*row.pulpType) || std::any_of(row.texts.begin(), row.texts.end(), [&](CtrTextEdit* text) { return test(*text); }); };
+      const auto all = [&](auto test) {
+        return test(*row.pulpType) && std::all_of(row.texts.begin(), row.texts.end(), [&](CtrTextEdit* text) { return test(*text); });
+      };
+      const auto any = [&](auto test) {
+        return test(*row.pulpType) || std::any_of(row.texts.begin(), row.texts.end(), [&](CtrTextEdit* text) { return test(*text); });
+      };
       // A row that nobody touched is not looked at.
       if (!any(isModified)) continue;
       valid = all([](const EditControl& edit) { return edit.Correct(); }) && all([](const EditControl& edit) { return !edit.Text().empty(); });

@@ -65,7 +65,8 @@ void VwCalibrationFjell::SetOnlineData(const Document& doc) {
 bool VwCalibrationFjell::stopSample(BusProcedure& proc, int sample) {
   // Without the shear force that the strategy asks for too; nothing is tested.
   const std::string name = "sample" + std::to_string(sample);
-  const std::string items = Requests::readItem(name + "Deviation", "noUnit", "floatVal") + Requests::readItem(name + "ConsistencyAverage", "%", "floatVal");
+  const std::string items =
+      Requests::readItem(name + "Deviation", "noUnit", "floatVal") + Requests::readItem(name + "ConsistencyAverage", "%", "floatVal");
   proc.messenger().ReadRequest(Requests::document("sampling", "read", items), 0);
   return true;
 }

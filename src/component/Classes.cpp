@@ -28,7 +28,7 @@ Component* make() {
 }
 
 #define OSTRAND_CLASS(type, id, description) \
-  ComponentClass { #type, Guid::of(id), &make<type>, description }
+  ComponentClass { #type, Guid::of(id), &make < type>, description }
 
 // clang-format off
 const ComponentClass kClasses[] = {

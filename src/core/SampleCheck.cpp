@@ -12,7 +12,8 @@ double floatOf(const Node& item, const Locale& locale) {
   return modTools::ToLocalNumber(value.text(), locale);
 }
 
-void warnOfLargeDeviation(const Document& answer, const std::string& sample, const std::function<double(const Node& item)>& read, Messenger& messenger) {
+void warnOfLargeDeviation(const Document& answer, const std::string& sample, const std::function<double(const Node& item)>& read,
+                          Messenger& messenger) {
   constexpr double kLargePercentage = 5.0;
   const Node deviationItem = itemAnywhere(answer, sample + "Deviation");
   if (!deviationItem) return;

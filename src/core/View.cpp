@@ -42,9 +42,8 @@ void View::initialize() {
 void View::resized() {
   Procedure proc(*this, "UserControl_Resize");
   for (Control* item : mViews) proc.step([&] { item->Move(0, 0, width(), height()); });
-  ctrDateLabels.each([&](int, CtrDateLabel& label) {
-    proc.step([&] { label.Move(width() - label.Width(), kStampTop, label.Width(), label.Height()); });
-  });
+  ctrDateLabels.each(
+      [&](int, CtrDateLabel& label) { proc.step([&] { label.Move(width() - label.Width(), kStampTop, label.Width(), label.Height()); }); });
 }
 
 void View::SetMessenger(const Ref<Messenger>& messenger) {

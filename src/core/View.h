@@ -72,7 +72,7 @@ class View : public Component, public ITaviView, public ITaviDataUser, public IT
   ControlArray<Label> lblTitle{"lblTitle"};
   ControlArray<CtrDateLabel> ctrDateLabels{"ctrDateLabels"};
 
-  std::vector<Control*> mViews;                                  // the selectable items, in index order
+  std::vector<Control*> mViews;                                 // the selectable items, in index order
   std::vector<std::pair<std::string_view, Control*>> mFocusOn;  // by frame key: what RequestFocus goes to
   std::string mSelectedView;
 

@@ -16,8 +16,8 @@ namespace {
 
 using Kind = Control::Kind;
 
-constexpr int kLogControl = 67;  // "C"
-constexpr int kLogMapping = 77;  // "M"
+constexpr int kLogControl = 67;           // "C"
+constexpr int kLogMapping = 77;           // "M"
 constexpr std::size_t kPrefixLength = 5;  // of "date_"
 
 template <class F>
@@ -126,7 +126,8 @@ void Localize(Component& view, Ref<ITextTable> textTable) {
         break;
       case Kind::TextBox:
         proc.step([&] {
-          if (const std::string tag = control.Tag(); !tag.empty() && !tag.starts_with("ctr_")) static_cast<TextBox&>(control).Text(texts().GetText(tag));
+          if (const std::string tag = control.Tag(); !tag.empty() && !tag.starts_with("ctr_"))
+            static_cast<TextBox&>(control).Text(texts().GetText(tag));
         });
         break;
       case Kind::ListView: {

@@ -39,9 +39,8 @@ void DiagnosticsView::initialize() {
 
 void DiagnosticsView::PrepareToRelease() {
   Procedure proc(*this, "ITaviView_PrepareToRelease");
-  proc.step([&] {
-    modView::callObject(CtrStatus1, CtrStatus1.view(), "PrepareToRelease", "", [](ITaviView& status) { status.PrepareToRelease(); });
-  });
+  proc.step(
+      [&] { modView::callObject(CtrStatus1, CtrStatus1.view(), "PrepareToRelease", "", [](ITaviView& status) { status.PrepareToRelease(); }); });
   proc.step([&] { clear(); });
 }
 

@@ -185,7 +185,8 @@ void VwDiagnostics::updateEventLog(const Ref<Messenger>& messenger, const Docume
   });
 }
 
-void VwDiagnostics::AddEventLogEvent(const Ref<Messenger>& messenger, ListView& list, int row, const std::string& eventText, const std::string& countText) {
+void VwDiagnostics::AddEventLogEvent(const Ref<Messenger>& messenger, ListView& list, int row, const std::string& eventText,
+                                     const std::string& countText) {
   Procedure proc(messenger, lastError(), "VwDiagnostics AddEventLogEvent");
   proc.step([&] {
     if (list.Count() == 0)

@@ -14,8 +14,7 @@ namespace ostrand {
 // of transmitter data. Beyond the binding by tags they have no logic.
 class InformationView : public View {
  protected:
-  InformationView(std::string_view objectName, std::string dateEditName)
-      : View(objectName, "information"), dateEdit(std::move(dateEditName)) {}
+  InformationView(std::string_view objectName, std::string dateEditName) : View(objectName, "information"), dateEdit(std::move(dateEditName)) {}
 
   // A row whose label is named after the parameter, in the frame of the identification or the transmitter.
   void identify(FrameForm& form, const std::string& parameter);

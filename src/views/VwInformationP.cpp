@@ -12,8 +12,8 @@ void VwInformationP::declare(Form& form) {
   FrameForm transmitter = frame(form, "transmitter", "date_transmitter");
   transmit(transmitter, "manufacturer");
   choose(transmitter, cce_transmitter.at(0), "deviceType");
-  for (const char* parameter : {"sensorSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "swRevision", "hwRevision", "profileRevision",
-                                "deviceCertification"})
+  for (const char* parameter :
+       {"sensorSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "swRevision", "hwRevision", "profileRevision", "deviceCertification"})
     transmit(transmitter, parameter);
 
   focusOn(cteTransmitter(0));

@@ -23,9 +23,10 @@ const fs::path kTree = OSTRAND_SOURCE_DIR;
 
 // The floors from the ground up. What each may include stands in CMakeLists.txt, and the compiler sees nothing else of the
 // tree; here it is only that nothing points up.
-constexpr const char* kFloors[] = {"platform/base", "platform/xml", "platform/types", "platform/trap", "platform/desktop", "platform/controls",
-                                   "core",          "bus",          "views",          "calibration",   "diagnostics",      "component",
-                                   "simulator",     "host",         "cli",            "workbench"};
+constexpr const char* kFloors[] = {
+    "platform/base", "platform/xml", "platform/types", "platform/trap", "platform/desktop", "platform/controls", "core",
+    "bus",           "views",        "calibration",    "diagnostics",   "component",        "simulator",         "host",
+    "cli",           "workbench"};
 // What a host knows only through the entry points of the component server.
 constexpr const char* kBehindTheEntryPoints[] = {"core", "bus", "views", "calibration", "diagnostics", "component"};
 
@@ -122,7 +123,8 @@ TEST(ArchitectureTest, EveryFolderOfSourcesIsAFloor) {
   const auto isFloor = [](const std::string& name) { return std::find(std::begin(kFloors), std::end(kFloors), name) != std::end(kFloors); };
   for (const auto& entry : fs::directory_iterator(kTree / "src"))
     EXPECT_TRUE(isFloor(entry.path().filename().string()) || entry.path().filename() == "platform") << entry.path();
-  for (const auto& entry : fs::directory_iterator(kTree / "src/platform")) EXPECT_TRUE(isFloor("platform/" + entry.path().filename().string())) << entry.path();
+  for (const auto& entry : fs::directory_iterator(kTree / "src/platform"))
+    EXPECT_TRUE(isFloor("platform/" + entry.path().filename().string())) << entry.path();
 }
 
 TEST(ArchitectureTest, ThirdPartiesStayWhereTheyBelong) {

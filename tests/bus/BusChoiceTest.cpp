@@ -48,7 +48,8 @@ TEST_F(BusChoiceTest, AnUnknownCategoryIsToldAndLeavesWhatWasThere) {
   choose(dataSet("", "", "", "FF"));
   choose(dataSet("", "", "", ""));
   EXPECT_EQ(bus, first);
-  EXPECT_THAT(calls.take(), ElementsAre(R"(ShowMessage "VwAny" "Not recognizing the bus category: hart")", R"(ShowMessage "VwAny" "Not recognizing the bus category: FF")",
+  EXPECT_THAT(calls.take(), ElementsAre(R"(ShowMessage "VwAny" "Not recognizing the bus category: hart")",
+                                        R"(ShowMessage "VwAny" "Not recognizing the bus category: FF")",
                                         R"(ShowMessage "VwAny" "Not recognizing the bus category: ")"));
 }
 
@@ -59,8 +60,10 @@ TEST_F(BusChoiceTest, AMissingCategoryIsReportedAndCountsAsAnEmptyOne) {
 }
 
 TEST_F(BusChoiceTest, TheFirstElementThatBearsACategoryCounts) {
-  EXPECT_EQ(choose(Document::read("<data:dtm><a><typeInfo:internalInfo/></a><b><typeInfo:internalInfo busCategory='DPV1'/></b><typeInfo:internalInfo busCategory='HART'/></data:dtm>")),
-            "Profibus");
+  EXPECT_EQ(
+      choose(Document::read(
+          "<data:dtm><a><typeInfo:internalInfo/></a><b><typeInfo:internalInfo busCategory='DPV1'/></b><typeInfo:internalInfo busCategory='HART'/></data:dtm>")),
+      "Profibus");
 }
 
 TEST_F(BusChoiceTest, AnAbsentStrategyIsError91) {

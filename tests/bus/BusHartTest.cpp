@@ -45,32 +45,39 @@ TEST_F(BusHartTest, ASampleStartsByOneWrite) {
   const LocalTime before = desktop.now();
   EXPECT_TRUE(bus->StartSampling1(host));
   EXPECT_TRUE(bus->StartSampling2(host));
-  EXPECT_THAT(calls.take(), ElementsAre("SendRequest \"sampling\" | <communicationRequest name=\"sampling\" access=\"write\"><item name=\"sampleStart\" unit=\"noUnit\">"
-                                        "<integerVal>0</integerVal></item></communicationRequest>",
-                                        "SendRequest \"sampling\" | <communicationRequest name=\"sampling\" access=\"write\"><item name=\"sampleStart\" unit=\"noUnit\">"
-                                        "<integerVal>1</integerVal></item></communicationRequest>"));
+  EXPECT_THAT(
+      calls.take(),
+      ElementsAre("SendRequest \"sampling\" | <communicationRequest name=\"sampling\" access=\"write\"><item name=\"sampleStart\" unit=\"noUnit\">"
+                  "<integerVal>0</integerVal></item></communicationRequest>",
+                  "SendRequest \"sampling\" | <communicationRequest name=\"sampling\" access=\"write\"><item name=\"sampleStart\" unit=\"noUnit\">"
+                  "<integerVal>1</integerVal></item></communicationRequest>"));
   EXPECT_EQ(desktop.now(), before) << "nothing waits";
 }
 
 TEST_F(BusHartTest, ASampleStopsByOneRead) {
   EXPECT_TRUE(bus->StopSampling1(host));
-  EXPECT_THAT(calls.take(),
-              ElementsAre("ReadRequest 0 | <?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"sampling\" access=\"read\">"
-                          "<item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item><item name=\"sample1ConsistencyAverage\" unit=\"%\"><floatVal/></item>"
-                          "<item name=\"sample1ShearForceAverage\" unit=\"N\"><floatVal/></item></communicationRequest></dtm>"));
+  EXPECT_THAT(
+      calls.take(),
+      ElementsAre(
+          "ReadRequest 0 | <?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"sampling\" access=\"read\">"
+          "<item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item><item name=\"sample1ConsistencyAverage\" unit=\"%\"><floatVal/></item>"
+          "<item name=\"sample1ShearForceAverage\" unit=\"N\"><floatVal/></item></communicationRequest></dtm>"));
   EXPECT_TRUE(bus->StopSampling2(host));
-  EXPECT_THAT(calls.take(),
-              ElementsAre("ReadRequest 0 | <?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"sampling\" access=\"read\">"
-                          "<item name=\"sample2Deviation\" unit=\"noUnit\"><floatVal/></item><item name=\"sample2ConsistencyAverage\" unit=\"%\"><floatVal/></item>"
-                          "<item name=\"sample2ShearForceAverage\" unit=\"N\"><floatVal/></item></communicationRequest></dtm>"));
+  EXPECT_THAT(
+      calls.take(),
+      ElementsAre(
+          "ReadRequest 0 | <?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"sampling\" access=\"read\">"
+          "<item name=\"sample2Deviation\" unit=\"noUnit\"><floatVal/></item><item name=\"sample2ConsistencyAverage\" unit=\"%\"><floatVal/></item>"
+          "<item name=\"sample2ShearForceAverage\" unit=\"N\"><floatVal/></item></communicationRequest></dtm>"));
 }
 
 TEST_F(BusHartTest, FailingSampleOperationsReportAndAnswerFalse) {
   using Operation = bool (IBusDependent::*)(const Ref<Messenger>&);
-  for (const auto& [operation, name, call] : {std::tuple<Operation, const char*, const char*>{&IBusDependent::StartSampling1, "StartSampling1", "SendRequest"},
-                                              {&IBusDependent::StartSampling2, "StartSampling2", "SendRequest"},
-                                              {&IBusDependent::StopSampling1, "StopSampling1", "ReadRequest"},
-                                              {&IBusDependent::StopSampling2, "StopSampling2", "ReadRequest"}}) {
+  for (const auto& [operation, name, call] :
+       {std::tuple<Operation, const char*, const char*>{&IBusDependent::StartSampling1, "StartSampling1", "SendRequest"},
+        {&IBusDependent::StartSampling2, "StartSampling2", "SendRequest"},
+        {&IBusDependent::StopSampling1, "StopSampling1", "ReadRequest"},
+        {&IBusDependent::StopSampling2, "StopSampling2", "ReadRequest"}}) {
     calls.fail(call, 1, 70, "busy");
     host->announce(std::string("BusHart IBusDependent_") + name + ": ", 70);
     EXPECT_FALSE((bus.get()->*operation)(host)) << name;
@@ -93,7 +100,8 @@ TEST_F(BusHartTest, WarnsOfADeviationAboveFivePerCent) {
 }
 
 TEST_F(BusHartTest, TakesNoAbsoluteValueAndNeverDividesByZero) {
-  for (const auto& [deviation, average, warns] : {std::tuple{"-9", "10", false}, {"9", "-10", false}, {"-9", "-10", true}, {"9", "0", false}, {"9", "0.0", false}, {"0", "10", false}}) {
+  for (const auto& [deviation, average, warns] :
+       {std::tuple{"-9", "10", false}, {"9", "-10", false}, {"-9", "-10", true}, {"9", "0", false}, {"9", "0.0", false}, {"0", "10", false}}) {
     EXPECT_TRUE(calibrate(sample(2, deviation, average)));
     EXPECT_EQ(!calls.take().empty(), warns) << deviation << " of " << average;
   }
@@ -137,11 +145,14 @@ TEST_F(BusHartTest, WhatCannotBeReadEndsTheOperation) {
 // --- final answers
 
 TEST_F(BusHartTest, TheFinalLaboratoryResultsAreTold) {
-  for (const auto& [attributes, tells] : {std::pair{"name=\"laboratoryResults\" isFinal=\"1\"", true}, {"name=\"laboratoryResults\" isFinal=\"0\"", false},
-                                          {"name=\"temperatureCalibration\" isFinal=\"1\"", false}, {"name=\"laboratoryresults\" isFinal=\"1\"", false}}) {
+  for (const auto& [attributes, tells] : {std::pair{"name=\"laboratoryResults\" isFinal=\"1\"", true},
+                                          {"name=\"laboratoryResults\" isFinal=\"0\"", false},
+                                          {"name=\"temperatureCalibration\" isFinal=\"1\"", false},
+                                          {"name=\"laboratoryresults\" isFinal=\"1\"", false}}) {
     EXPECT_TRUE(calibrate("", attributes));
     EXPECT_EQ(calls.take(), tells ? std::vector<std::string>{R"(ShowMessage "laboratoryResults" "calibrationWasSuccessfullPleaseUpdateRecipesView")"}
-                                  : std::vector<std::string>{}) << attributes;
+                                  : std::vector<std::string>{})
+        << attributes;
   }
 }
 

@@ -15,18 +15,20 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::string write(int action, const std::string& name) {
-  return "SendRequest \"" + name + "\" | <communicationRequest name=\"" + name + "\" access=\"write\"><item name=\"executeAction\" unit=\"noUnit\"><integerVal>" +
-         std::to_string(action) + "</integerVal></item></communicationRequest>";
+  return "SendRequest \"" + name + "\" | <communicationRequest name=\"" + name +
+         "\" access=\"write\"><item name=\"executeAction\" unit=\"noUnit\"><integerVal>" + std::to_string(action) +
+         "</integerVal></item></communicationRequest>";
 }
 std::string read(const std::string& name, std::initializer_list<const char*> items) {
-  std::string text = "ReadRequest 0 | <?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"" + name + "\" access=\"read\">";
+  std::string text = "ReadRequest 0 | <?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"" +
+                     name + "\" access=\"read\">";
   for (const char* item : items) text += std::string("<item name=\"") + item + "\" unit=\"noUnit\"/>";
   return text + "</communicationRequest></dtm>";
 }
 std::string askStatus(const std::string& name) { return read(name, {"actionStatus"}); }
 const std::string kReadSamples = read("sampling", {"sample1ConsistencyAverage", "sample1Deviation", "sample2ConsistencyAverage", "sample2Deviation"});
-const std::string kReadPulpTypes = read("recipes", {"recipe1PulpType", "recipe2PulpType", "recipe3PulpType", "recipe4PulpType", "recipe5PulpType", "recipe6PulpType",
-                                                    "recipe7PulpType", "recipe8PulpType"});
+const std::string kReadPulpTypes = read("recipes", {"recipe1PulpType", "recipe2PulpType", "recipe3PulpType", "recipe4PulpType", "recipe5PulpType",
+                                                    "recipe6PulpType", "recipe7PulpType", "recipe8PulpType"});
 std::string shown(const std::string& title, const std::string& message) { return "ShowMessage \"" + title + "\" \"" + message + "\""; }
 
 struct BusProfibusTest : testing::Test {
@@ -93,7 +95,8 @@ TEST_F(BusProfibusTest, AStopWritesTheActionAndReadsBothSamplesAfterTwoSeconds) 
 }
 
 TEST_F(BusProfibusTest, AnEventLogIsResetByOneWrite) {
-  for (const auto& [tag, action] : {std::pair{"resetErrorEventLog", 150}, {"resetWarningEventLog", 151}, {"resetInfoEventLog", 152}, {"resetEventLog", 0}, {"", 0}}) {
+  for (const auto& [tag, action] :
+       {std::pair{"resetErrorEventLog", 150}, {"resetWarningEventLog", 151}, {"resetInfoEventLog", 152}, {"resetEventLog", 0}, {"", 0}}) {
     EXPECT_TRUE(bus->ResetEventLog(host, tag));
     EXPECT_THAT(calls.take(), ElementsAre(write(action, "resetingEventLog"))) << tag;
   }
@@ -103,9 +106,11 @@ TEST_F(BusProfibusTest, AnEventLogIsResetByOneWrite) {
 
 TEST_F(BusProfibusTest, OnlyAStatusDocumentIsLookedAt) {
   await(&IBusDependent::LaboratoryResultsApply);
-  EXPECT_THAT(calibrate(answer("name=\"any\"", itemXml("sample2Quality", "1", "integerVal") + itemXml("xactionStatus", "1", "integerVal"))), IsEmpty());
+  EXPECT_THAT(calibrate(answer("name=\"any\"", itemXml("sample2Quality", "1", "integerVal") + itemXml("xactionStatus", "1", "integerVal"))),
+              IsEmpty());
   EXPECT_THAT(calibrate(answer("name=\"any\"")), IsEmpty());
-  EXPECT_THAT(calibrate(status({"!actionStatusAnything"})), ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")));
+  EXPECT_THAT(calibrate(status({"!actionStatusAnything"})),
+              ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")));
   EXPECT_THAT(calibrate(status({"!sample1Quality"})), ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")));
 }
 
@@ -142,12 +147,14 @@ TEST_F(BusProfibusTest, AStoppedSampleIsJudgedOnce) {
 TEST_F(BusProfibusTest, TheSecondSamplesQualityAloneIsNoStatusDocument) {
   await(&IBusDependent::StopSampling2);
   EXPECT_THAT(calibrate(status({"sample2Quality"})), IsEmpty());
-  EXPECT_THAT(calibrate(status({"sample2Quality", "!actionStatusOK"})), ElementsAre(shown("error", "sample2DeviationLarge"))) << "it was still awaited";
+  EXPECT_THAT(calibrate(status({"sample2Quality", "!actionStatusOK"})), ElementsAre(shown("error", "sample2DeviationLarge")))
+      << "it was still awaited";
 }
 
 TEST_F(BusProfibusTest, TheTemperatureCalibrationIsJudgedInItsOwnOperation) {
   await(&IBusDependent::TemperatureApply);
-  EXPECT_THAT(judge(&IBusDependent::AdvancedSetOnlineData, status({"actionStatusTempCorrectionTooLarge"})), ElementsAre(shown("error", "actionStatusTempCorrectionTooLarge")));
+  EXPECT_THAT(judge(&IBusDependent::AdvancedSetOnlineData, status({"actionStatusTempCorrectionTooLarge"})),
+              ElementsAre(shown("error", "actionStatusTempCorrectionTooLarge")));
   EXPECT_THAT(judge(&IBusDependent::AdvancedSetOnlineData, status({"actionStatusOK"})),
               ElementsAre(shown("temperatureCalibration", "calibrationDoneReturnControlLoopToAutomaticControl")));
   EXPECT_THAT(calibrate(status({"actionStatusTempCorrectionTooLarge"})), IsEmpty());
@@ -157,8 +164,10 @@ TEST_F(BusProfibusTest, TheTemperatureCalibrationIsJudgedInItsOwnOperation) {
 TEST_F(BusProfibusTest, TheActiveRecipeIsJudgedInItsOwnOperation) {
   await(&IBusDependent::SetActiveRecipe);
   const auto measured = [&](std::initializer_list<const char*> items) { return judge(&IBusDependent::MeasurementSetOnlineData, status(items)); };
-  EXPECT_THAT(measured({"actionStatusInvalidRecipeNumber", "actionStatusRecipeNotCalibrated"}), ElementsAre(shown("error", "actionStatusInvalidRecipeNumber")));
-  EXPECT_THAT(measured({"!actionStatusInvalidRecipeNumber", "actionStatusRecipeNotCalibrated"}), ElementsAre(shown("error", "actionStatusRecipeNotCalibrated")));
+  EXPECT_THAT(measured({"actionStatusInvalidRecipeNumber", "actionStatusRecipeNotCalibrated"}),
+              ElementsAre(shown("error", "actionStatusInvalidRecipeNumber")));
+  EXPECT_THAT(measured({"!actionStatusInvalidRecipeNumber", "actionStatusRecipeNotCalibrated"}),
+              ElementsAre(shown("error", "actionStatusRecipeNotCalibrated")));
   EXPECT_THAT(measured({"actionStatusDeviceWriteFailed"}), ElementsAre(shown("activeRecipe", "actionStatusOK"))) << "that item is not tested";
   EXPECT_THAT(measured({"!actionStatusOK"}), ElementsAre(shown("activeRecipe", "actionStatusOK")));
   EXPECT_THAT(calibrate(status({"actionStatusInvalidRecipeNumber"})), IsEmpty());
@@ -169,7 +178,8 @@ TEST_F(BusProfibusTest, OfTheLaboratoryResultsTheFirstRaisedStatusIsTold) {
   await(&IBusDependent::LaboratoryResultsApply);
   EXPECT_THAT(calibrate(status({"actionStatusCalibrationError", "actionStatusCalibrationSuspicious", "actionStatusCalibrationSampleNotTaken"})),
               ElementsAre(shown("error", "actionStatusCalibrationSampleNotTaken")));
-  EXPECT_THAT(calibrate(status({"actionStatusCalibrationError", "actionStatusCalibrationSuspicious"})), ElementsAre(shown("error", "actionStatusCalibrationSuspicious")));
+  EXPECT_THAT(calibrate(status({"actionStatusCalibrationError", "actionStatusCalibrationSuspicious"})),
+              ElementsAre(shown("error", "actionStatusCalibrationSuspicious")));
   EXPECT_THAT(calibrate(status({"actionStatusCalibrationError"})), ElementsAre(shown("error", "actionStatusCalibrationError")));
   EXPECT_THAT(calibrate(status({"actionStatusOK", "actionStatusDeviceWriteFailed"})),
               ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")));
@@ -181,12 +191,26 @@ TEST_F(BusProfibusTest, EveryActionLooksAtItsOwnItemsOnly) {
   constexpr Judge kMeasurement = &IBusDependent::MeasurementSetOnlineData;
   constexpr Judge kAdvanced = &IBusDependent::AdvancedSetOnlineData;
   constexpr Judge kNowhere = nullptr;
-  const char* const kItems[] = {"actionStatusOK", "actionStatusInvalidSampleNumber", "actionStatusTempCorrectionTooLarge", "actionStatusInvalidPulpType",
-                                "actionStatusInvalidRecipeNumber", "actionStatusRecipeNotCalibrated", "actionStatusCalibrationSampleNotTaken",
-                                "actionStatusCalibrationSuspicious", "actionStatusCalibrationError", "sample1Quality", "sample2Quality",
-                                "actionStatusUpperCalPointInvalidValue", "actionStatusLowerCalPointInvalidValue", "actionStatusCalPointsSpanTooSmall",
-                                "actionStatusDeviceWriteFailed", "actionStatusNewValuesSameAsOld", "actionStatusSamplingError",
-                                "actionStatusSpecialGradePointInvalid", "actionStatusInvalidCalibrationData", "actionStatusDampingValueInvalid"};
+  const char* const kItems[] = {"actionStatusOK",
+                                "actionStatusInvalidSampleNumber",
+                                "actionStatusTempCorrectionTooLarge",
+                                "actionStatusInvalidPulpType",
+                                "actionStatusInvalidRecipeNumber",
+                                "actionStatusRecipeNotCalibrated",
+                                "actionStatusCalibrationSampleNotTaken",
+                                "actionStatusCalibrationSuspicious",
+                                "actionStatusCalibrationError",
+                                "sample1Quality",
+                                "sample2Quality",
+                                "actionStatusUpperCalPointInvalidValue",
+                                "actionStatusLowerCalPointInvalidValue",
+                                "actionStatusCalPointsSpanTooSmall",
+                                "actionStatusDeviceWriteFailed",
+                                "actionStatusNewValuesSameAsOld",
+                                "actionStatusSamplingError",
+                                "actionStatusSpecialGradePointInvalid",
+                                "actionStatusInvalidCalibrationData",
+                                "actionStatusDampingValueInvalid"};
   struct Action {
     const char* name;
     std::function<void()> start;
@@ -203,14 +227,27 @@ TEST_F(BusProfibusTest, EveryActionLooksAtItsOwnItemsOnly) {
       {"start 2", of(&IBusDependent::StartSampling2), kCalibration, {{"actionStatusInvalidSampleNumber", "actionStatusInvalidSampleNumber"}}, ""},
       {"stop 1", of(&IBusDependent::StopSampling1), kCalibration, {{"sample1Quality", "sample1DeviationLarge"}}, kSampled},
       {"stop 2", of(&IBusDependent::StopSampling2), kCalibration, {{"sample2Quality", "sample2DeviationLarge"}}, kSampled},
-      {"temperature", of(&IBusDependent::TemperatureApply), kAdvanced, {{"actionStatusTempCorrectionTooLarge", "actionStatusTempCorrectionTooLarge"}},
+      {"temperature",
+       of(&IBusDependent::TemperatureApply),
+       kAdvanced,
+       {{"actionStatusTempCorrectionTooLarge", "actionStatusTempCorrectionTooLarge"}},
        shown("temperatureCalibration", "calibrationDoneReturnControlLoopToAutomaticControl")},
-      {"recipes", of(&IBusDependent::RecipesApply), kCalibration, {{"actionStatusInvalidPulpType", "actionStatusInvalidPulpType"}}, shown("recipes", "actionStatusOK")},
-      {"active recipe", of(&IBusDependent::SetActiveRecipe), kMeasurement,
-       {{"actionStatusInvalidRecipeNumber", "actionStatusInvalidRecipeNumber"}, {"actionStatusRecipeNotCalibrated", "actionStatusRecipeNotCalibrated"}},
+      {"recipes",
+       of(&IBusDependent::RecipesApply),
+       kCalibration,
+       {{"actionStatusInvalidPulpType", "actionStatusInvalidPulpType"}},
+       shown("recipes", "actionStatusOK")},
+      {"active recipe",
+       of(&IBusDependent::SetActiveRecipe),
+       kMeasurement,
+       {{"actionStatusInvalidRecipeNumber", "actionStatusInvalidRecipeNumber"},
+        {"actionStatusRecipeNotCalibrated", "actionStatusRecipeNotCalibrated"}},
        shown("activeRecipe", "actionStatusOK")},
-      {"laboratory", of(&IBusDependent::LaboratoryResultsApply), kCalibration,
-       {{"actionStatusCalibrationSampleNotTaken", "actionStatusCalibrationSampleNotTaken"}, {"actionStatusCalibrationSuspicious", "actionStatusCalibrationSuspicious"},
+      {"laboratory",
+       of(&IBusDependent::LaboratoryResultsApply),
+       kCalibration,
+       {{"actionStatusCalibrationSampleNotTaken", "actionStatusCalibrationSampleNotTaken"},
+        {"actionStatusCalibrationSuspicious", "actionStatusCalibrationSuspicious"},
         {"actionStatusCalibrationError", "actionStatusCalibrationError"}},
        shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")},
       {"reset errors", reset("resetErrorEventLog"), kNowhere, {}, ""},
@@ -226,7 +263,8 @@ TEST_F(BusProfibusTest, EveryActionLooksAtItsOwnItemsOnly) {
         bus = Ref<BusProfibus>(new BusProfibus(desktop, lastError));
         action.start();
         calls.take();
-        std::vector<std::string> lines = judge(operation, answer("name=\"any\"", itemXml("actionStatusOther", "0", "integerVal") + itemXml(item, "1", "integerVal")));
+        std::vector<std::string> lines =
+            judge(operation, answer("name=\"any\"", itemXml("actionStatusOther", "0", "integerVal") + itemXml(item, "1", "integerVal")));
         std::vector<std::string> expected;
         if (operation == action.judgedIn) {
           if (!action.success.empty()) expected = {action.success};
@@ -252,8 +290,10 @@ TEST_F(BusProfibusTest, EveryActionLooksAtItsOwnItemsOnly) {
 }
 
 TEST_F(BusProfibusTest, OnlyASampleIsForgottenAfterItsVerdict) {
-  for (const auto& [operation, times] : {std::pair<Operation, std::size_t>{&IBusDependent::StopSampling1, 1}, {&IBusDependent::StopSampling2, 1},
-                                         {&IBusDependent::RecipesApply, 3}, {&IBusDependent::LaboratoryResultsApply, 3}}) {
+  for (const auto& [operation, times] : {std::pair<Operation, std::size_t>{&IBusDependent::StopSampling1, 1},
+                                         {&IBusDependent::StopSampling2, 1},
+                                         {&IBusDependent::RecipesApply, 3},
+                                         {&IBusDependent::LaboratoryResultsApply, 3}}) {
     await(operation);
     std::size_t told = 0;
     for (int i = 0; i < 3; ++i) told += calibrate(status({"actionStatusOK"})).size();
@@ -281,7 +321,8 @@ TEST_F(BusProfibusTest, OnlyTheIntegerOneRaisesAStatus) {
   for (const char* item : {"<comm:item name='actionStatusCalibrationError'><comm:stringVal>1</comm:stringVal></comm:item>",
                            "<comm:item name='actionStatusCalibrationError'><comm:integerVal>2</comm:integerVal></comm:item>",
                            "<comm:item name='actionStatusCalibrationError'/>"})
-    EXPECT_THAT(calibrate(answer("name='x'", item)), ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView"))) << item;
+    EXPECT_THAT(calibrate(answer("name='x'", item)), ElementsAre(shown("laboratoryResults", "calibrationWasSuccessfullPleaseUpdateRecipesView")))
+        << item;
 }
 
 TEST_F(BusProfibusTest, AcceptedRecipesAreTold) {
@@ -374,7 +415,8 @@ TEST_F(BusProfibusTest, AFailingMessageEndsTheOperationAndKeepsTheAction) {
 
 TEST_F(BusProfibusTest, ADocumentThatCannotBeReadIsNoStatusDocument) {
   await(&IBusDependent::LaboratoryResultsApply);
-  for (Judge operation : {&IBusDependent::CalibrationSetOnlineData, &IBusDependent::AdvancedSetOnlineData, &IBusDependent::MeasurementSetOnlineData}) {
+  for (Judge operation :
+       {&IBusDependent::CalibrationSetOnlineData, &IBusDependent::AdvancedSetOnlineData, &IBusDependent::MeasurementSetOnlineData}) {
     host->announce("BusProfibus CheckIfStatusMessage: ", 91);
     EXPECT_THAT(judge(operation, Document()), ElementsAre(R"(ReportError "BusProfibus CheckIfStatusMessage: " 91)"));
   }
@@ -426,7 +468,8 @@ TEST_F(BusProfibusTest, ASecondOperationTakesOverTheAwaitedAction) {
   desktop.schedule(0.5, [&] { EXPECT_TRUE(run(&IBusDependent::StopSampling1)); });
   EXPECT_TRUE(run(&IBusDependent::StartSampling2));
   EXPECT_THAT(calls.take(), ElementsAre(write(4, "sampling"), write(5, "sampling"), kReadSamples, askStatus("sampling")));
-  EXPECT_THAT(calibrate(status({"!sample1Quality"})), ElementsAre(shown("sampling", "actionStatusOK"))) << "the earlier answer is read under the later action";
+  EXPECT_THAT(calibrate(status({"!sample1Quality"})), ElementsAre(shown("sampling", "actionStatusOK")))
+      << "the earlier answer is read under the later action";
 }
 
 TEST_F(BusProfibusTest, AnAnswerMayComeDuringAWait) {

@@ -19,7 +19,8 @@ class BadAnswersTest : public testing::TestWithParam<Way> {
     const std::string name = "sample" + std::to_string(n);
     const std::string values = itemXml(name + "ConsistencyAverage", average, "floatVal") + itemXml(name + "Deviation", deviation, "floatVal");
     // A status item makes it a status document.
-    return way == Way::Profibus ? values + itemXml(name + "Quality", quality, "integerVal") + itemXml("actionStatusOther", "0", "integerVal") : values;
+    return way == Way::Profibus ? values + itemXml(name + "Quality", quality, "integerVal") + itemXml("actionStatusOther", "0", "integerVal")
+                                : values;
   }
   void stopped(int n) {
     bench.take(n).click();
@@ -51,7 +52,8 @@ class BadAnswersTest : public testing::TestWithParam<Way> {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Ways, BadAnswersTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell), [](const auto& each) { return nameOf(each.param); });
+INSTANTIATE_TEST_SUITE_P(Ways, BadAnswersTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell),
+                         [](const auto& each) { return nameOf(each.param); });
 
 TEST_P(BadAnswersTest, AnAnswerThatComesTwice) {
   stopped(1);

@@ -56,7 +56,8 @@ inline std::string brief(const std::string& line) {
   if (at == line.npos) return line;
   Node request = Document::read(line.substr(at + 3)).root();
   if (request.name() != "communicationRequest") request = request.firstChild();
-  std::string text = line.substr(0, line.find(' ')) + " " + std::string(request.attribute("access")) + " " + std::string(request.attribute("name")) + ":";
+  std::string text =
+      line.substr(0, line.find(' ')) + " " + std::string(request.attribute("access")) + " " + std::string(request.attribute("name")) + ":";
   for (Node item = request.firstChild(); item; item = item.nextSibling()) {
     text += " " + std::string(item.attribute("name"));
     if (const std::string value = item.text(); !value.empty()) text += "=" + value;
@@ -113,12 +114,16 @@ class CalibrationBench {
   // The average of a sample, and its deviation.
   CtrTextEdit& average(int sample) { return get<CtrTextEdit>(sample == 1 ? "cte_sampling(0)" : "cte_sampling(2)"); }
   CtrTextEdit& deviation(int sample) { return get<CtrTextEdit>(sample == 1 ? "cte_sampling(1)" : "cte_sampling(3)"); }
-  CtrTextEdit& laboratoryValue(int sample) { return get<CtrTextEdit>("cte_laboratoryResults(" + std::to_string(way == Way::Fjell ? sample - 1 : sample) + ")"); }
+  CtrTextEdit& laboratoryValue(int sample) {
+    return get<CtrTextEdit>("cte_laboratoryResults(" + std::to_string(way == Way::Fjell ? sample - 1 : sample) + ")");
+  }
   CtrComboEdit& calibrationType() { return get<CtrComboEdit>("cce_laboratoryResults(0)"); }
   CtrComboEdit& laboratoryRecipe() { return get<CtrComboEdit>("cce_laboratoryResults(1)"); }
   CommandButton& accept() { return button("LabCalibrateBtn"); }
   CommandButton& apply() { return button(way == Way::Fjell ? "RecipeApplyButton" : "cmdRecipeApplyButton"); }
-  CtrComboEdit& pulpType(int recipe) { return get<CtrComboEdit>((way == Way::Fjell ? "cce_pulpType(" : "ccePulpType(") + std::to_string(recipe - 1) + ")"); }
+  CtrComboEdit& pulpType(int recipe) {
+    return get<CtrComboEdit>((way == Way::Fjell ? "cce_pulpType(" : "ccePulpType(") + std::to_string(recipe - 1) + ")");
+  }
   CtrTextEdit& slope(int recipe) { return get<CtrTextEdit>((way == Way::Fjell ? "cte_slope(" : "cteSlope(") + std::to_string(recipe - 1) + ")"); }
   CtrTextEdit& offset(int recipe) { return get<CtrTextEdit>((way == Way::Fjell ? "cte_offset(" : "cteOffset(") + std::to_string(recipe - 1) + ")"); }
   CtrTextEdit& filler(int recipe) { return get<CtrTextEdit>("cteFiller(" + std::to_string(recipe - 1) + ")"); }

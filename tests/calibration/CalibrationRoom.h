@@ -79,7 +79,9 @@ class OwnRegistry {
 class CalibrationRoom {
  public:
   explicit CalibrationRoom(const std::string& deviceName, unsigned seed = 7)
-      : isFjell(deviceName == "hartFjell"), server(std::filesystem::path(OSTRAND_BINARY_DIR) / ownLibraryName()), host(desktop, server, user, data()) {
+      : isFjell(deviceName == "hartFjell"),
+        server(std::filesystem::path(OSTRAND_BINARY_DIR) / ownLibraryName()),
+        host(desktop, server, user, data()) {
     host.observers().add(diary);
     host.openDataSet(data() / "devices" / (deviceName + ".xml"));
     host.connect(makeDevice(deviceName, desktop, host.dataSet()->document(), seed));
@@ -110,7 +112,9 @@ class CalibrationRoom {
   CommandButton& take(int sample) { return get<CommandButton>("Sample" + std::to_string(sample) + "Button(0)"); }
   CommandButton& stop(int sample) { return get<CommandButton>("Sample" + std::to_string(sample) + "Button(1)"); }
   CtrTextEdit& average(int sample) { return get<CtrTextEdit>(sample == 1 ? "cte_sampling(0)" : "cte_sampling(2)"); }
-  CtrTextEdit& laboratoryValue(int sample) { return get<CtrTextEdit>("cte_laboratoryResults(" + std::to_string(isFjell ? sample - 1 : sample) + ")"); }
+  CtrTextEdit& laboratoryValue(int sample) {
+    return get<CtrTextEdit>("cte_laboratoryResults(" + std::to_string(isFjell ? sample - 1 : sample) + ")");
+  }
   CtrComboEdit& calibrationType() { return get<CtrComboEdit>("cce_laboratoryResults(0)"); }
   CtrComboEdit& laboratoryRecipe() { return get<CtrComboEdit>("cce_laboratoryResults(1)"); }
   CommandButton& accept() { return get<CommandButton>("LabCalibrateBtn"); }

@@ -16,8 +16,8 @@ class Conversation {
     bench.calls.arrived = 0;
     bench.calls.fail("*", failing);
     const auto sample = [&](const std::string& name) {
-      return itemXml(name + "ConsistencyAverage", "3.5", "floatVal") + itemXml(name + "Deviation", "0.5", "floatVal") + itemXml(name + "Quality", "1", "integerVal") +
-             itemXml("actionStatusOther", "0", "integerVal");
+      return itemXml(name + "ConsistencyAverage", "3.5", "floatVal") + itemXml(name + "Deviation", "0.5", "floatVal") +
+             itemXml(name + "Quality", "1", "integerVal") + itemXml("actionStatusOther", "0", "integerVal");
     };
     step("messenger", [&] { bench.view->SetMessenger(bench.messenger); });
     step("localize", [&] { bench.view->Localize(bench.messenger->textTable); });
@@ -42,7 +42,8 @@ class Conversation {
     step("entry", [&] { bench.slope(1).type("1.2"); });
     step("apply", [&] { bench.apply().click(); });
     step("refused pulp", [&] { bench.online("recipes", itemXml("actionStatusInvalidPulpType", "1", "integerVal")); });
-    step("error", [&] { bench.view->SetErrorData(answer("name=\"recipes\" errorCode=\"communicationError\"", "<comm:item name=\"recipe1Filler\"/>")); });
+    step("error",
+         [&] { bench.view->SetErrorData(answer("name=\"recipes\" errorCode=\"communicationError\"", "<comm:item name=\"recipe1Filler\"/>")); });
     total = bench.calls.arrived;
   }
   void failAlways() { bench.calls.failAlways("*"); }
@@ -94,7 +95,8 @@ class Conversation {
 
 class EveryCallFailsTest : public testing::TestWithParam<Way> {};
 
-INSTANTIATE_TEST_SUITE_P(Ways, EveryCallFailsTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell), [](const auto& each) { return nameOf(each.param); });
+INSTANTIATE_TEST_SUITE_P(Ways, EveryCallFailsTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell),
+                         [](const auto& each) { return nameOf(each.param); });
 
 // What is reported for every call that may fail. A call of the strategy is told twice: by it, and by the click that got a False.
 std::set<std::string> expected(Way way) {
@@ -104,7 +106,8 @@ std::set<std::string> expected(Way way) {
   };
   const std::string click = " [VwCalibration Sample1Button_Click: 440]";
   const std::string strategy = way == Way::Profibus ? " [BusProfibus " : " [BusHart ";
-  const std::string verdict = way == Way::Fjell ? " [VwCalibration ITaviDataUser_setOnlineData: 440]" : strategy + "IBusDependent_CalibrationSetOnlineData: 440]";
+  const std::string verdict =
+      way == Way::Fjell ? " [VwCalibration ITaviDataUser_setOnlineData: 440]" : strategy + "IBusDependent_CalibrationSetOnlineData: 440]";
 
   add("AskUser", {"take 1", "refused", "take 2"}, click);
   add("AskUser", {"leave"}, " [VwCalibration ITaviView_LeaveSelectedView: 440]");

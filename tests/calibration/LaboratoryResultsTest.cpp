@@ -43,7 +43,8 @@ class LaboratoryResultsTest : public testing::TestWithParam<Way> {
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Ways, LaboratoryResultsTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell), [](const auto& each) { return nameOf(each.param); });
+INSTANTIATE_TEST_SUITE_P(Ways, LaboratoryResultsTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell),
+                         [](const auto& each) { return nameOf(each.param); });
 
 TEST_P(LaboratoryResultsTest, TheFrameHoldsItsControls) {
   std::vector<std::string> names = {"sampleFiller", "laboratoryValue1", "laboratoryValue2", "calibrationType", "laboratoryRecipe"};
@@ -51,7 +52,8 @@ TEST_P(LaboratoryResultsTest, TheFrameHoldsItsControls) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     EXPECT_EQ(bench.get("lblLaboratoryResults(" + std::to_string(i) + ")").Tag(), names[i]);
     const std::size_t texts = names.size() - 2;
-    const std::string control = i < texts ? "cte_laboratoryResults(" + std::to_string(i) + ")" : "cce_laboratoryResults(" + std::to_string(i - texts) + ")";
+    const std::string control =
+        i < texts ? "cte_laboratoryResults(" + std::to_string(i) + ")" : "cce_laboratoryResults(" + std::to_string(i - texts) + ")";
     EXPECT_EQ(bench.get(control).Tag(), "ctr_" + names[i]);
   }
   EXPECT_EQ(bench.accept().Tag(), "accept");
@@ -102,8 +104,8 @@ TEST_P(LaboratoryResultsTest, TheFirstValueIsHandledFirst) {
   bench.calibrationType().choose("useSample2Only");
   bench.desktop.setProbe(nullptr);
   const std::string one = bench.laboratoryValue(1).name(), two = bench.laboratoryValue(2).name();
-  EXPECT_THAT(probe.calls.take(), ElementsAre(one + ".Text = \"0\"", one + ".Enabled = false", one + ".TabStop = false", two + ".Text = \"\"", two + ".Enabled = true",
-                                              two + ".TabStop = true"));
+  EXPECT_THAT(probe.calls.take(), ElementsAre(one + ".Text = \"0\"", one + ".Enabled = false", one + ".TabStop = false", two + ".Text = \"\"",
+                                              two + ".Enabled = true", two + ".TabStop = true"));
 }
 
 TEST_P(LaboratoryResultsTest, TheOtherComboHasNoEffect) {
@@ -157,7 +159,8 @@ TEST_P(LaboratoryResultsTest, TheWholeTextOfTheRequest) {
   fill();
   bench.accept().click();
   const std::string filler = way == Way::Fjell ? "" : R"(<item name="sampleFiller" unit="%"><floatVal>0.0</floatVal></item>)";
-  EXPECT_EQ(bench.calls.lines.front(), R"(DTMGUIDownload "laboratoryResults" 1 | <communicationRequest name="laboratoryResults" access="write">)" + filler +
+  EXPECT_EQ(bench.calls.lines.front(), R"(DTMGUIDownload "laboratoryResults" 1 | <communicationRequest name="laboratoryResults" access="write">)" +
+                                           filler +
                                            R"(<item name="laboratoryValue1" unit="%Cs"><floatVal>1.40</floatVal></item>)"
                                            R"(<item name="laboratoryValue2" unit="%Cs"><floatVal>1.60</floatVal></item>)"
                                            R"(<item name="calibrationType" unit="noUnit"><integerVal>3</integerVal></item>)"
@@ -292,7 +295,8 @@ TEST_P(LaboratoryResultsTest, AfterARefusalTheFieldsKeepWhatWasTyped) {
   bench.lines();
   bench.view->SetErrorData(answer("name=\"laboratoryResults\" access=\"write\" isFinal=\"1\" errorCode=\"hartCmdErrSuspiciousCalibration\"",
                                   "<comm:item name=\"laboratoryValue1\"/><comm:item name=\"laboratoryValue2\"/>"));
-  EXPECT_THAT(bench.lines(), ElementsAre(R"(ShowMessage "T:error" "T:hartCmdErrSuspiciousCalibration\r\n\"laboratoryValue1\"\r\n\"laboratoryValue2\"\r\n")"));
+  EXPECT_THAT(bench.lines(),
+              ElementsAre(R"(ShowMessage "T:error" "T:hartCmdErrSuspiciousCalibration\r\n\"laboratoryValue1\"\r\n\"laboratoryValue2\"\r\n")"));
   EXPECT_EQ(fields(), "1.40 open, 1.60 open");
   EXPECT_EQ(bench.laboratoryValue(1).Error(), "hartCmdErrSuspiciousCalibration");
   EXPECT_TRUE(bench.laboratoryValue(1).Modified());
@@ -394,7 +398,8 @@ TEST(LaboratoryResultsBusTest, APollThatFailsIsReportedOnceMore) {
 
 TEST(LaboratoryResultsBusTest, WithoutAStrategyTheErrorLeavesTheClickBehindTheWrite) {
   CalibrationBench bench(Way::Hart, "");
-  for (const char* name : {"cte_laboratoryResults(0)", "cte_laboratoryResults(1)", "cte_laboratoryResults(2)"}) bench.get<CtrTextEdit>(name).Text("1");
+  for (const char* name : {"cte_laboratoryResults(0)", "cte_laboratoryResults(1)", "cte_laboratoryResults(2)"})
+    bench.get<CtrTextEdit>(name).Text("1");
   bench.calibrationType().Text("useBothSamples");
   bench.laboratoryRecipe().Text("recipe1");
   for (const int sample : {1, 2}) bench.laboratoryValue(sample).Text("1");

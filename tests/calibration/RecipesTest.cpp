@@ -40,12 +40,14 @@ class RecipesTest : public testing::TestWithParam<Way> {
     }
     EXPECT_EQ(polled, way == Way::Profibus && written != kCheckTheValues);
     // Without the values.
-    for (std::size_t at = written.find('='); at != written.npos; at = written.find('=')) written.erase(at, std::min(written.find(' ', at), written.size()) - at);
+    for (std::size_t at = written.find('='); at != written.npos; at = written.find('='))
+      written.erase(at, std::min(written.find(' ', at), written.size()) - at);
     return written;
   }
 };
 
-INSTANTIATE_TEST_SUITE_P(Ways, RecipesTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell), [](const auto& each) { return nameOf(each.param); });
+INSTANTIATE_TEST_SUITE_P(Ways, RecipesTest, testing::Values(Way::Hart, Way::Profibus, Way::Fjell),
+                         [](const auto& each) { return nameOf(each.param); });
 
 TEST_P(RecipesTest, TheTableHoldsARowForEachRecipe) {
   for (int n = 1; n <= recipes; ++n) {
@@ -58,7 +60,8 @@ TEST_P(RecipesTest, TheTableHoldsARowForEachRecipe) {
   }
   std::vector<std::string> heads = {"pulpType", "filler", "linearizationSlopeP1", "linearizationOffsetP2"};
   if (way == Way::Fjell) heads.erase(heads.begin() + 1);
-  for (std::size_t i = 0; i < heads.size(); ++i) EXPECT_EQ(bench.get("lblRecipes(" + std::to_string(recipes + static_cast<int>(i)) + ")").Tag(), heads[i]);
+  for (std::size_t i = 0; i < heads.size(); ++i)
+    EXPECT_EQ(bench.get("lblRecipes(" + std::to_string(recipes + static_cast<int>(i)) + ")").Tag(), heads[i]);
   EXPECT_THROW(bench.pulpType(recipes + 1), RuntimeError);
   EXPECT_EQ(bench.apply().Tag(), "accept");
   EXPECT_EQ(bench.apply().Caption(), "Accept");
@@ -97,11 +100,12 @@ TEST_P(RecipesTest, TheWholeTextOfTheRequest) {
   for (CtrTextEdit* text : texts(2)) text->type("1.5");
   bench.calls.take();
   bench.apply().click();
-  EXPECT_EQ(bench.calls.lines.front(), std::string(R"(DTMGUIDownload "recipes" 1 | <communicationRequest name="recipes" access="write">)") +
-                                           R"(<item name="recipe2PulpType" unit="noUnit"><integerVal>6</integerVal></item>)" +
-                                           (way == Way::Fjell ? "" : R"(<item name="recipe2Filler" unit="%"><floatVal>1.5</floatVal></item>)") +
-                                           R"(<item name="recipe2LinearizationSlopeP1" unit="noUnit"><floatVal>1.500</floatVal></item>)" +
-                                           R"(<item name="recipe2LinearizationOffsetP2" unit="%Cs"><floatVal>1.50</floatVal></item></communicationRequest>)");
+  EXPECT_EQ(bench.calls.lines.front(),
+            std::string(R"(DTMGUIDownload "recipes" 1 | <communicationRequest name="recipes" access="write">)") +
+                R"(<item name="recipe2PulpType" unit="noUnit"><integerVal>6</integerVal></item>)" +
+                (way == Way::Fjell ? "" : R"(<item name="recipe2Filler" unit="%"><floatVal>1.5</floatVal></item>)") +
+                R"(<item name="recipe2LinearizationSlopeP1" unit="noUnit"><floatVal>1.500</floatVal></item>)" +
+                R"(<item name="recipe2LinearizationOffsetP2" unit="%Cs"><floatVal>1.50</floatVal></item></communicationRequest>)");
 }
 
 TEST_P(RecipesTest, AWrongOrEmptyFieldOfAChangedRowStopsTheWrite) {
@@ -245,7 +249,9 @@ TEST(RecipesBusTest, ARefusedPulpTypeIsReadBackIntoItsControls) {
 
 class PulpTypesTest : public testing::Test {
  protected:
-  PulpTypesTest() : folder(std::filesystem::path(testing::TempDir()) / ("ostrand-relations-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()))) {
+  PulpTypesTest()
+      : folder(std::filesystem::path(testing::TempDir()) /
+               ("ostrand-relations-" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()))) {
     std::filesystem::create_directories(folder);
     bench.parent->folder = (folder / "").string();
   }
@@ -272,7 +278,8 @@ class PulpTypesTest : public testing::Test {
 
 TEST_F(PulpTypesTest, TheBladeTypeChoosesForAllLists) {
   EXPECT_EQ(offered(), all);
-  relations("<r><bladeType name='A'><p name='pulpTypeTmp'/><p name='pulpTypeBroke'/></bladeType><bladeType name='B'><p name='pulpTypeCtmp'/></bladeType></r>");
+  relations(
+      "<r><bladeType name='A'><p name='pulpTypeTmp'/><p name='pulpTypeBroke'/></bladeType><bladeType name='B'><p name='pulpTypeCtmp'/></bladeType></r>");
   receive("A");
   EXPECT_EQ(offered(), "Tmp Broke");
   receive("B");
@@ -312,8 +319,9 @@ TEST_F(PulpTypesTest, AFileThatDoesNotLoadLeavesTheLists) {
 }
 
 TEST_F(PulpTypesTest, OnlyChildElementsWithANameCount) {
-  relations("<r><group><bladeType name='A'>text<!-- p name='x' --><p/><p name='pulpTypeTmp'><q name='pulpTypeCtmp'/></p><other name='pulpTypeBroke'/><p name='pulpTypeOfNobody'/>"
-            "</bladeType></group><bladeType name='A'><p name='pulpTypeDeinked'/></bladeType></r>");
+  relations(
+      "<r><group><bladeType name='A'>text<!-- p name='x' --><p/><p name='pulpTypeTmp'><q name='pulpTypeCtmp'/></p><other name='pulpTypeBroke'/><p name='pulpTypeOfNobody'/>"
+      "</bladeType></group><bladeType name='A'><p name='pulpTypeDeinked'/></bladeType></r>");
   receive("A");
   EXPECT_EQ(offered(), "Tmp Broke");
 }
@@ -339,7 +347,8 @@ TEST_F(PulpTypesTest, AListAfterTheOther) {
   receive("A");
   bench.desktop.setProbe(nullptr);
   std::vector<std::string> expected;
-  for (const char* call : {"SetAllItemsAllowed false", "SetItemAllowed \"pulpTypeTmp\" true", "SetItemAllowed \"pulpTypeBroke\" true", "ApplyItemFilter"})
+  for (const char* call :
+       {"SetAllItemsAllowed false", "SetItemAllowed \"pulpTypeTmp\" true", "SetItemAllowed \"pulpTypeBroke\" true", "ApplyItemFilter"})
     for (int i = 0; i < 8; ++i) expected.push_back("ccePulpType(" + std::to_string(i) + ")." + call);
   EXPECT_EQ(probe.calls.take(), expected);
 }

@@ -40,8 +40,12 @@ class Watcher : public HostObserver {
   void errorReported(const std::string&, const std::string& prefix, int number, const std::string& description) override {
     if (!isExpected(prefix, number, description)) ADD_FAILURE() << "reported: " << prefix << number << " " << description;
   }
-  void errorUnhandled(const std::string&, int number, const std::string& description) override { ADD_FAILURE() << "unhandled: " << number << " " << description; }
-  void messageShown(const std::string&, const std::string& title, const std::string& message) override { ++messages[title + "/" + message.substr(0, message.find('\r'))]; }
+  void errorUnhandled(const std::string&, int number, const std::string& description) override {
+    ADD_FAILURE() << "unhandled: " << number << " " << description;
+  }
+  void messageShown(const std::string&, const std::string& title, const std::string& message) override {
+    ++messages[title + "/" + message.substr(0, message.find('\r'))];
+  }
 
  private:
   // A host that is busy or lost its device refuses, and says so. An answer that cannot be read is told too: by the walk, or by
@@ -49,11 +53,13 @@ class Watcher : public HostObserver {
   static bool isExpected(const std::string& prefix, int number, const std::string& description) {
     const bool isRefused = number == RuntimeError::PermissionDenied && description.starts_with("the request was refused: ");
     const bool isUnreadable = number == 13 || number == RuntimeError::NothingThere;
-    for (const char* writer : {"BusHart IBusDependent_S", "BusProfibus ExecuteAction: ", "BusProfibus AskActionStatus: ", "BusProfibus ReadSampleData: ",
-                               "BusProfibus ReadRecipes: ", "VwCalibration Sample1Button_Click: ", "VwCalibration LabCalibrateBtn_Click: ",
-                               "VwCalibration cmdRecipeApplyButton_Click: ", "VwCalibration sendValues: ", "VwCalibration sendRecipes: "})
+    for (const char* writer :
+         {"BusHart IBusDependent_S", "BusProfibus ExecuteAction: ", "BusProfibus AskActionStatus: ", "BusProfibus ReadSampleData: ",
+          "BusProfibus ReadRecipes: ", "VwCalibration Sample1Button_Click: ", "VwCalibration LabCalibrateBtn_Click: ",
+          "VwCalibration cmdRecipeApplyButton_Click: ", "VwCalibration sendValues: ", "VwCalibration sendRecipes: "})
       if (prefix.starts_with(writer)) return isRefused;
-    for (const char* reader : {"BusHart IBusDependent_CalibrationSetOnlineData: ", "VwCalibration ITaviDataUser_setOnlineData: ", "modView setOnlineData: "})
+    for (const char* reader :
+         {"BusHart IBusDependent_CalibrationSetOnlineData: ", "VwCalibration ITaviDataUser_setOnlineData: ", "modView setOnlineData: "})
       if (prefix == reader) return isUnreadable;
     // In a sample that has failed there may be nothing to put the focus on.
     return prefix == "VwCalibration ITaviView_RequestFocus: " && number == RuntimeError::BadArgument;
@@ -179,7 +185,8 @@ class Soak {
       ++reached;
     } catch (const RuntimeError& error) {
       // What a user cannot reach, and a choice that is not offered.
-      EXPECT_TRUE(error.number() == RuntimeError::PermissionDenied || error.number() == RuntimeError::BadArgument) << error.number() << " " << error.description();
+      EXPECT_TRUE(error.number() == RuntimeError::PermissionDenied || error.number() == RuntimeError::BadArgument)
+          << error.number() << " " << error.description();
     }
   }
 
@@ -205,10 +212,24 @@ class Soak {
     struct Fault {
       const char *name, *argument;
     };
-    static const Fault kFaults[] = {{"silent", ""}, {"silent", "sampling"}, {"refuse", "laboratoryResults"}, {"refuse", "recipes communicationError"}, {"refuse", "sampling"},
-                                    {"nan", "sample1Deviation"}, {"nan", "sample2ConsistencyAverage"}, {"value", "sample1ConsistencyAverage 3,4"},
-                                    {"value", "recipe1PulpType 99"}, {"value", "calibrationType 1"}, {"slow", "10"}, {"twice", ""}, {"foreign", "laboratoryResults"},
-                                    {"unfinished", ""}, {"garbage", ""}, {"failure", "sensor"}, {"unsteady", "20"}, {"writeProtected", ""}};
+    static const Fault kFaults[] = {{"silent", ""},
+                                    {"silent", "sampling"},
+                                    {"refuse", "laboratoryResults"},
+                                    {"refuse", "recipes communicationError"},
+                                    {"refuse", "sampling"},
+                                    {"nan", "sample1Deviation"},
+                                    {"nan", "sample2ConsistencyAverage"},
+                                    {"value", "sample1ConsistencyAverage 3,4"},
+                                    {"value", "recipe1PulpType 99"},
+                                    {"value", "calibrationType 1"},
+                                    {"slow", "10"},
+                                    {"twice", ""},
+                                    {"foreign", "laboratoryResults"},
+                                    {"unfinished", ""},
+                                    {"garbage", ""},
+                                    {"failure", "sensor"},
+                                    {"unsteady", "20"},
+                                    {"writeProtected", ""}};
     if (pick(2)) return room.device().setFault("none", "");
     const Fault& fault = kFaults[static_cast<std::size_t>(pick(static_cast<int>(std::size(kFaults))))];
     room.device().setFault(fault.name, fault.argument);
@@ -239,7 +260,8 @@ class Soak {
 
 class CalibrationSoakTest : public testing::TestWithParam<std::tuple<const char*, unsigned>> {};
 
-INSTANTIATE_TEST_SUITE_P(Devices, CalibrationSoakTest, testing::Combine(testing::Values("hartBlade", "profibusBlade", "hartFjell"), testing::Values(1u, 2u, 3u)),
+INSTANTIATE_TEST_SUITE_P(Devices, CalibrationSoakTest,
+                         testing::Combine(testing::Values("hartBlade", "profibusBlade", "hartFjell"), testing::Values(1u, 2u, 3u)),
                          [](const auto& each) { return std::string(std::get<0>(each.param)) + std::to_string(std::get<1>(each.param)); });
 
 TEST_P(CalibrationSoakTest, AnHourOfEverything) {

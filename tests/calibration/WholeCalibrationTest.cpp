@@ -58,7 +58,8 @@ TEST_P(WholeCalibrationTest, TwoSamplesBringTheReadingToTheLaboratory) {
   EXPECT_GT(std::abs(before - laboratory(1)), 0.02) << "the transmitter shows too much at first";
   room.desktop.wait(240);
   takeSample(2);
-  EXPECT_THAT(room.diary.take(), isProfibus ? ElementsAre("sampling/actionStatusOK", "sampling/actionStatusOK") : testing::Matcher<std::vector<std::string>>(IsEmpty()));
+  EXPECT_THAT(room.diary.take(),
+              isProfibus ? ElementsAre("sampling/actionStatusOK", "sampling/actionStatusOK") : testing::Matcher<std::vector<std::string>>(IsEmpty()));
   enter("useBothSamples", "recipe1");
   EXPECT_THAT(accept(), ElementsAre(kSuccess));
   EXPECT_FALSE(room.laboratoryValue(1).Modified()) << "the device has confirmed it";

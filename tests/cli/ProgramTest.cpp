@@ -33,8 +33,8 @@ class ProgramTest : public testing::Test {
 
   Result run(const std::string& arguments, const std::string& input = "", const std::string& environment = "") {
     writeWholeFile(folder / "input", input);
-    const std::string command = "OSTRAND_REGISTRY='" + registry.string() + "' OSTRAND_DATA='" OSTRAND_SOURCE_DIR "/data' " + environment + " '" OSTRAND_BINARY_DIR
-                                "/ostrand' " + arguments + " 2>&1 <'" + (folder / "input").string() + "'";
+    const std::string command = "OSTRAND_REGISTRY='" + registry.string() + "' OSTRAND_DATA='" OSTRAND_SOURCE_DIR "/data' " + environment +
+                                " '" OSTRAND_BINARY_DIR "/ostrand' " + arguments + " 2>&1 <'" + (folder / "input").string() + "'";
     Result result;
     std::FILE* const pipe = popen(command.c_str(), "r");
     if (!pipe) return result;

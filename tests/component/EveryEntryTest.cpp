@@ -100,11 +100,15 @@ std::string dataFor(const ComponentClass& made) {
     if (const std::string_view name = control->parameterName(); !name.empty())
       parameters += parameterXml(std::string(name), "1", "type=\"floatVal\" access=\"write\"");
   const auto group = [](const std::string& name, const std::string& parameter) {
-    return "<data:requestGroup name=\"" + name + "\" lastUpdate=\"01/02/2025 03:04:05\"><data:includedParam name=\"" + parameter + "\"/></data:requestGroup>";
+    return "<data:requestGroup name=\"" + name + "\" lastUpdate=\"01/02/2025 03:04:05\"><data:includedParam name=\"" + parameter +
+           "\"/></data:requestGroup>";
   };
-  const std::string mappings = "<data:mappedParam name=\"failure\"><data:mappedItem value=\"1\" key=\"one\" category=\"failure\"/></data:mappedParam>"
-                               "<data:mappedParam name=\"pulpType\"><data:mappedItem value=\"1\" key=\"one\"/></data:mappedParam>";
-  const Document data = dataSet(parameters, mappings, group("deviceStatus", "statusSensorFailure") + group("monitoringVariables", "live") + group("moduleSelection", "live"), "DPV1");
+  const std::string mappings =
+      "<data:mappedParam name=\"failure\"><data:mappedItem value=\"1\" key=\"one\" category=\"failure\"/></data:mappedParam>"
+      "<data:mappedParam name=\"pulpType\"><data:mappedItem value=\"1\" key=\"one\"/></data:mappedParam>";
+  const Document data =
+      dataSet(parameters, mappings,
+              group("deviceStatus", "statusSensorFailure") + group("monitoringVariables", "live") + group("moduleSelection", "live"), "DPV1");
   component->Terminate();
   return data.xml();
 }
@@ -140,15 +144,17 @@ std::vector<Entry> entriesOf(const ComponentClass& made) {
   view("GetControls", [](ITaviView& each) { each.GetControls(); });
   view("GetMessenger", [](ITaviView& each) { each.GetMessenger(); });
   view("GetSelectedView", [](ITaviView& each) { each.GetSelectedView(); });
-  for (const char* key : {"measurement", "unknown", "", "activeRecipe", "monitoringVariables", "identification", "transmitter", "simulation",
-                          "moduleSelection", "laboratoryResults", "sampling", "recipes", "deviceStatus", "loopTest", "eventLog", "resetingEventLog",
-                          "sensorLimits", "waterValues"})
+  for (const char* key :
+       {"measurement", "unknown", "", "activeRecipe", "monitoringVariables", "identification", "transmitter", "simulation", "moduleSelection",
+        "laboratoryResults", "sampling", "recipes", "deviceStatus", "loopTest", "eventLog", "resetingEventLog", "sensorLimits", "waterValues"})
     for (const std::string member : {"SetSelectedView ", "RequestFocus ", "LeaveSelectedView "}) {
       const std::string selected = key;
       const auto select = [selected](ITaviView& each) { each.SetSelectedView(selected); };
       const bool selects = member == "SetSelectedView ";
-      view(member + key, selects ? std::function<void(ITaviView&)>(select)
-                                 : [leaves = member == "LeaveSelectedView "](ITaviView& each) { leaves ? void(each.LeaveSelectedView()) : each.RequestFocus(); });
+      view(
+          member + key, selects ? std::function<void(ITaviView&)>(select) : [leaves = member == "LeaveSelectedView "](ITaviView& each) {
+            leaves ? void(each.LeaveSelectedView()) : each.RequestFocus();
+          });
       if (!selects) all.back().before = [select](Stage& stage) { stage.as<ITaviView>(select); };
     }
   view("PrepareToRelease", [](ITaviView& each) { each.PrepareToRelease(); });
@@ -169,7 +175,8 @@ std::vector<Entry> entriesOf(const ComponentClass& made) {
                               itemXml("sample1ConsistencyAverage", "2", "floatVal") + itemXml("live", "3", "floatVal");
     const std::string head = "name=\"" + std::string(name) + "\" isFinal=\"1\" responseStatus=\"device\" access=\"write\"";
     data("SetOnlineData " + std::string(name), &ITaviDataUser::SetOnlineData, [=](Stage&) { return answer(head, items); });
-    data("SetErrorData " + std::string(name), &ITaviDataUser::SetErrorData, [=](Stage&) { return answer(head + " errorCode=\"missingItems\"", items); });
+    data("SetErrorData " + std::string(name), &ITaviDataUser::SetErrorData,
+         [=](Stage&) { return answer(head + " errorCode=\"missingItems\"", items); });
   }
   for (const int mode : {10, 11, 20, 21}) event("mode " + std::to_string(mode), [mode](FakeMessenger& host) { host.raiseMode(mode); });
   event("ViewReceiveValue", [](FakeMessenger& host) { host.raiseReceiveValue("ctr_bladeType", "one"); });
@@ -207,12 +214,8 @@ class EveryEntryTest : public testing::TestWithParam<const ComponentClass*> {
   const std::string data = dataFor(made);
   const std::vector<Entry> entries = entriesOf(made);
 
-  void enter(const Entry& entry, Stage& stage) {
-    EXPECT_NO_THROW(entry.call(stage)) << entry.name;
-  }
-  void prepare(const Entry& entry, Stage& stage) {
-    EXPECT_NO_THROW(entry.before(stage)) << "before " << entry.name;
-  }
+  void enter(const Entry& entry, Stage& stage) { EXPECT_NO_THROW(entry.call(stage)) << entry.name; }
+  void prepare(const Entry& entry, Stage& stage) { EXPECT_NO_THROW(entry.before(stage)) << "before " << entry.name; }
   // In whatever order: the same ones at every run.
   void wander(Stage::State state) {
     std::mt19937 random(20);

@@ -182,7 +182,8 @@ TEST_F(ServerTest, ExportsExactlyFourFunctions) {
     for (std::size_t offset = section.sh_offset; offset < section.sh_offset + section.sh_size; offset += section.sh_entsize) {
       const auto symbol = at(Elf64_Sym{}, offset);
       const auto visibility = ELF64_ST_VISIBILITY(symbol.st_other);
-      if (symbol.st_shndx == SHN_UNDEF || ELF64_ST_BIND(symbol.st_info) == STB_LOCAL || (visibility != STV_DEFAULT && visibility != STV_PROTECTED)) continue;
+      if (symbol.st_shndx == SHN_UNDEF || ELF64_ST_BIND(symbol.st_info) == STB_LOCAL || (visibility != STV_DEFAULT && visibility != STV_PROTECTED))
+        continue;
       exported.insert(file.data() + names.sh_offset + symbol.st_name);
     }
   }

@@ -6,7 +6,8 @@ namespace ostrand::Requests {
 namespace {
 
 TEST(RequestsTest, TheFramesAreTheseByteForByte) {
-  EXPECT_EQ(fragment("activeRecipe", "write", "<item/>"), "<communicationRequest name=\"activeRecipe\" access=\"write\"><item/></communicationRequest>");
+  EXPECT_EQ(fragment("activeRecipe", "write", "<item/>"),
+            "<communicationRequest name=\"activeRecipe\" access=\"write\"><item/></communicationRequest>");
   EXPECT_EQ(document("sampling", "read", "<item/>"),
             "<?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"sampling\" access=\"read\">"
             "<item/></communicationRequest></dtm>");

@@ -63,7 +63,8 @@ TEST_F(modToolsTest, StampsAreCutByPosition) {
 }
 
 TEST_F(modToolsTest, LocalizesAStampToShortDateAndLongTime) {
-  for (const auto& [locale, text] : {std::pair{"en", "12/31/2020 11:59:59 PM"}, {"de", "31.12.2020 23:59:59"}, {"fi", "31.12.2020 23.59.59"}, {"sv", "2020-12-31 23:59:59"}}) {
+  for (const auto& [locale, text] :
+       {std::pair{"en", "12/31/2020 11:59:59 PM"}, {"de", "31.12.2020 23:59:59"}, {"fi", "31.12.2020 23.59.59"}, {"sv", "2020-12-31 23:59:59"}}) {
     desktop.setLocale(locale);
     EXPECT_EQ(LocalizeDatafileDate("31/12/2020 23:59:59", desktop), text);
     EXPECT_EQ(LocalizeDatafileDate("31·12·2020·23:59:59", desktop), text);
@@ -73,7 +74,8 @@ TEST_F(modToolsTest, LocalizesAStampToShortDateAndLongTime) {
 TEST_F(modToolsTest, WhatIsNoDateGivesAnEmptyTextAndATrace) {
   EXPECT_EQ(LocalizeDatafileDate("", desktop), "");
   EXPECT_EQ(LocalizeDatafileDate("32/12/2020 23:59:59", desktop), "");
-  EXPECT_THAT(traces, ElementsAre(testing::StartsWith("DTM GUI modTools LocalizeDatafileDate error 13: "), testing::StartsWith("DTM GUI modTools LocalizeDatafileDate error 13: ")));
+  EXPECT_THAT(traces, ElementsAre(testing::StartsWith("DTM GUI modTools LocalizeDatafileDate error 13: "),
+                                  testing::StartsWith("DTM GUI modTools LocalizeDatafileDate error 13: ")));
 }
 
 TEST_F(modToolsTest, TracesGoToTheDebugOutput) {
@@ -95,8 +97,10 @@ TEST_F(modToolsTest, TheHomeGroupOfAParameter) {
     return std::string("<data:requestGroup name=\"") + group + "\"><data:includedParam name=\"" + parameter + "\"" +
            (clone ? std::string(" clone=\"") + clone + "\"" : "") + "/></data:requestGroup>";
   };
-  const Document doc = dataSet("", "", in("g1", "only", "1") + in("g1", "two", "1") + in("g2", "two") + in("g1", "zero", "1") + in("g2", "zero", "0") + in("g3", "zero") +
-                                           in("g1", "clones", "1") + in("g2", "clones", "2") + in("g1", "empty", "1") + in("g2", "empty", ""));
+  const Document doc =
+      dataSet("", "",
+              in("g1", "only", "1") + in("g1", "two", "1") + in("g2", "two") + in("g1", "zero", "1") + in("g2", "zero", "0") + in("g3", "zero") +
+                  in("g1", "clones", "1") + in("g2", "clones", "2") + in("g1", "empty", "1") + in("g2", "empty", ""));
   EXPECT_EQ(groupOfParameter(doc, "only"), "g1") << "its only group, clone or not";
   EXPECT_EQ(groupOfParameter(doc, "two"), "g2");
   EXPECT_EQ(groupOfParameter(doc, "zero"), "g2") << "the first without a clone, or with 0";

@@ -36,7 +36,8 @@ struct DataWalkTest : ViewBench {
          {std::pair{"text", "t"}, {"combo", "1"}, {"date", "2025-11-04"}, {"time", "10:00:00"}, {"option", "1"}, {"check", "1"}, {"box", "b"}})
       parameters += parameterXml(name, value);
     std::string included;
-    for (const char* name : {"text", "combo", "date", "time", "option", "check"}) included += std::string("<data:includedParam name=\"") + name + "\"/>";
+    for (const char* name : {"text", "combo", "date", "time", "option", "check"})
+      included += std::string("<data:includedParam name=\"") + name + "\"/>";
     return dataSet(parameters, "<data:mappedParam name=\"combo\">" + choice("1", "one") + "</data:mappedParam>",
                    "<data:requestGroup name=\"group1\" lastUpdate=\"31/12/2020 23:59:59\">" + included + "</data:requestGroup>");
   }
@@ -49,9 +50,9 @@ TEST_F(DataWalkTest, ImportHandsEachEditItsParameter) {
   placeWithHost(everything);
   probeOn();
   view->SetImportData(data());
-  EXPECT_THAT(heard(), ElementsAre("ctrDateLabels(0).Caption = \"31/12/2020 23:59:59\"", "text.setImportData \"text\"", "combo.setImportData \"combo\"",
-                                   "date.setImportData \"date\"", "time.setImportData \"time\"", "option.setImportData \"option\"",
-                                   "check.setImportData \"check\"", "nested.SetImportData document"));
+  EXPECT_THAT(heard(), ElementsAre("ctrDateLabels(0).Caption = \"31/12/2020 23:59:59\"", "text.setImportData \"text\"",
+                                   "combo.setImportData \"combo\"", "date.setImportData \"date\"", "time.setImportData \"time\"",
+                                   "option.setImportData \"option\"", "check.setImportData \"check\"", "nested.SetImportData document"));
   EXPECT_EQ(get<CtrTextEdit>("text").Text(), "t");
   EXPECT_EQ(get<CtrTextEdit>("text").ContextTag(), "") << "neither the group nor the mapping is told";
   EXPECT_EQ(get<CtrComboEdit>("combo").Text(), "1");
@@ -76,12 +77,12 @@ TEST_F(DataWalkTest, OfflineTellsMappingGroupAndParameterInThisOrder) {
   placeWithHost(everything);
   probeOn();
   view->SetOfflineData(data());
-  EXPECT_THAT(heard(),
-              ElementsAre("ctrDateLabels(0).Caption = \"12/31/2020 11:59:59 PM\"", "text.ContextTag = \"group1\"", "text.setOfflineData \"text\"",
-                          "combo.SetMappings \"combo\"", "combo.ContextTag = \"group1\"", "combo.setOfflineData \"combo\"", "date.ContextTag = \"group1\"",
-                          "date.setOfflineData \"date\"", "time.ContextTag = \"group1\"", "time.setOfflineData \"time\"", "option.SetMappings nothing",
-                          "option.ContextTag = \"group1\"", "option.setOfflineData \"option\"", "check.SetMappings nothing", "check.ContextTag = \"group1\"",
-                          "check.setOfflineData \"check\"", "nested.SetOfflineData document"));
+  EXPECT_THAT(heard(), ElementsAre("ctrDateLabels(0).Caption = \"12/31/2020 11:59:59 PM\"", "text.ContextTag = \"group1\"",
+                                   "text.setOfflineData \"text\"", "combo.SetMappings \"combo\"", "combo.ContextTag = \"group1\"",
+                                   "combo.setOfflineData \"combo\"", "date.ContextTag = \"group1\"", "date.setOfflineData \"date\"",
+                                   "time.ContextTag = \"group1\"", "time.setOfflineData \"time\"", "option.SetMappings nothing",
+                                   "option.ContextTag = \"group1\"", "option.setOfflineData \"option\"", "check.SetMappings nothing",
+                                   "check.ContextTag = \"group1\"", "check.setOfflineData \"check\"", "nested.SetOfflineData document"));
   EXPECT_EQ(get<CtrComboEdit>("combo").Text(), "one");
 }
 
@@ -148,7 +149,9 @@ TEST_F(DataWalkTest, AnEmptyDocumentIsReportedForEachControl) {
 }
 
 TEST_F(DataWalkTest, AQuoteInATagBreaksThePath) {
-  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_group1").row(at.make<CtrTextEdit>("text"), "ctr_a\"b").row(at.make<CtrTextEdit>("b"), "ctr_text"); });
+  placeWithHost([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_group1").row(at.make<CtrTextEdit>("text"), "ctr_a\"b").row(at.make<CtrTextEdit>("b"), "ctr_text");
+  });
   messenger->announce(kImport, 5);
   view->SetImportData(data());
   EXPECT_EQ(get<CtrTextEdit>("b").Text(), "t");
@@ -179,8 +182,9 @@ TEST_F(MappingSearchTest, TheWholeNameComesFirstAndInSilence) {
 }
 
 TEST_F(MappingSearchTest, ThenTheTailsFromTheEndOn) {
-  EXPECT_THAT(search({"ctr_channel1FailSafeAlarmCurrent"}, {"failSafeAlarmCurrent", "alarmCurrent"}),
-              ElementsAre(R"(Log 77 "Parsing ctr_channel1FailSafeAlarmCurrent")", R"(Log 77 "alarmCurrent working")", "c0.SetMappings \"alarmCurrent\""));
+  EXPECT_THAT(
+      search({"ctr_channel1FailSafeAlarmCurrent"}, {"failSafeAlarmCurrent", "alarmCurrent"}),
+      ElementsAre(R"(Log 77 "Parsing ctr_channel1FailSafeAlarmCurrent")", R"(Log 77 "alarmCurrent working")", "c0.SetMappings \"alarmCurrent\""));
 }
 
 TEST_F(MappingSearchTest, ADigitBeginsATailToo) {
@@ -189,7 +193,8 @@ TEST_F(MappingSearchTest, ADigitBeginsATailToo) {
 }
 
 TEST_F(MappingSearchTest, TheWholeNameIsTriedInLowerCaseAtLast) {
-  EXPECT_THAT(search({"ctr_FailSafe"}, {"failSafe"}), ElementsAre(R"(Log 77 "Parsing ctr_FailSafe")", R"(Log 77 "failSafe working")", "c0.SetMappings \"failSafe\""));
+  EXPECT_THAT(search({"ctr_FailSafe"}, {"failSafe"}),
+              ElementsAre(R"(Log 77 "Parsing ctr_FailSafe")", R"(Log 77 "failSafe working")", "c0.SetMappings \"failSafe\""));
 }
 
 TEST_F(MappingSearchTest, WithoutAnyNothingIsHandedOn) {
@@ -228,10 +233,11 @@ TEST_F(DataWalkTest, OnlineHandsEachEditItsItem) {
   placeWithHost(everything);
   view->SetOfflineData(data());
   probeOn();
-  view->SetOnlineData(answer("name=\"group1\" access=\"read\" responseStatus=\"ok\"", itemXml("text", "new") + itemXml("box", "shown") + itemXml("check", "0")));
+  view->SetOnlineData(
+      answer("name=\"group1\" access=\"read\" responseStatus=\"ok\"", itemXml("text", "new") + itemXml("box", "shown") + itemXml("check", "0")));
   EXPECT_THAT(heard(), ElementsAre("ctrDateLabels(0).Caption = \"1/5/2026 8:00:00 AM\"", "text.SetOnlineData \"text\"", "combo.SetOnlineData nothing",
-                                   "date.SetOnlineData nothing", "time.SetOnlineData nothing", "option.SetOnlineData nothing", "check.SetOnlineData \"check\"",
-                                   "box.Text = \"shown\"", "nested.SetOnlineData document"));
+                                   "date.SetOnlineData nothing", "time.SetOnlineData nothing", "option.SetOnlineData nothing",
+                                   "check.SetOnlineData \"check\"", "box.Text = \"shown\"", "nested.SetOnlineData document"));
   EXPECT_EQ(get<CtrTextEdit>("text").Text(), "new");
   EXPECT_THAT(nested<FakeNestedView>("nested").calls.take(), testing::Contains("SetOnlineData"));
 }
@@ -247,7 +253,10 @@ TEST_F(DataWalkTest, ALocalAnswerIsLocalForTextEditsOnly) {
 
 TEST_F(DataWalkTest, AMissingResponseStatusIsReportedForEachTextEdit) {
   placeWithHost([](TestView& at, Form& form) {
-    at.frame(form, "key", "date_key").row(at.make<CtrTextEdit>("a"), "ctr_a").row(at.make<CtrTextEdit>("b"), "ctr_b").row(at.make<CtrComboEdit>("c"), "ctr_c");
+    at.frame(form, "key", "date_key")
+        .row(at.make<CtrTextEdit>("a"), "ctr_a")
+        .row(at.make<CtrTextEdit>("b"), "ctr_b")
+        .row(at.make<CtrComboEdit>("c"), "ctr_c");
   });
   messenger->announce(kOnline, 91);
   messenger->announce(kOnline, 91);
@@ -292,9 +301,7 @@ TEST_F(DataWalkTest, OnlineReportsNestedFailures) {
 }
 
 TEST_F(DataWalkTest, AnAnswerWithoutAResponseIsReportedAndWalkedAllTheSame) {
-  placeWithHost([](TestView& at, Form& form) {
-    at.frame(form, "key", "date_key").row(at.make<CtrComboEdit>("c"), "ctr_c");
-  });
+  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<CtrComboEdit>("c"), "ctr_c"); });
   probeOn();
   messenger->announce(kOnline, 91);
   view->SetOnlineData(Document::read("<comm:dtm/>"));
@@ -322,7 +329,9 @@ TEST_F(DataWalkTest, TheClassNameAloneMakesADateLabel) {
 
 TEST_F(DataWalkTest, AClassThatCannotBeToldCostsOneControlInEachWalk) {
   messenger->announce("modView setMessenger: ", 438);
-  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_group1").row(at.make<Untellable>("what"), "ctr_text").row(at.make<CtrTextEdit>("text"), "ctr_text"); });
+  placeWithHost([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_group1").row(at.make<Untellable>("what"), "ctr_text").row(at.make<CtrTextEdit>("text"), "ctr_text");
+  });
   messenger->announce(kImport, 438);
   view->SetImportData(data());
   EXPECT_EQ(get<CtrTextEdit>("text").Text(), "t");
@@ -339,9 +348,11 @@ constexpr const char* kLong = "aParameterWithANameOfManyCharacters";
 const std::string kOther(100, 'x');
 
 TEST_F(DataWalkTest, ATagThatTheHostRewritesMeanwhileIsTakenWithTheNextWalk) {
-  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<CtrComboEdit>("combo"), (std::string("ctr_") + kLong).c_str()); });
+  placeWithHost(
+      [](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<CtrComboEdit>("combo"), (std::string("ctr_") + kLong).c_str()); });
   probeOn();
-  const Document doc = dataSet(parameterXml(kLong, "1"), "", std::string("<data:requestGroup name=\"g\"><data:includedParam name=\"") + kLong + "\"/></data:requestGroup>");
+  const Document doc = dataSet(parameterXml(kLong, "1"), "",
+                               std::string("<data:requestGroup name=\"g\"><data:includedParam name=\"") + kLong + "\"/></data:requestGroup>");
   calls.during("Log", [&] { get<CtrComboEdit>("combo").Tag("ctr_" + kOther); });
   view->SetOfflineData(doc);
   EXPECT_THAT(heard(), ElementsAre("combo.Tag = \"ctr_" + kOther + "\"", "combo.SetMappings nothing", "combo.ContextTag = \"g\"",

@@ -25,7 +25,8 @@ struct ErrorWalkTest : ViewBench {
         .row(at.make<CtrTextEdit>("unbound"), "a")
         .row(at.make<TextBox>("box"), "ctr_a");
   }
-  static Document error(const std::string& key, const std::string& items = itemXml("a", "") + itemXml("testStatus", ""), const std::string& name = "request") {
+  static Document error(const std::string& key, const std::string& items = itemXml("a", "") + itemXml("testStatus", ""),
+                        const std::string& name = "request") {
     return answer("name=\"" + name + "\"" + (key.empty() ? "" : " errorCode=\"" + key + "\""), items);
   }
   // The names of the edits that took the key.
@@ -49,7 +50,8 @@ TEST_F(ErrorWalkTest, SomeKeysStrikeTheTextEditsOfTheItems) {
 
 TEST_F(ErrorWalkTest, OthersStrikeTextComboDateAndOptionEdits) {
   placeWithHost(edits);
-  for (const char* key : {"communicationError", "errCommunicationError", "hartCmdErrSuspiciousCalibration", "hartCmdErrRecipeNotCalibratedOrPulpTypeNotAllowed"})
+  for (const char* key :
+       {"communicationError", "errCommunicationError", "hartCmdErrSuspiciousCalibration", "hartCmdErrRecipeNotCalibratedOrPulpTypeNotAllowed"})
     EXPECT_THAT(struck(key), ElementsAre("text", "combo", "date", "option")) << key;
 }
 
@@ -157,7 +159,10 @@ TEST_F(ErrorWalkTest, EachFailureIsReportedAndTheRestIsDone) {
 
 TEST_F(ErrorWalkTest, ATagThatTheHostRewritesMeanwhileCounts) {
   placeWithHost([](TestView& at, Form& form) {
-    at.frame(form, "key", "date_key").row(at.make<CtrTextEdit>("a"), "ctr_a").row(at.make<CtrTextEdit>("b"), "ctr_b").row(at.make<CtrTextEdit>("c"), "ctr_c");
+    at.frame(form, "key", "date_key")
+        .row(at.make<CtrTextEdit>("a"), "ctr_a")
+        .row(at.make<CtrTextEdit>("b"), "ctr_b")
+        .row(at.make<CtrTextEdit>("c"), "ctr_c");
   });
   calls.during("SetParameterStatus", [&] {
     get<CtrTextEdit>("b").Tag("ctr_a");  // behind the one that is struck, and for the same item
@@ -165,19 +170,23 @@ TEST_F(ErrorWalkTest, ATagThatTheHostRewritesMeanwhileCounts) {
   });
   probeOn();
   view->SetErrorData(error("missingItems", itemXml("a", "") + itemXml("b", "") + itemXml("c", "") + itemXml("d", "")));
-  EXPECT_THAT(probe.calls.take(), ElementsAre("a.handleError \"missingItems\"", "b.Tag = \"ctr_a\"", "c.Tag = \"ctr_d\"", "b.handleError \"missingItems\"", "c.handleError \"missingItems\""));
+  EXPECT_THAT(probe.calls.take(), ElementsAre("a.handleError \"missingItems\"", "b.Tag = \"ctr_a\"", "c.Tag = \"ctr_d\"",
+                                              "b.handleError \"missingItems\"", "c.handleError \"missingItems\""));
 }
 
 TEST_F(ErrorWalkTest, EachItemOfANameStrikesItsControls) {
   placeWithHost(edits);
   probeOn();
   view->SetErrorData(error("missingItems", itemXml("a", "") + itemXml("nobody", "") + itemXml("b", "") + itemXml("a", "")));
-  EXPECT_THAT(probe.calls.take(), ElementsAre("text.handleError \"missingItems\"", "other.handleError \"missingItems\"", "text.handleError \"missingItems\""));
+  EXPECT_THAT(probe.calls.take(),
+              ElementsAre("text.handleError \"missingItems\"", "other.handleError \"missingItems\"", "text.handleError \"missingItems\""));
 }
 
 TEST_F(ErrorWalkTest, AClassThatCannotBeToldCostsOneControl) {
   messenger->announce("modView setMessenger: ", 438);
-  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "ctr_a").row(at.make<CtrTextEdit>("text"), "ctr_a"); });
+  placeWithHost([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "ctr_a").row(at.make<CtrTextEdit>("text"), "ctr_a");
+  });
   messenger->announce(kError, 438);
   view->SetErrorData(error("missingItems", itemXml("a", "") + itemXml("b", "")));
   EXPECT_EQ(get<CtrTextEdit>("text").Error(), "missingItems");

@@ -47,7 +47,10 @@ TEST_F(LocalizeTest, AnEmptyTagKeepsTheDesignTimeCaption) {
 
 TEST_F(LocalizeTest, ATextBoxIsTranslatedByGetTextUnlessItShowsAValue) {
   place([](TestView& at, Form& form) {
-    at.frame(form, "key", "date_key").row(at.make<TextBox>("text"), "help").row(at.make<TextBox>("value"), "ctr_help").row(at.make<TextBox>("empty"), "");
+    at.frame(form, "key", "date_key")
+        .row(at.make<TextBox>("text"), "help")
+        .row(at.make<TextBox>("value"), "ctr_help")
+        .row(at.make<TextBox>("empty"), "");
   });
   view->Localize(table);
   EXPECT_EQ(get<TextBox>("text").Text(), "T:help");
@@ -56,7 +59,9 @@ TEST_F(LocalizeTest, ATextBoxIsTranslatedByGetTextUnlessItShowsAValue) {
 }
 
 TEST_F(LocalizeTest, AListsColumnsAreTranslatedByGetText) {
-  place([](TestView& at, Form& form) { at.frame(form, "key", "date_key").table(at.make<ListView>("list"), "list", {{"time", 1}, {"", 1}, {"event", 1}}, 1); });
+  place([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_key").table(at.make<ListView>("list"), "list", {{"time", 1}, {"", 1}, {"event", 1}}, 1);
+  });
   view->Localize(table);
   EXPECT_EQ(get<ListView>("list").Header(1), "T:time");
   EXPECT_EQ(get<ListView>("list").Header(2), "");
@@ -125,9 +130,7 @@ TEST_F(LocalizeTest, ATagThatTheHostRewritesMeanwhileIsNotReadAgain) {
         .row(at.make<TextBox>("box"), "anotherTagThatIsTooLongToBeKept")
         .table(at.make<ListView>("list"), "list", {{"aColumnsTagThatIsTooLongAsWell", 1}}, 1);
   });
-  calls.during("GetLabel", [&] {
-    calls.during("GetLabel", [&] { get<Label>("label").Tag(std::string(100, 'x')); });
-  });
+  calls.during("GetLabel", [&] { calls.during("GetLabel", [&] { get<Label>("label").Tag(std::string(100, 'x')); }); });
   calls.during("GetText", [&] {
     get<TextBox>("box").Tag(std::string(100, 'x'));
     calls.during("GetText", [&] { get<ListView>("list").HeaderTag(1, std::string(100, 'x')); });
@@ -148,7 +151,8 @@ TEST_F(LocalizeTest, AHostMayGiveItsTextTableUpMeanwhile) {
 
 TEST_F(LocalizeTest, AClassThatCannotBeToldCostsOneControl) {
   messenger->announce("modView setMessenger: ", 438);
-  placeWithHost([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "what").row(at.make<Label>("b"), "b"); });
+  placeWithHost(
+      [](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "what").row(at.make<Label>("b"), "b"); });
   messenger->announce(kLocalize, 438);
   view->Localize(table);
   EXPECT_EQ(get<Label>("what").Caption(), "");
@@ -211,7 +215,9 @@ TEST_F(SetMessengerTest, PlainKindsAndDateLabelsAreNotAsked) {
 }
 
 TEST_F(SetMessengerTest, AClassThatCannotBeToldCostsOneControl) {
-  place([](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "ctr_a").row(at.make<CtrTextEdit>("text"), "ctr_a"); });
+  place([](TestView& at, Form& form) {
+    at.frame(form, "key", "date_key").row(at.make<Untellable>("what"), "ctr_a").row(at.make<CtrTextEdit>("text"), "ctr_a");
+  });
   messenger->announce("modView setMessenger: ", 438);
   view->SetMessenger(messenger);
   EXPECT_EQ(messenger->listeners(), 2u) << "the view and the edit";

@@ -135,7 +135,9 @@ struct BladeDiagnostics : DiagnosticsBench<VwDiagnostics, BladeDiagnostics> {
 
   CtrTextEdit& value() { return get<CtrTextEdit>("cteLoopTest"); }
   void drive(const std::string& text) { value().type(text); }
-  static bool isStop(const std::string& line) { return line.starts_with("SendRequest \"loopTest\"") && line.find("<floatVal>0</floatVal>") != line.npos; }
+  static bool isStop(const std::string& line) {
+    return line.starts_with("SendRequest \"loopTest\"") && line.find("<floatVal>0</floatVal>") != line.npos;
+  }
   ListView& log(int category) { return get<ListView>("lsvEventLog(" + std::to_string(category) + ")"); }
   CheckBox& box(int index) { return get<CheckBox>("chkReset(" + std::to_string(index) + ")"); }
   CommandButton& reset() { return get<CommandButton>("cmdReset"); }
@@ -226,7 +228,8 @@ struct OpticalDiagnostics : DiagnosticsBench<VwDiagnosticsQX5, OpticalDiagnostic
   CtrTextEdit& channel(int index) { return get<CtrTextEdit>("cteLoopTest(" + std::to_string(index) + ")"); }
   void drive(const std::string& text) { channel(2).type(text); }
   static bool isStop(const std::string& line) {
-    return line.starts_with("SendRequestWithStatus \"stopping\"") && line.find("channel2LoopTestValue") != line.npos && line.find("<floatVal>0</floatVal>") != line.npos;
+    return line.starts_with("SendRequestWithStatus \"stopping\"") && line.find("channel2LoopTestValue") != line.npos &&
+           line.find("<floatVal>0</floatVal>") != line.npos;
   }
   void answers(int index, const std::string& value) {
     online("loopTest", itemXml("channel" + std::to_string(index) + "LoopTestValue", value, "floatVal"));

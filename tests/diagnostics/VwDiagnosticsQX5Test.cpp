@@ -54,7 +54,8 @@ TEST(VwDiagnosticsQX5Test, CaptionsOfTheDesignStandUntilItIsLocalized) {
   EXPECT_EQ(captions("lblSensorLimits", 5)[0], "L:limitWaterDLedLabel");
   EXPECT_EQ(captions("lblWaterValuesMinor", 2)[1], "L:waterFiltLabel");
   EXPECT_EQ(bench.get<Label>("lblTitle(2)").Caption(), "L:waterValues");
-  EXPECT_THAT(captions("lblWaterValues", 5), testing::ElementsAre("DLed", "ALed", "SLed", "ALaser", "SLaser")) << "they are called so in every language";
+  EXPECT_THAT(captions("lblWaterValues", 5), testing::ElementsAre("DLed", "ALed", "SLed", "ALaser", "SLaser"))
+      << "they are called so in every language";
 }
 
 TEST(VwDiagnosticsQX5Test, TheLimitBetweenRunningAndStoppedIsATenth) {

@@ -25,7 +25,8 @@ TEST_F(AnswerRoutesTest, TheOthersGetTheValuesAndNoVerdict) {
   PaperView& asker = view();
   PaperView& other = view();
   ask(asker, "laboratoryResults");
-  reply(answer("laboratoryResults", "read", {{"activeRecipe", "2"}, {"actionStatusOK", "1"}, {"sample1Quality", "0"}, {"sample1Deviation", "0.1"}, {"foreign", "1"}}));
+  reply(answer("laboratoryResults", "read",
+               {{"activeRecipe", "2"}, {"actionStatusOK", "1"}, {"sample1Quality", "0"}, {"sample1Deviation", "0.1"}, {"foreign", "1"}}));
   EXPECT_EQ(asker.take(),
             Lines{"SetOnlineData read laboratoryResults: activeRecipe=2 actionStatusOK=1 sample1Quality=0 sample1Deviation=0.1 foreign=1"});
   EXPECT_EQ(other.take(), Lines{"SetOnlineData read values more: activeRecipe=2"});
@@ -47,7 +48,10 @@ TEST_F(AnswerRoutesTest, AnErrorIsToldToWhoAsked) {
 TEST_F(AnswerRoutesTest, AReadingOfATestValueProvesNothing) {
   PaperView& paper = view();
   host.exchange().readParameters({"damping", "loopTestValue"});
-  host.exchange().submit("", "<communicationRequest name=\"loopTest\" access=\"read\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0);
+  host.exchange().submit(
+      "",
+      "<communicationRequest name=\"loopTest\" access=\"read\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal/></item></communicationRequest>",
+      {}, {}, 0, 0);
   while (!asked.empty()) reply(answer(host.communication().underWay()->name, "read", {{"loopTestValue", "0"}}));
   for (const std::string& line : paper.take()) EXPECT_EQ(line.find("loopTestValue"), line.npos) << line;
 }
@@ -58,8 +62,9 @@ TEST_F(AnswerRoutesTest, ReadingAPageIsNoCalibration) {
     host.exchange().readGroup(group);
     reply(answer(group, "read", {{"activeRecipe", "2"}}));
   }
-  EXPECT_EQ(paper.take(), (Lines{"SetOnlineData read laboratoryResults more: activeRecipe=2", "SetOnlineData read temperatureCalibration more: activeRecipe=2",
-                                 "SetOnlineData read activeRecipe: activeRecipe=2"}));
+  EXPECT_EQ(paper.take(),
+            (Lines{"SetOnlineData read laboratoryResults more: activeRecipe=2", "SetOnlineData read temperatureCalibration more: activeRecipe=2",
+                   "SetOnlineData read activeRecipe: activeRecipe=2"}));
   EXPECT_NE(host.dataSet()->lastUpdate("laboratoryResults").substr(0, 10), "17/12/2025") << "the group has been read all the same";
 }
 

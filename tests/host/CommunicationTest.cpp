@@ -11,7 +11,8 @@ using Lines = std::vector<std::string>;
 class CommunicationTest : public HostTest {
  protected:
   static std::string read(const std::string& name, const std::string& item) {
-    return "<communicationRequest name=\"" + name + "\" access=\"read\"><item name=\"" + item + "\" unit=\"noUnit\"><floatVal/></item></communicationRequest>";
+    return "<communicationRequest name=\"" + name + "\" access=\"read\"><item name=\"" + item +
+           "\" unit=\"noUnit\"><floatVal/></item></communicationRequest>";
   }
   static std::string write(const std::string& name, const std::string& item, const std::string& value) {
     return "<communicationRequest name=\"" + name + "\" access=\"write\"><item name=\"" + item + "\" unit=\"noUnit\"><floatVal>" + value +
@@ -167,7 +168,8 @@ TEST_F(CommunicationTest, LocalAcceptanceAnswersReadsFromTheDataSet) {
   paper.messenger->ReadRequest("<communicationRequest name=\"drive\" access=\"read\"/>", 0);
   desktop.wait(0);
   EXPECT_EQ(paper.take(), Lines{"SetOnlineData read drive local: speed=1.25 mode=1"});
-  paper.messenger->ReadRequest("<communicationRequest name=\"x\" access=\"read\"><item name=\"speed\"/><item name=\"none\"/></communicationRequest>", 0);
+  paper.messenger->ReadRequest("<communicationRequest name=\"x\" access=\"read\"><item name=\"speed\"/><item name=\"none\"/></communicationRequest>",
+                               0);
   desktop.wait(0);
   EXPECT_EQ(paper.take(), (Lines{"SetOnlineData read x local more: speed=1.25", "SetErrorData read x missingItems local: none"}));
 }

@@ -62,8 +62,8 @@ TEST_F(ConversationTest, TheActiveRecipeIsChangedAndConfirmed) {
   EXPECT_EQ(recipe.Text(), "recipe3");
   EXPECT_FALSE(recipe.Modified());
   EXPECT_EQ(host.dataSet()->value("activeRecipe"), "3");
-  EXPECT_EQ(diary.lines, (std::vector<std::string>{"queued activeRecipe", "sent activeRecipe", "answered activeRecipe <- write activeRecipe: activeRecipe=3",
-                                                   "finished activeRecipe done"}));
+  EXPECT_EQ(diary.lines, (std::vector<std::string>{"queued activeRecipe", "sent activeRecipe",
+                                                   "answered activeRecipe <- write activeRecipe: activeRecipe=3", "finished activeRecipe done"}));
 }
 
 TEST_F(ConversationTest, ARefusalReachesTheUser) {
@@ -103,7 +103,8 @@ TEST_F(ConversationTest, LiveValuesArriveWhileTheyAreInFront) {
   auto& list = dynamic_cast<ListView&>(*place->view()->GetControls().front());
   EXPECT_EQ(list.Count(), static_cast<int>(host.dataSet()->parametersOf("monitoringVariables").size()));
   EXPECT_EQ(host.dataSet()->lastUpdate("monitoringVariables").substr(0, 14), "05/01/2026 08:");
-  EXPECT_GT(std::count_if(diary.lines.begin(), diary.lines.end(), [](const std::string& line) { return line == "finished monitoringVariables done"; }), 4);
+  EXPECT_GT(
+      std::count_if(diary.lines.begin(), diary.lines.end(), [](const std::string& line) { return line == "finished monitoringVariables done"; }), 4);
 }
 
 TEST_F(ConversationTest, EveryGroupOfTheDataSetCanBeReadAndComparesEqual) {
@@ -155,7 +156,8 @@ TEST_F(ConversationTest, TheAuditFindsWhatDoesNotFit) {
   fitting.lookAtTree();
   EXPECT_EQ(fitting.views(), std::vector<std::string>{"VwMeasurement"});
   EXPECT_FALSE(subjects(fitting, Kind::ViewMissing).empty()) << "only the measurement views are linked here";
-  for (const Kind kind : {Kind::TagWithoutParameter, Kind::MappingMissing, Kind::UnitUnknown, Kind::TextMissing, Kind::FrameMissing, Kind::ErrorReported})
+  for (const Kind kind :
+       {Kind::TagWithoutParameter, Kind::MappingMissing, Kind::UnitUnknown, Kind::TextMissing, Kind::FrameMissing, Kind::ErrorReported})
     EXPECT_TRUE(subjects(fitting, kind).empty()) << subjects(fitting, kind).front();
   const auto unbound = subjects(fitting, Kind::ParameterUnbound);
   EXPECT_NE(std::find(unbound.begin(), unbound.end(), " lowerRangeValue"), unbound.end());
@@ -164,8 +166,9 @@ TEST_F(ConversationTest, TheAuditFindsWhatDoesNotFit) {
 
   BindingAudit asked(fresh);
   asked.look({"VwMeasurementQX5"});
-  EXPECT_EQ(subjects(asked, Kind::TagWithoutParameter),
-            (std::vector<std::string>{"VwMeasurementQX5 date_activeGrade", "VwMeasurementQX5 ctr_activeGrade", "VwMeasurementQX5 ctr_binaryInputGrade"}));
+  EXPECT_EQ(
+      subjects(asked, Kind::TagWithoutParameter),
+      (std::vector<std::string>{"VwMeasurementQX5 date_activeGrade", "VwMeasurementQX5 ctr_activeGrade", "VwMeasurementQX5 ctr_binaryInputGrade"}));
   EXPECT_EQ(refusalOf([&] { asked.look({"VwNothing"}); }).number, RuntimeError::BadArgument);
 }
 

@@ -144,8 +144,9 @@ TEST_F(DataSetTest, TellsAValueInItsOwnUnit) {
   const Ref<UnitService> units = UnitService::open(sourceData() / "units.xml");
   DataSet set = smallDataSet();
   const auto in = [&](const char* unit) {
-    const std::string xml = "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"><comm:communicationResponse name=\"drive\" access=\"read\"><comm:item name=\"speed\" unit=\"" +
-                            std::string(unit) + "\"><comm:floatVal>0.002</comm:floatVal></comm:item></comm:communicationResponse></comm:dtm>";
+    const std::string xml =
+        "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"><comm:communicationResponse name=\"drive\" access=\"read\"><comm:item name=\"speed\" unit=\"" +
+        std::string(unit) + "\"><comm:floatVal>0.002</comm:floatVal></comm:item></comm:communicationResponse></comm:dtm>";
     return set.takeAnswer(Document::read(xml), desktop.now(), units.get());
   };
   EXPECT_TRUE(in("kN").empty());

@@ -27,7 +27,8 @@ inline ErrorText refusalOf(const std::function<void()>& call) {
   return {};
 }
 
-inline const char* const kSmallDataSet = R"(<data:dtm xmlns:data="x-schema:TAVPersistentDataSchema.xml" xmlns:typeInfo="x-schema:TAVTypeInfoSchema.xml">
+inline const char* const kSmallDataSet =
+    R"(<data:dtm xmlns:data="x-schema:TAVPersistentDataSchema.xml" xmlns:typeInfo="x-schema:TAVTypeInfoSchema.xml">
   <typeInfo:internalInfo busCategory="HART" deviceType="test"/>
   <data:persistentData><data:parameters>
     <data:parameter name="speed" type="floatVal" value="1.25" offlineValue="" unit="N" decimals="1" minVal="0" maxVal="10" access="readWrite" synchronised="1"/>
@@ -65,10 +66,11 @@ inline std::string told(const Document& document) {
 // An answer in the form that `told` tells, made from its parts.
 inline Document answer(const std::string& name, const std::string& access, const std::vector<std::pair<std::string, std::string>>& items,
                        const std::string& more = "isFinal=\"1\"") {
-  std::string xml = "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"><comm:communicationResponse name=\"" + name + "\" access=\"" + access +
-                    "\" responseStatus=\"device\" " + more + ">";
+  std::string xml = "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"><comm:communicationResponse name=\"" + name + "\" access=\"" +
+                    access + "\" responseStatus=\"device\" " + more + ">";
   for (const auto& [item, value] : items)
-    xml += "<comm:item name=\"" + item + "\" unit=\"noUnit\">" + (value.empty() ? "" : "<comm:floatVal>" + value + "</comm:floatVal>") + "</comm:item>";
+    xml +=
+        "<comm:item name=\"" + item + "\" unit=\"noUnit\">" + (value.empty() ? "" : "<comm:floatVal>" + value + "</comm:floatVal>") + "</comm:item>";
   return Document::read(xml + "</comm:communicationResponse></comm:dtm>");
 }
 
@@ -106,7 +108,9 @@ class Diary : public HostObserver {
   }
   void requestRefused(const Request& r, const std::string& reason) override { add("refused " + r.name + ": " + reason); }
   void strayAnswer(const Document& a) override { add("stray " + told(a)); }
-  void progress(const std::string& text, int done, int total) override { add("progress \"" + text + "\" " + std::to_string(done) + "/" + std::to_string(total)); }
+  void progress(const std::string& text, int done, int total) override {
+    add("progress \"" + text + "\" " + std::to_string(done) + "/" + std::to_string(total));
+  }
   void errorReported(const std::string& view, const std::string& prefix, int number, const std::string&) override {
     add("error of " + view + ": " + prefix + std::to_string(number));
   }
@@ -114,7 +118,9 @@ class Diary : public HostObserver {
     add("unhandled of " + view + ": " + std::to_string(number) + " " + description);
   }
   void logged(const std::string&, char category, const std::string& text) override { add(std::string("log ") + category + " " + text); }
-  void messageShown(const std::string& view, const std::string& title, const std::string& message) override { add(view + " shows " + title + "/" + message); }
+  void messageShown(const std::string& view, const std::string& title, const std::string& message) override {
+    add(view + " shows " + title + "/" + message);
+  }
   void questionAsked(const std::string& view, const std::string& title, const std::string& message, int answer) override {
     add(view + " asks " + title + "/" + message + " -> " + std::to_string(answer));
   }

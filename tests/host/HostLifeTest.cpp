@@ -149,7 +149,8 @@ TEST_F(HostLifeTest, ANewViewHearsTheModeInForce) {
   host.setCommunicationMode(CommunicationMode::Busy);
   const Ref<ViewSite> site = host.views().place("Paper");
   host.views().open(*site, "a", DataPath::Import);
-  EXPECT_EQ(source.made.back()->take(), (Lines{"Place ", "SetMessenger", "Localize Accept", "SetSelectedView a", "SetImportData", "mode 10", "mode 20", "RequestFocus"}));
+  EXPECT_EQ(source.made.back()->take(),
+            (Lines{"Place ", "SetMessenger", "Localize Accept", "SetSelectedView a", "SetImportData", "mode 10", "mode 20", "RequestFocus"}));
 }
 
 TEST_F(HostLifeTest, LiveValuesAreReadWhileTheirFrameIsInFront) {
@@ -234,7 +235,8 @@ TEST_F(HostLifeTest, AViewThatIsReleasedWhileItIsAskedToLeaveMayStillStopItsTest
   PaperView& paper = view();
   const Ref<ViewSite> site = host.views().sites().front();
   const Ref<Messenger> kept = paper.messenger;
-  const char* const stop = "<communicationRequest name=\"drive\" access=\"write\"><item name=\"speed\" unit=\"N\"><floatVal>0</floatVal></item></communicationRequest>";
+  const char* const stop =
+      "<communicationRequest name=\"drive\" access=\"write\"><item name=\"speed\" unit=\"N\"><floatVal>0</floatVal></item></communicationRequest>";
   paper.during = [&](const std::string& call) {
     if (call != "LeaveSelectedView") return;
     host.views().release(*site);

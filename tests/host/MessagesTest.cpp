@@ -6,7 +6,8 @@ namespace ostrand::test {
 
 namespace {
 
-const char* const kFragment = R"(<communicationRequest name="sampling" access="write"><item name="sampleStart" unit="noUnit"><integerVal>0</integerVal></item></communicationRequest>)";
+const char* const kFragment =
+    R"(<communicationRequest name="sampling" access="write"><item name="sampleStart" unit="noUnit"><integerVal>0</integerVal></item></communicationRequest>)";
 
 TEST(Messages, WrapABareFragment) {
   const Document doc = readRequestText(kFragment, "");
@@ -26,13 +27,15 @@ TEST(Messages, TakeAWholeDocumentInAnyPrefix) {
 TEST(Messages, TheNameOfTheCallIsTheNameOfTheAnswer) { EXPECT_EQ(told(readRequestText(kFragment, "other")), "write other: sampleStart=0"); }
 
 TEST(Messages, WhatIsNoRequestIsAnError) {
-  for (const char* const text : {"", "no xml", "<a/>", "<dtm/>", "<communicationRequest name=\"a\" access=\"maybe\"/>", "<communicationRequest access=\"read\"/>",
-                                 "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"/>"})
+  for (const char* const text : {"", "no xml", "<a/>", "<dtm/>", "<communicationRequest name=\"a\" access=\"maybe\"/>",
+                                 "<communicationRequest access=\"read\"/>", "<comm:dtm xmlns:comm=\"x-schema:TAVCommunicationSchema.xml\"/>"})
     EXPECT_EQ(refusalOf([&] { readRequestText(text, ""); }).number, RuntimeError::BadArgument) << text;
 }
 
 TEST(Messages, ABlankBeforeAValueIsTolerated) {
-  const Document doc = readRequestText(R"(<communicationRequest name="f" access="write"><item name="formula1" unit="noUnit"> <integerVal>3</integerVal></item></communicationRequest>)", "");
+  const Document doc = readRequestText(
+      R"(<communicationRequest name="f" access="write"><item name="formula1" unit="noUnit"> <integerVal>3</integerVal></item></communicationRequest>)",
+      "");
   ASSERT_EQ(itemsOf(doc).size(), 1u);
   EXPECT_EQ(itemsOf(doc)[0].value, "3");
 }

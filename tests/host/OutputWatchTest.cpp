@@ -22,9 +22,7 @@ class OutputWatchTest : public HostTest {
     return xml + "</communicationRequest>";
   }
   std::string send(const std::string& xml) { return host.exchange().submit("", xml, {}, {}, 0, 0); }
-  void start(const std::string& item = "loopTestValue", const std::string& value = "12") {
-    ASSERT_EQ(send(write("loopTest", {{item, value}})), "");
-  }
+  void start(const std::string& item = "loopTestValue", const std::string& value = "12") { ASSERT_EQ(send(write("loopTest", {{item, value}})), ""); }
   // "loopTestValue confirmed": each watched output on a line.
   Lines forced() {
     Lines lines;
@@ -238,9 +236,13 @@ TEST_F(OutputWatchTest, TheStopOfASampleTakesThePlaceOfAStartThatWaits) {
   host.exchange().readAll();
   ASSERT_EQ(send(write("sampling", {{"sampleStart", "0"}})), "");
   host.setCommunicationMode(CommunicationMode::Busy);
-  ASSERT_EQ(host.exchange().submit("", "<communicationRequest name=\"sampling\" access=\"read\"><item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item>"
-                            "<item name=\"sample1ConsistencyAverage\" unit=\"%\"><floatVal/></item></communicationRequest>", {}, {}, 0, 0),
-            "") << "it is a stop already";
+  ASSERT_EQ(host.exchange().submit(
+                "",
+                "<communicationRequest name=\"sampling\" access=\"read\"><item name=\"sample1Deviation\" unit=\"noUnit\"><floatVal/></item>"
+                "<item name=\"sample1ConsistencyAverage\" unit=\"%\"><floatVal/></item></communicationRequest>",
+                {}, {}, 0, 0),
+            "")
+      << "it is a stop already";
   EXPECT_EQ(diary.lines.back(), "finished sampling withdrawn");
   EXPECT_FALSE(host.outputs().sampling());
 }
@@ -307,7 +309,8 @@ TEST_F(OutputWatchTest, BelowTheThirdLevelNothingIsWritten) {
   const std::string reason = "the user level does not allow to write";
   EXPECT_EQ(send(write("loopTest", {{"loopTestValue", "12"}})), reason);
   EXPECT_EQ(send(write("outputSignal", {{"damping", "2"}})), reason);
-  EXPECT_EQ(send("<communicationRequest name=\"sampleStart\" access=\"read\"><item name=\"sampleStart\"/></communicationRequest>"), reason) << "it starts a sample";
+  EXPECT_EQ(send("<communicationRequest name=\"sampleStart\" access=\"read\"><item name=\"sampleStart\"/></communicationRequest>"), reason)
+      << "it starts a sample";
   EXPECT_EQ(send("<communicationRequest name=\"outputSignal\" access=\"read\"><item name=\"damping\"/></communicationRequest>"), "");
 }
 

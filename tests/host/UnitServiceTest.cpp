@@ -59,7 +59,8 @@ TEST_F(UnitServiceTest, SaysWhatThereIsToChoose) {
 TEST_F(UnitServiceTest, ADamagedFileIsNamed) {
   const auto file = std::filesystem::temp_directory_path() / ("ostrandUnits" + std::to_string(::getpid()) + ".xml");
   for (const char* const text :
-       {"<other/>", "<units><quantity base='a'/></units>", "<units><quantity name='q' base='a'><unit key='a' factor='x' offset='0'/></quantity></units>",
+       {"<other/>", "<units><quantity base='a'/></units>",
+        "<units><quantity name='q' base='a'><unit key='a' factor='x' offset='0'/></quantity></units>",
         "<units><quantity name='q' base='a'><unit key='a' factor='0' offset='0'/></quantity></units>",
         "<units><quantity name='q' base='a'><unit key='a' factor='1' offset='0'/><unit key='a' factor='1' offset='0'/></quantity></units>",
         "<units><parameter name='p' quantity='q'/></units>", "<units"}) {

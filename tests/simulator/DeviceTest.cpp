@@ -49,9 +49,8 @@ TEST_F(DeviceTest, AnUnknownKindAndAnEmptyDataSet) {
 // No mappings, no limits, and values that no transmitter would hold.
 TEST_F(DeviceTest, ABadDataSetDoesNoHarm) {
   std::string parameters;
-  for (const char* name :
-       {"executeAction", "flushingInterval", "flushingTime", "flushingMode", "targetMode", "actualMode", "outputValue",
-        "activeRecipe", "laboratoryRecipe", "sampleStart", "recipe1Filler", "damping", "hartAddress", "eventLogInfoCount01"})
+  for (const char* name : {"executeAction", "flushingInterval", "flushingTime", "flushingMode", "targetMode", "actualMode", "outputValue",
+                           "activeRecipe", "laboratoryRecipe", "sampleStart", "recipe1Filler", "damping", "hartAddress", "eventLogInfoCount01"})
     parameters += "<data:parameter name=\"" + std::string(name) + "\" type=\"integerVal\" value=\"1e300\" access=\"readWrite\"/>";
   parameters += "<data:parameter name=\"consistency\" type=\"floatVal\" value=\"x\" access=\"read\"/><data:parameter/><data:parameter name='\"'/>";
   const Document dataSet = Document::read("<data:dtm xmlns:data=\"d\"><data:persistentData><data:parameters>" + parameters +

@@ -43,8 +43,8 @@ TEST_F(HartBladeTest, AnswersAReadWithUnitsAndTypes) {
 
 TEST_F(HartBladeTest, AnswersLongReadsInSteps) {
   const LocalTime start = desktop->now();
-  const auto all = ask(readOf({"consistency", "consistencyUnfiltered", "shearForce", "processTemperature", "electronicsTemperature",
-                               "outputCurrent", "outputPercent", "activeRecipe", "tag"}));
+  const auto all = ask(readOf({"consistency", "consistencyUnfiltered", "shearForce", "processTemperature", "electronicsTemperature", "outputCurrent",
+                               "outputPercent", "activeRecipe", "tag"}));
   ASSERT_EQ(all.size(), 3u);
   EXPECT_THAT(names(all[0].document), ElementsAre("consistency", "consistencyUnfiltered", "shearForce", "processTemperature"));
   EXPECT_THAT(names(all[2].document), ElementsAre("tag"));
@@ -193,9 +193,8 @@ TEST_F(HartBladeTest, EveryErrorHasItsText) {
   for (const char* language : {"en", "fi", "sv", "de"}) {
     const Document texts = Document::readFile(OSTRAND_SOURCE_DIR "/data/texts/" + std::string(language) + ".xml");
     for (const char* key : {"communicationError", "missingItems", "hartCmdErrCommandIsNotImplemented", "hartCmdErrAccessRestricted",
-                            "hartCmdErrParameterTooSmall", "hartCmdErrParameterTooLarge", "hartCmdErrInWriteProtectMode",
-                            "hartCmdErrSpanTooSmall", "hartCmdErrInvalidSelection",
-                            "hartCmdErrRecipeNotCalibratedOrPulpTypeNotAllowed", "hartCmdErrSuspiciousCalibration"})
+                            "hartCmdErrParameterTooSmall", "hartCmdErrParameterTooLarge", "hartCmdErrInWriteProtectMode", "hartCmdErrSpanTooSmall",
+                            "hartCmdErrInvalidSelection", "hartCmdErrRecipeNotCalibratedOrPulpTypeNotAllowed", "hartCmdErrSuspiciousCalibration"})
       EXPECT_TRUE(texts.select("/texts/text[@key='" + std::string(key) + "']")) << language << " " << key;
   }
 }
@@ -354,9 +353,9 @@ TEST_F(HartBladeTest, RefusesASuspiciousCalibration) {
   EXPECT_EQ(laboratory(0, 0, "1", 1), key);
   desktop->advance(200);
   takeSample(2, 60);
-  const auto falling = ask(writeOf("laboratoryResults", item("sampleFiller", "2") + item("laboratoryValue1", "3.6") +
-                                                            item("laboratoryValue2", "1.2") + item("calibrationType", "3") +
-                                                            item("laboratoryRecipe", "1")));
+  const auto falling =
+      ask(writeOf("laboratoryResults", item("sampleFiller", "2") + item("laboratoryValue1", "3.6") + item("laboratoryValue2", "1.2") +
+                                           item("calibrationType", "3") + item("laboratoryRecipe", "1")));
   EXPECT_EQ(errorOf(falling), key);
   EXPECT_EQ(falling.size(), 1u) << "nothing of it is echoed before";
   EXPECT_THAT(names(falling.back().document), ElementsAre("laboratoryValue1", "laboratoryValue2"));

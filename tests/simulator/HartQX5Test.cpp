@@ -44,7 +44,8 @@ TEST_F(HartQX5Test, EachChannelDrivesAnOutputOfItsOwn) {
   const struct {
     const char* variable;
     double lower, upper;
-  } channels[] = {{"consistency", 0, 2}, {"ash", 0, 1}, {"floc", 0, 10}, {"ashPercent", 0, 50}, {"totalRetention", 50, 100}, {"fillerRetention", 0, 100}};
+  } channels[] = {{"consistency", 0, 2},      {"ash", 0, 1}, {"floc", 0, 10}, {"ashPercent", 0, 50}, {"totalRetention", 50, 100},
+                  {"fillerRetention", 0, 100}};
   for (int i = 0; i < 6; ++i) {
     const auto& [variable, lower, upper] = channels[i];
     EXPECT_NEAR(number(channel(i, "OutputCurrent").c_str()), 4 + 16 * (number(variable) - lower) / (upper - lower), 0.2) << variable;

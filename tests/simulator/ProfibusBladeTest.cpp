@@ -76,8 +76,9 @@ TEST_F(ProfibusBladeTest, AnswersFasterAndInLargerSteps) {
 
 TEST_F(ProfibusBladeTest, TheActionStatusComesInOnePiece) {
   EXPECT_EQ(write("activeRecipe", item("activeRecipe", "2")), "");
-  const auto all = ask("<?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"activeRecipe\" "
-                       "access=\"read\"><item name=\"actionStatus\" unit=\"noUnit\"/></communicationRequest></dtm>");
+  const auto all =
+      ask("<?xml version=\"1.0\"?><dtm xmlns=\"x-schema:TAVCommunicationSchema.xml\"><communicationRequest name=\"activeRecipe\" "
+          "access=\"read\"><item name=\"actionStatus\" unit=\"noUnit\"/></communicationRequest></dtm>");
   ASSERT_EQ(all.size(), 1u);
   EXPECT_EQ(names(all[0].document), simulator::ActionStatus::names());
   EXPECT_EQ(all[0].document.selectText("//comm:item[@name='actionStatusOK']/comm:integerVal"), "1");
@@ -402,7 +403,9 @@ TEST_F(ProfibusBladeTest, ALoopTestDrivesTheOutput) {
 
 TEST_F(ProfibusBladeTest, ASimulationTakesThePlaceOfTheMeasurement) {
   EXPECT_EQ(value("outputLimit"), "0");
-  ASSERT_EQ(write("simulation", item("simulation", "1") + item("simulationValue", "2.5") + item("simulationQuality", "1") + item("simulationLimit", "2")), "");
+  ASSERT_EQ(
+      write("simulation", item("simulation", "1") + item("simulationValue", "2.5") + item("simulationQuality", "1") + item("simulationLimit", "2")),
+      "");
   EXPECT_EQ(value("consistency"), "2.5");
   EXPECT_EQ(value("outputValue"), "2.5");
   EXPECT_EQ(value("outputQuality"), "1");

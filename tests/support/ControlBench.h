@@ -18,9 +18,8 @@ template <class T>
 class ControlBench : public testing::Test {
  protected:
   ControlBench() {
-    view = TestView::place(desktop, [](TestView& at, Form& form) {
-      at.frame(form, "key", "date_key").row(at.make<Label>("lblX"), "x", at.make<T>("ctlX"), "ctr_x");
-    });
+    view = TestView::place(
+        desktop, [](TestView& at, Form& form) { at.frame(form, "key", "date_key").row(at.make<Label>("lblX"), "x", at.make<T>("ctlX"), "ctr_x"); });
     edit().changed.connect([this] { ++signals; });
   }
   ~ControlBench() override {

@@ -11,18 +11,24 @@ inline Node parameterNode(const std::string& attributes) { return Document::read
 
 // A comm:item by itself.
 inline Node itemNode(const std::string& name, const char* element, const std::string& value, const std::string& attributes = {}) {
-  return Document::read("<comm:item name=\"" + name + "\" " + attributes + "><comm:" + element + ">" + value + "</comm:" + element + "></comm:item>").root();
+  return Document::read("<comm:item name=\"" + name + "\" " + attributes + "><comm:" + element + ">" + value + "</comm:" + element + "></comm:item>")
+      .root();
 }
 
-inline Node mappingNode(const std::string& entries) { return Document::read("<data:mappedParam name=\"any\">" + entries + "</data:mappedParam>").root(); }
+inline Node mappingNode(const std::string& entries) {
+  return Document::read("<data:mappedParam name=\"any\">" + entries + "</data:mappedParam>").root();
+}
 
-inline std::string choice(const std::string& value, const std::string& key) { return "<data:mappedItem value=\"" + value + "\" key=\"" + key + "\"/>"; }
+inline std::string choice(const std::string& value, const std::string& key) {
+  return "<data:mappedItem value=\"" + value + "\" key=\"" + key + "\"/>";
+}
 
 // A data set of these parts.
-inline Document dataSet(const std::string& parameters, const std::string& mappings = {}, const std::string& groups = {}, const std::string& category = "HART") {
+inline Document dataSet(const std::string& parameters, const std::string& mappings = {}, const std::string& groups = {},
+                        const std::string& category = "HART") {
   return Document::read("<data:dtm><typeInfo:internalInfo busCategory=\"" + category + "\"/><data:persistentData><data:parameters>" + parameters +
-                        "</data:parameters></data:persistentData><data:mappedParams>" + mappings +
-                        "</data:mappedParams><data:requestGroups>" + groups + "</data:requestGroups></data:dtm>");
+                        "</data:parameters></data:persistentData><data:mappedParams>" + mappings + "</data:mappedParams><data:requestGroups>" +
+                        groups + "</data:requestGroups></data:dtm>");
 }
 
 inline std::string parameterXml(const std::string& name, const std::string& value, const std::string& rest = "type=\"stringVal\"") {

@@ -54,7 +54,9 @@ void FakeMessenger::raiseGetChanges(int changesMode) {
   raise([&](MessengerEvents& listener) { listener.ViewGetChanges(changesMode); });
 }
 
-void FakeMessenger::SendRequest(const std::string& xml, const std::string& name) { calls.arrive("SendRequest", line("SendRequest", name) + " | " + xml); }
+void FakeMessenger::SendRequest(const std::string& xml, const std::string& name) {
+  calls.arrive("SendRequest", line("SendRequest", name) + " | " + xml);
+}
 
 void FakeMessenger::ReadRequest(const std::string& xml, int zero) { calls.arrive("ReadRequest", line("ReadRequest", zero) + " | " + xml); }
 
@@ -95,9 +97,15 @@ int FakeMessenger::AskUser(const std::string& title, const std::string& message)
   return answer;
 }
 
-void FakeMessenger::ShowMessage(const std::string& title, const std::string& message) { calls.arrive("ShowMessage", line("ShowMessage", title, message)); }
-void FakeMessenger::SetStatusLine(const std::string& text, const std::string& code) { calls.arrive("SetStatusLine", line("SetStatusLine", text, code)); }
-void FakeMessenger::SetProgress(const std::string& text, int first, int second) { calls.arrive("SetProgress", line("SetProgress", text, first, second)); }
+void FakeMessenger::ShowMessage(const std::string& title, const std::string& message) {
+  calls.arrive("ShowMessage", line("ShowMessage", title, message));
+}
+void FakeMessenger::SetStatusLine(const std::string& text, const std::string& code) {
+  calls.arrive("SetStatusLine", line("SetStatusLine", text, code));
+}
+void FakeMessenger::SetProgress(const std::string& text, int first, int second) {
+  calls.arrive("SetProgress", line("SetProgress", text, first, second));
+}
 void FakeMessenger::FocusOut() { calls.arrive("FocusOut", "FocusOut"); }
 
 void FakeMessenger::ReportError(const std::string& prefix, int number, const std::string& description) {

@@ -16,8 +16,7 @@ namespace ostrand::test {
 // fails when the messenger ends.
 class FakeMessenger : public FakeObject<Messenger> {
  public:
-  explicit FakeMessenger(FakeCalls& record)
-      : calls(record), textTable(new FakeTextTable(record)), converter(new FakeUnitConverter(record)) {}
+  explicit FakeMessenger(FakeCalls& record) : calls(record), textTable(new FakeTextTable(record)), converter(new FakeUnitConverter(record)) {}
 
   FakeCalls& calls;
   Ref<FakeTextTable> textTable;
@@ -27,8 +26,8 @@ class FakeMessenger : public FakeObject<Messenger> {
   int userLevel = 3;
   int mode = 11;
   bool maximizeAllowed = true;
-  std::deque<int> answers;     // of AskUser; 4 when none is left
-  std::deque<bool> accepted;   // of SendRequestWithStatus; true when none is left
+  std::deque<int> answers;    // of AskUser; 4 when none is left
+  std::deque<bool> accepted;  // of SendRequestWithStatus; true when none is left
 
   // The next report that has not been announced yet has this prefix and number.
   void announce(const std::string& prefix, int number);
@@ -49,8 +48,8 @@ class FakeMessenger : public FakeObject<Messenger> {
   bool SendRequestWithStatus(const std::string& xml, const std::string& statusKey, int first, int second) override;
   int GetCommunicationMode() override;
   void SetParameterStatus(const std::string& name, const std::string& word) override;
-  int AddChange(const std::string& name, const std::string& caption, const std::string& oldText, const std::string& newText,
-                const std::string& unit, const std::string& type, const std::string& contextTag) override;
+  int AddChange(const std::string& name, const std::string& caption, const std::string& oldText, const std::string& newText, const std::string& unit,
+                const std::string& type, const std::string& contextTag) override;
   void ForwardValue(const std::string& tag, const std::string& value) override;
   Ref<IAddressService> GetAddressService() override;
   Ref<IUnitConverter> GetUnitConverter() override;

@@ -23,7 +23,7 @@ class FakeNested : public Component, public ITaviView, public ITaviDataUser, pub
   static constexpr std::string_view kClassName = "FakeNested";
   FakeCalls calls;
   ControlCollection none;
-  std::string selected;      // what GetSelectedView answers, unless it takes the key
+  std::string selected;  // what GetSelectedView answers, unless it takes the key
   bool takesEveryKey = false;
 
   const ControlCollection& GetControls() override { return none; }

@@ -37,9 +37,8 @@ class FakeUnitConverter : public FakeObject<IUnitConverter> {
     double offset;
   };
   const std::map<std::string, Unit> mUnits{
-      {"degC", {'t', 1, 0}},   {"degF", {'t', 5.0 / 9.0, -160.0 / 9.0}}, {"K", {'t', 1, -273.15}},
-      {"Nm", {'m', 1, 0}},     {"kNm", {'m', 1000, 0}},                  {"ftlbf", {'m', 1.3558179483314, 0}},
-      {"s", {'s', 1, 0}},      {"min", {'s', 60, 0}},
+      {"degC", {'t', 1, 0}},   {"degF", {'t', 5.0 / 9.0, -160.0 / 9.0}}, {"K", {'t', 1, -273.15}}, {"Nm", {'m', 1, 0}},
+      {"kNm", {'m', 1000, 0}}, {"ftlbf", {'m', 1.3558179483314, 0}},     {"s", {'s', 1, 0}},       {"min", {'s', 60, 0}},
   };
   FakeCalls& mCalls;
 };

@@ -42,13 +42,13 @@ class TestView : public View {
     throw RuntimeError(RuntimeError::BadArgument, "no control " + std::string(name));
   }
 
+  using View::ctrDateLabels;
   using View::enableByLevel;
   using View::followMode;
   using View::frame;
   using View::frmViews;
-  using View::ctrDateLabels;
-  using View::leaveByTab;
   using View::lblTitle;
+  using View::leaveByTab;
   using View::mFocusOn;
   using View::mMessenger;
   using View::mViews;

@@ -80,39 +80,59 @@ const std::map<std::string, Table>& tables() {
   static const Table identification = frame(0, "identification", "identification", "identification");
   static const Table transmitter = frame(1, "transmitter", "transmitter", "transmitter");
   static const Table profibus = Table{row("cteTransmitter(0)", "manufacturer"), row("cce_transmitter(0)", "deviceType")} +
-                                rows("cteTransmitter", 1, {"sensorSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "swRevision", "hwRevision",
-                                                           "profileRevision", "deviceCertification"});
-  static const Table hart = Table{row("cteTransmitter(0)", "manufacturer"), row("cceTransmitter", "deviceType")} +
-                            rows("cteTransmitter", 1, {"sensorSerialNumber", "universalCmdRevision<universalCommandRevision", "transmitterCommandRevision",
-                                                       "swRevision", "hwRevision"});
+                                rows("cteTransmitter", 1,
+                                     {"sensorSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "swRevision", "hwRevision",
+                                      "profileRevision", "deviceCertification"});
+  static const Table hart =
+      Table{row("cteTransmitter(0)", "manufacturer"), row("cceTransmitter", "deviceType")} +
+      rows("cteTransmitter", 1,
+           {"sensorSerialNumber", "universalCmdRevision<universalCommandRevision", "transmitterCommandRevision", "swRevision", "hwRevision"});
   static const std::map<std::string, Table> all{
       {"VwInformationP", identification + rows("cteIdentification", 0, {"tag", "description", "message"}) + Table{row("CtrDateEdit1", "deviceDate")} +
                              transmitter + profibus},
-      {"VwInformationH", identification + rows("cteIdentification", 0, {"tag", "description", "message"}) + Table{row("CtrDateEdit1", "deviceDate", "date")} +
-                             transmitter + hart + rows("cteTransmitter", 6, {"deviceCode", "finalAssemblyNumber"})},
+      {"VwInformationH", identification + rows("cteIdentification", 0, {"tag", "description", "message"}) +
+                             Table{row("CtrDateEdit1", "deviceDate", "date")} + transmitter + hart +
+                             rows("cteTransmitter", 6, {"deviceCode", "finalAssemblyNumber"})},
       {"VwInformationP2", identification + rows("cteIdentification", 0, {"sensorTag", "displayTag", "description", "message"}) +
-                              Table{row("CtrDateEdit1", "deviceDate")} + transmitter + profibus + rows("cteTransmitter", 8, {"fbiBoardSerialNumber"})},
+                              Table{row("CtrDateEdit1", "deviceDate")} + transmitter + profibus +
+                              rows("cteTransmitter", 8, {"fbiBoardSerialNumber"})},
       {"VwInformationQX5", identification + rows("cteIdentification", 0, {"tag", "description", "message"}) +
                                Table{row("CtrDateEdit1", "deviceDate", "date"), row("cteIdentification(3)", "longTag")} + transmitter + hart +
                                rows("cteTransmitter", 6, {"finalAssemblyNumber"})},
       {"VwInformationGYREP",
-       identification + rows("cteIdentification", 0, {"sensorTag", "displayTag", "description", "message"}) + Table{row("cdeIdentification", "deviceDate")} +
-           transmitter + rows("cceTransmitter", 0, {"manufacturer", "deviceType"}) +
-           rows("cteTransmitter", 0, {"deviceCode", "finalAssemblyNumber", "sensorSerialNumber", "sensorHWRevision", "sensorSWRevision", "tcuSerialNumber",
-                                      "tcuHWRevision", "tcuSWRevision", "fbiBoardSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "profileRevision",
-                                      "deviceCertification"})},
+       identification + rows("cteIdentification", 0, {"sensorTag", "displayTag", "description", "message"}) +
+           Table{row("cdeIdentification", "deviceDate")} + transmitter + rows("cceTransmitter", 0, {"manufacturer", "deviceType"}) +
+           rows(
+               "cteTransmitter", 0,
+               {"deviceCode", "finalAssemblyNumber", "sensorSerialNumber", "sensorHWRevision", "sensorSWRevision", "tcuSerialNumber", "tcuHWRevision",
+                "tcuSWRevision", "fbiBoardSerialNumber", "fbiHardwareRevision", "fbiSoftwareRevision", "profileRevision", "deviceCertification"})},
       {"VwOperation",
        frame(0, "simulation", "simulation", "simulation") +
            Table{row("cceSimulation(2)", "simulation"), row("cteSimulation(0)", "simulationValue"), row("cceSimulation(3)", "simulationQuality"),
-                 row("cceSimulation(4)", "simulationLimit"), row("cceSimulation(0)", "targetMode"), row("cceSimulation(1)", "actualMode"), "frmViews(1) ",
-                 "Frame2 moduleSelection", "labels moduleSelection", "ctrDateLabels(1) date_moduleSelection", "CtrModuleSelection1 moduleSelection"}},
-      {"VwDiagnostics",
-       Table{"frmViews(0) deviceStatus", "labels statusTree", "ctrDateLabels(1) date_deviceStatus", "CtrStatus1 deviceStatus", "frmViews(1) loopTest",
-             "labels loopTest", "ctrDateLabels(0) date_loopTest", "cteLoopTest ctr_loopTestValue < loopTestValue", "cmdLoopTest startTest",
-             "cmdStopLoopTest stop", "frmViews(2) eventLog", "labels eventLog", "ctrDateLabels(2) date_eventLog", "lsvEventLog(0) eventLogError |eventLogErrorEvent | |count|",
-             "lsvEventLog(1) eventLogWarning |eventLogWarningEvent | |count|", "lsvEventLog(2) eventLogInfo |eventLogInfoEvent | |count|",
-             "frmViews(3) resetingEventLog", "chkReset(0) resetErrorEventLog < resetingEventLog", "chkReset(1) resetWarningEventLog",
-             "chkReset(3) resetInfoEventLog", "cmdReset reset"}},
+                 row("cceSimulation(4)", "simulationLimit"), row("cceSimulation(0)", "targetMode"), row("cceSimulation(1)", "actualMode"),
+                 "frmViews(1) ", "Frame2 moduleSelection", "labels moduleSelection", "ctrDateLabels(1) date_moduleSelection",
+                 "CtrModuleSelection1 moduleSelection"}},
+      {"VwDiagnostics", Table{"frmViews(0) deviceStatus",
+                              "labels statusTree",
+                              "ctrDateLabels(1) date_deviceStatus",
+                              "CtrStatus1 deviceStatus",
+                              "frmViews(1) loopTest",
+                              "labels loopTest",
+                              "ctrDateLabels(0) date_loopTest",
+                              "cteLoopTest ctr_loopTestValue < loopTestValue",
+                              "cmdLoopTest startTest",
+                              "cmdStopLoopTest stop",
+                              "frmViews(2) eventLog",
+                              "labels eventLog",
+                              "ctrDateLabels(2) date_eventLog",
+                              "lsvEventLog(0) eventLogError |eventLogErrorEvent | |count|",
+                              "lsvEventLog(1) eventLogWarning |eventLogWarningEvent | |count|",
+                              "lsvEventLog(2) eventLogInfo |eventLogInfoEvent | |count|",
+                              "frmViews(3) resetingEventLog",
+                              "chkReset(0) resetErrorEventLog < resetingEventLog",
+                              "chkReset(1) resetWarningEventLog",
+                              "chkReset(3) resetInfoEventLog",
+                              "cmdReset reset"}},
       {"VwDiagnosticsQX5",
        frame(0, "loopTest", "loopTest", "loopTest") +
            Table{"cteLoopTest(0) ctr_channel0LoopTestValue < channel loopTestValue consistency", "cteLoopTest(1) ctr_channel1LoopTestValue < ash",

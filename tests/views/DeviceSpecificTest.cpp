@@ -17,7 +17,8 @@ namespace {
 
 std::vector<Ref<DeviceSpecific>> families(Desktop& desktop) {
   std::vector<Ref<DeviceSpecific>> all;
-  for (DeviceSpecific* const each : std::initializer_list<DeviceSpecific*>{new CtrDeviceSpecific, new CtrDeviceSpecifcFjell, new CtrDeviceSpecificGYRE, new CtrDeviceSpecificQX5}) {
+  for (DeviceSpecific* const each : std::initializer_list<DeviceSpecific*>{new CtrDeviceSpecific, new CtrDeviceSpecifcFjell,
+                                                                           new CtrDeviceSpecificGYRE, new CtrDeviceSpecificQX5}) {
     all.emplace_back(each);
     all.back()->Place(desktop, nullptr, "");
   }

@@ -48,10 +48,12 @@ struct MeasurementBench : testing::Test {
     return all;
   }
   static Document data(const std::string& category = "HART", const std::string& value = "1") {
-    return dataSet(parameterXml("activeRecipe", value, "type=\"integerVal\" access=\"readWrite\"") + parameterXml("activeGrade", "grade1") +
-                       parameterXml("binaryInputGrade", "1"),
-                   "<data:mappedParam name=\"activeRecipe\">" + choice("1", "recipe1") + choice("2", "recipe2") + "</data:mappedParam>",
-                   "<data:requestGroup name=\"activeRecipe\" lastUpdate=\"01/02/2025 03:04:05\"><data:includedParam name=\"activeRecipe\"/></data:requestGroup>", category);
+    return dataSet(
+        parameterXml("activeRecipe", value, "type=\"integerVal\" access=\"readWrite\"") + parameterXml("activeGrade", "grade1") +
+            parameterXml("binaryInputGrade", "1"),
+        "<data:mappedParam name=\"activeRecipe\">" + choice("1", "recipe1") + choice("2", "recipe2") + "</data:mappedParam>",
+        "<data:requestGroup name=\"activeRecipe\" lastUpdate=\"01/02/2025 03:04:05\"><data:includedParam name=\"activeRecipe\"/></data:requestGroup>",
+        category);
   }
   // The two lines of the mapping search that a data set without mappings costs are of no interest here.
   std::vector<std::string> take() {
@@ -74,7 +76,8 @@ struct VwMeasurementTest : MeasurementBench<VwMeasurement> {
   CommandButton& button() { return get<CommandButton>("cmdActiveRecipeSetButton"); }
   static std::string download(const std::string& value) {
     return "DTMGUIDownload \"activeRecipe\" 1 | <communicationRequest name=\"activeRecipe\" access=\"write\"><item name=\"activeRecipe\" unit=\"noUnit\">"
-           "<integerVal>" + value + "</integerVal></item></communicationRequest>";
+           "<integerVal>" +
+           value + "</integerVal></item></communicationRequest>";
   }
 };
 
@@ -144,7 +147,8 @@ TEST_F(VwMeasurementTest, WithoutAValidRecipeNothingIsSent) {
   button().click();
   view->SetOfflineData(data("HART", "9"));
   button().click();
-  EXPECT_THAT(take(), ElementsAre(R"(ShowMessage "informationError" "pleaseCheckTheValues")", R"(ShowMessage "informationError" "pleaseCheckTheValues")"));
+  EXPECT_THAT(take(),
+              ElementsAre(R"(ShowMessage "informationError" "pleaseCheckTheValues")", R"(ShowMessage "informationError" "pleaseCheckTheValues")"));
 }
 
 TEST_F(VwMeasurementTest, ThisValueIsNotCollected) {
@@ -169,7 +173,8 @@ TEST_F(VwMeasurementTest, AnUnknownCategoryIsToldAndTheMissingStrategyReported) 
 
 TEST_F(VwMeasurementTest, TheChannelItemReachesNobody) {
   view->SetOfflineData(data());
-  const Document doc = answer("name=\"x\" responseStatus=\"ok\"", itemXml("mChannel", "1") + itemXml("activeRecipe", "2", "integerVal") + itemXml("mChannel", "2"));
+  const Document doc =
+      answer("name=\"x\" responseStatus=\"ok\"", itemXml("mChannel", "1") + itemXml("activeRecipe", "2", "integerVal") + itemXml("mChannel", "2"));
   view->SetOnlineData(doc);
   EXPECT_EQ(doc.selectAll("//comm:item[@name='mChannel']").size(), 1u) << "the first is taken out of the document";
   EXPECT_EQ(combo().Text(), "recipe2");
@@ -191,7 +196,8 @@ TEST_F(VwMeasurementTest, EachFailingStatementOfTheClickIsReported) {
   calls.fail("DTMGUIDownload");
   messenger->announce(kClick, 440);
   button().click();
-  EXPECT_THAT(take(), ElementsAre(download("1"), testing::StartsWith("ReportError"), testing::StartsWith("ReadRequest"))) << "the poll goes out all the same";
+  EXPECT_THAT(take(), ElementsAre(download("1"), testing::StartsWith("ReportError"), testing::StartsWith("ReadRequest")))
+      << "the poll goes out all the same";
 }
 
 TEST_F(VwMeasurementTest, MayBeReleasedDuringTheWaitOfItsClick) {
@@ -247,9 +253,13 @@ TEST_F(VwMeasurementGYRETest, HasNoButtonAndNoStrategy) {
 }
 
 TEST_F(VwMeasurementGYRETest, AfterAWriteItAsksWhetherTheRecipeIsCalibrated) {
-  for (const char* attributes : {"name=\"activeRecipe\" access=\"write\"", "name=\"myactiveRecipes\" access=\"write\"", "name=\"activeRecipeStatus\" access=\"read\""})
-    EXPECT_THAT(online(attributes), ElementsAre(testing::StartsWith("Log 68 \"Sending <?xml"), "SendRequestWithStatus \"reading\" 2 1 | " + kStatusRequest)) << attributes;
-  for (const char* attributes : {"name=\"activeRecipe\" access=\"read\"", "name=\"other\" access=\"write\"", "name=\"activerecipe\" access=\"write\""})
+  for (const char* attributes :
+       {"name=\"activeRecipe\" access=\"write\"", "name=\"myactiveRecipes\" access=\"write\"", "name=\"activeRecipeStatus\" access=\"read\""})
+    EXPECT_THAT(online(attributes),
+                ElementsAre(testing::StartsWith("Log 68 \"Sending <?xml"), "SendRequestWithStatus \"reading\" 2 1 | " + kStatusRequest))
+        << attributes;
+  for (const char* attributes :
+       {"name=\"activeRecipe\" access=\"read\"", "name=\"other\" access=\"write\"", "name=\"activerecipe\" access=\"write\""})
     EXPECT_THAT(online(attributes), IsEmpty()) << attributes;
 }
 
@@ -257,7 +267,8 @@ TEST_F(VwMeasurementGYRETest, WarnsOfARecipeThatIsNotCalibrated) {
   view->SetOfflineData(data());
   take();
   constexpr const char* kStatus = "name=\"activeRecipeStatus\" access=\"read\"";
-  EXPECT_THAT(online(kStatus, itemXml("activeRecipeCalibrated", "0", "integerVal")), ElementsAre(R"(ShowMessage "recipe1" "actionStatusRecipeNotCalibrated")"));
+  EXPECT_THAT(online(kStatus, itemXml("activeRecipeCalibrated", "0", "integerVal")),
+              ElementsAre(R"(ShowMessage "recipe1" "actionStatusRecipeNotCalibrated")"));
   EXPECT_THAT(online(kStatus, itemXml("activeRecipeCalibrated", "1", "integerVal")), IsEmpty());
 }
 

@@ -178,7 +178,8 @@ class WindowBench : public testing::Test {
     for (int i = 0; i < row; ++i) press(Qt::Key_Down);
   }
   void grab(const std::string& name) {
-    if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->grab().save(QString::fromStdString(std::string(folder) + "/" + name + ".png"));
+    if (const char* const folder = std::getenv("OSTRAND_PICTURES"))
+      window->grab().save(QString::fromStdString(std::string(folder) + "/" + name + ".png"));
   }
 
  private:

@@ -143,16 +143,11 @@ QVariant ConversationLog::data(const QModelIndex& index, int role) const {
         return qt(time.substr(time.find(' ') + 1));
       }
       return index.column() == What ? shownWord(line.kind) : qt(line.text);
-    case Qt::ToolTipRole:
-      return line.view.empty() ? QString() : qt(line.view);
-    case KindRole:
-      return static_cast<int>(line.kind);
-    case PlainRole:
-      return plain(line);
-    case XmlRole:
-      return qt(line.xml);
-    default:
-      return {};
+    case Qt::ToolTipRole: return line.view.empty() ? QString() : qt(line.view);
+    case KindRole: return static_cast<int>(line.kind);
+    case PlainRole: return plain(line);
+    case XmlRole: return qt(line.xml);
+    default: return {};
   }
 }
 

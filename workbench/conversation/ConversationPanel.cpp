@@ -149,7 +149,8 @@ void ConversationPanel::restyle() {
   fit();
   mList->header()->resizeSection(ConversationLog::Time, metrics.horizontalAdvance(QStringLiteral("00:00:00.000")) + 56);
   int widest = 0;
-  for (int i = 0; i < ConversationLog::kKinds; ++i) widest = std::max(widest, metrics.horizontalAdvance(mLog.shownWord(static_cast<ConversationLog::Kind>(i))));
+  for (int i = 0; i < ConversationLog::kKinds; ++i)
+    widest = std::max(widest, metrics.horizontalAdvance(mLog.shownWord(static_cast<ConversationLog::Kind>(i))));
   mList->header()->resizeSection(ConversationLog::What, widest + 24);
 }
 

@@ -13,10 +13,22 @@ namespace {
 
 Kind kindOf(const std::string& call) {
   static const std::map<std::string, Kind> kinds = {
-      {"SendRequest", Kind::Request},  {"ReadRequest", Kind::Request},   {"SendRequestWithStatus", Kind::Request}, {"DTMGUIDownload", Kind::Request},
-      {"AskUser", Kind::Message},      {"ShowMessage", Kind::Message},   {"SetStatusLine", Kind::Message},         {"SetProgress", Kind::Message},
-      {"ReportError", Kind::Error},    {"Log", Kind::Log},               {"SetParameterStatus", Kind::Status},     {"NotifyStatus", Kind::Message},
-      {"AddChange", Kind::Change},     {"ForwardValue", Kind::Change},   {"SetBusAddress", Kind::Request},         {"FocusOut", Kind::Host},
+      {"SendRequest", Kind::Request},
+      {"ReadRequest", Kind::Request},
+      {"SendRequestWithStatus", Kind::Request},
+      {"DTMGUIDownload", Kind::Request},
+      {"AskUser", Kind::Message},
+      {"ShowMessage", Kind::Message},
+      {"SetStatusLine", Kind::Message},
+      {"SetProgress", Kind::Message},
+      {"ReportError", Kind::Error},
+      {"Log", Kind::Log},
+      {"SetParameterStatus", Kind::Status},
+      {"NotifyStatus", Kind::Message},
+      {"AddChange", Kind::Change},
+      {"ForwardValue", Kind::Change},
+      {"SetBusAddress", Kind::Request},
+      {"FocusOut", Kind::Host},
   };
   const auto found = kinds.find(call);
   return found == kinds.end() ? Kind::Host : found->second;
@@ -137,7 +149,9 @@ void ConversationTap::errorUnhandled(const std::string& view, int number, const 
 
 // --- what the views are told
 
-void ConversationTap::viewPlaced(const ViewSite& site) { say(Kind::Host, site.name(), "create " + site.className() + (site.tag().empty() ? "" : " tag=" + site.tag())); }
+void ConversationTap::viewPlaced(const ViewSite& site) {
+  say(Kind::Host, site.name(), "create " + site.className() + (site.tag().empty() ? "" : " tag=" + site.tag()));
+}
 
 void ConversationTap::viewLocalized(const ViewSite& site, const std::string& language) { say(Kind::Host, site.name(), "localize " + language); }
 

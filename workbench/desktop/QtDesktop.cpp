@@ -133,13 +133,15 @@ QString QtDesktop::filterOf(const FileDialog& dialog) const {
   const QStringList parts = QString::fromStdString(dialog.filter).split(QLatin1Char('|'));
   if (parts.size() < 2) return parts.front();
   QStringList filters;
-  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) filters << parts[i] + QStringLiteral(" (") + QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')) + QLatin1Char(')');
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    filters << parts[i] + QStringLiteral(" (") + QString(parts[i + 1]).replace(QLatin1Char(';'), QLatin1Char(' ')) + QLatin1Char(')');
   return filters.join(QStringLiteral(";;"));
 }
 
 std::optional<std::filesystem::path> QtDesktop::openDialog(const FileDialog& dialog) {
   if (fileStandIn) return fileStandIn(dialog);
-  const QString file = QFileDialog::getOpenFileName(mWindow, QString::fromStdString(dialog.title), QString::fromStdString(dialog.name), filterOf(dialog));
+  const QString file =
+      QFileDialog::getOpenFileName(mWindow, QString::fromStdString(dialog.title), QString::fromStdString(dialog.name), filterOf(dialog));
   if (file.isEmpty()) return std::nullopt;
   return std::filesystem::path(file.toStdU16String());
 }
@@ -174,11 +176,8 @@ bool QtDesktop::eventFilter(QObject*, QEvent* event) {
       break;
     }
     // Keys that go up elsewhere are not told.
-    case QEvent::ApplicationDeactivate:
-      mTabDown = mShiftDown = false;
-      break;
-    default:
-      break;
+    case QEvent::ApplicationDeactivate: mTabDown = mShiftDown = false; break;
+    default: break;
   }
   return false;
 }

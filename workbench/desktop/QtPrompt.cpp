@@ -25,7 +25,8 @@ std::size_t QtPrompt::choose(const QString& title, const QString& message, const
   std::vector<QPushButton*> buttons;
   for (const QString& answer : answers) buttons.push_back(box.addButton(answer, QMessageBox::ActionRole));
   // A box is never wider than its screen lets it be: it would cut the words off.
-  if (auto& row = *box.findChild<QDialogButtonBox*>(); row.sizeHint().width() > box.screen()->availableSize().width() / 2) row.setOrientation(Qt::Vertical);
+  if (auto& row = *box.findChild<QDialogButtonBox*>(); row.sizeHint().width() > box.screen()->availableSize().width() / 2)
+    row.setOrientation(Qt::Vertical);
   box.setDefaultButton(buttons[safe]);
   box.setEscapeButton(buttons[safe]);
   box.exec();

@@ -139,22 +139,26 @@ void CompareDialog::fill() {
     failures += !row.errorCode.empty();
     differences += row.errorCode.empty() && !row.same;
   }
-  QString note = differences == 0 ? texts().say("%1 values compared, none differs").arg(rows.size()) : texts().say("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
+  QString note = differences == 0 ? texts().say("%1 values compared, none differs").arg(rows.size())
+                                  : texts().say("%1 values compared, %2 differ").arg(rows.size()).arg(differences);
   if (failures > 0) note += QStringLiteral(", ") + texts().say("%1 could not be read").arg(failures);
-  if (!mLeftOut.isEmpty()) note += QStringLiteral(". ") + texts().say("Left out, since the device acts on it: %1").arg(mLeftOut.join(QStringLiteral(", ")));
+  if (!mLeftOut.isEmpty())
+    note += QStringLiteral(". ") + texts().say("Left out, since the device acts on it: %1").arg(mLeftOut.join(QStringLiteral(", ")));
   mNote->setText(note);
   filter();
 }
 
 void CompareDialog::filter() {
-  for (int i = 0; i < mTable->rowCount(); ++i) mTable->setRowHidden(i, mOnlyDifferences->isChecked() && mTable->item(i, Value)->data(kSameRole).toBool());
+  for (int i = 0; i < mTable->rowCount(); ++i)
+    mTable->setRowHidden(i, mOnlyDifferences->isChecked() && mTable->item(i, Value)->data(kSameRole).toBool());
 }
 
 void CompareDialog::showOnlyDifferences(bool on) { mOnlyDifferences->setChecked(on); }
 
 void CompareDialog::tick(const std::string& parameter, bool on) {
   for (int i = 0; i < mTable->rowCount(); ++i)
-    if (mTable->item(i, Value)->data(kParameterRole).toString() == qt(parameter)) mTable->item(i, Value)->setCheckState(on ? Qt::Checked : Qt::Unchecked);
+    if (mTable->item(i, Value)->data(kParameterRole).toString() == qt(parameter))
+      mTable->item(i, Value)->setCheckState(on ? Qt::Checked : Qt::Unchecked);
 }
 
 std::vector<std::string> CompareDialog::ticked() const {

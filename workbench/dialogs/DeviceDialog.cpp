@@ -34,6 +34,8 @@ void DeviceDialog::openAs(int width, int height) {
   resize(screen() ? wanted.boundedTo(screen()->availableSize()) : wanted);
 }
 
-QString DeviceDialog::whyNoWriting() const { return mDevice.host().user().session().level < 3 ? mTexts.say("Needs user level 3 or more") : QString(); }
+QString DeviceDialog::whyNoWriting() const {
+  return mDevice.host().user().session().level < 3 ? mTexts.say("Needs user level 3 or more") : QString();
+}
 
 }  // namespace ostrand

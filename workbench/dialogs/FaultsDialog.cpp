@@ -18,7 +18,8 @@ namespace {
 
 QString view(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
-constexpr std::pair<const char*, const char*> kSpeeds[] = {{"As on the bus", "1"}, {"Ten times faster", "0.1"}, {"Hundred times faster", "0.01"}, {"Three times slower", "3"}, {"Ten times slower", "10"}};
+constexpr std::pair<const char*, const char*> kSpeeds[] = {
+    {"As on the bus", "1"}, {"Ten times faster", "0.1"}, {"Hundred times faster", "0.01"}, {"Three times slower", "3"}, {"Ten times slower", "10"}};
 
 }  // namespace
 
@@ -77,8 +78,10 @@ void FaultsDialog::set(const std::string& fault, const std::string& argument) {
   Device* const device = host().communication().device();
   if (!device) throwNothingThere("the device");
   device->setFault(fault, argument);
-  if (fault == "none") mSet.clear();
-  else mSet << qt(argument.empty() ? fault : fault + " " + argument);
+  if (fault == "none")
+    mSet.clear();
+  else
+    mSet << qt(argument.empty() ? fault : fault + " " + argument);
   mInForce->setText(mSet.isEmpty() ? texts().say("none") : mSet.join(QStringLiteral(", ")));
 }
 

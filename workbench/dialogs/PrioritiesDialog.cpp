@@ -19,7 +19,8 @@ std::optional<std::vector<Ne107>> PrioritiesDialog::choose(QWidget& window, cons
   note->setWordWrap(true);
   auto* const list = new QListWidget;
   for (const Ne107 each : priorities) {
-    auto* const item = new QListWidgetItem(QIcon(signalSymbol(each, 20, window.devicePixelRatioF())), QStringLiteral("%1   %2").arg(signalLetter(each), signalWord(each, texts)), list);
+    auto* const item = new QListWidgetItem(QIcon(signalSymbol(each, 20, window.devicePixelRatioF())),
+                                           QStringLiteral("%1   %2").arg(signalLetter(each), signalWord(each, texts)), list);
     item->setData(Qt::UserRole, static_cast<int>(each));
   }
   list->setCurrentRow(0);

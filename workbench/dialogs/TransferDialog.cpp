@@ -66,12 +66,15 @@ void TransferDialog::refresh() {
   mProgress->setRange(0, std::max(1, transfer.total()));
   mProgress->setValue(transfer.total() == 0 ? 1 : transfer.done());
   QString note = texts().say("%1 of %2 requests").arg(transfer.done()).arg(transfer.total());
-  if (!transfer.running()) note = failures.empty() ? texts().say("Done: all %1 requests were answered.").arg(transfer.total()) : texts().say("Done, but %1 values failed.").arg(failures.size());
+  if (!transfer.running())
+    note = failures.empty() ? texts().say("Done: all %1 requests were answered.").arg(transfer.total())
+                            : texts().say("Done, but %1 values failed.").arg(failures.size());
   mNote->setText(note);
   if (mFailures->topLevelItemCount() > static_cast<int>(failures.size())) mFailures->clear();
   for (std::size_t i = static_cast<std::size_t>(mFailures->topLevelItemCount()); i < failures.size(); ++i) {
     const Transfer::Failure& failure = failures[i];
-    new QTreeWidgetItem(mFailures, {texts()(failure.item), texts()(failure.group), failure.errorCode.empty() ? qt(failure.reason) : texts()(failure.errorCode)});
+    new QTreeWidgetItem(mFailures,
+                        {texts()(failure.item), texts()(failure.group), failure.errorCode.empty() ? qt(failure.reason) : texts()(failure.errorCode)});
   }
   mRetry->setEnabled(!transfer.running() && !failures.empty());
   mCancel->setEnabled(host().communication().waiting() > 0);

@@ -18,7 +18,8 @@ namespace ostrand {
 WaitingDialog::WaitingDialog(Workbench& workbench, QWidget* parent)
     : DeviceDialog(workbench, "Values that wait to be written", parent), mNote(new QLabel), mList(new QTreeWidget) {
   mNote->setWordWrap(true);
-  mList->setHeaderLabels({texts().say("Value"), texts().say("Page"), texts().say("Device"), texts().say("New value"), texts().say("Unit"), texts().say("Result")});
+  mList->setHeaderLabels(
+      {texts().say("Value"), texts().say("Page"), texts().say("Device"), texts().say("New value"), texts().say("Unit"), texts().say("Result")});
   for (const int number : {DeviceHas, New}) mList->headerItem()->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
   mList->setRootIsDecorated(false);
   mList->setUniformRowHeights(true);
@@ -82,7 +83,9 @@ QString WaitingDialog::whyLeftOut(const Change& change) const {
   switch (actsOf(host().dataSet(), change.name)) {
     case Acts::No: return {};
     case Acts::ByButton: return texts().say("Left out: leaves by the button of its page");
-    case Acts::ByPage: return host().dataSet()->homeGroup(change.name) == device().frame() ? QString() : texts().say("Left out: leaves only while its own page is open");
+    case Acts::ByPage:
+      return host().dataSet()->homeGroup(change.name) == device().frame() ? QString()
+                                                                          : texts().say("Left out: leaves only while its own page is open");
   }
   return {};
 }
@@ -105,7 +108,9 @@ void WaitingDialog::fitColumns() {
   for (int each = 0; each < Result; ++each) mList->resizeColumnToContents(each);
 }
 
-const Change& WaitingDialog::changeOf(const QTreeWidgetItem& row) const { return mChanges[static_cast<std::size_t>(mList->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)))]; }
+const Change& WaitingDialog::changeOf(const QTreeWidgetItem& row) const {
+  return mChanges[static_cast<std::size_t>(mList->indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)))];
+}
 
 std::vector<QTreeWidgetItem*> WaitingDialog::ticked() const {
   std::vector<QTreeWidgetItem*> rows;
@@ -120,10 +125,10 @@ void WaitingDialog::refresh() {
   mWrite->setEnabled(!mWriting && chosen > 0 && why.isEmpty());
   mWrite->setToolTip(why);
   mDrop->setEnabled(!mWriting && chosen > 0);
-  mNote->setText(mWriting                       ? texts().say("Writing; what comes of it stands in each row.")
-                 : !why.isEmpty()               ? texts().say("Nothing can be written: %1").arg(why)
+  mNote->setText(mWriting                          ? texts().say("Writing; what comes of it stands in each row.")
+                 : !why.isEmpty()                  ? texts().say("Nothing can be written: %1").arg(why)
                  : mList->topLevelItemCount() == 0 ? texts().say("Nothing waits to be written.")
-                                                : texts().say("%1 of %2 values are ticked.").arg(chosen).arg(mList->topLevelItemCount()));
+                                                   : texts().say("%1 of %2 values are ticked.").arg(chosen).arg(mList->topLevelItemCount()));
 }
 
 // A row that does not wait any more stays, with what came of it, and cannot be ticked again.

@@ -138,7 +138,8 @@ void HeaderBar::fit() {
   QStringList shown{QString::number(width()), mTag->font().toString()};
   for (const QLabel* const each : findChildren<QLabel*>()) shown << each->text();
   if (std::exchange(mFitted, shown) == shown) return;
-  const std::vector<QLabel*> dispensable[] = {{mSerial.name, mSerial.value}, {mType.name, mType.value}, {mBus.name, mBus.value}, {mConnection.name, mConnection.value}, {mDescription}};
+  const std::vector<QLabel*> dispensable[] = {
+      {mSerial.name, mSerial.value}, {mType.name, mType.value}, {mBus.name, mBus.value}, {mConnection.name, mConnection.value}, {mDescription}};
   for (const std::vector<QLabel*>& labels : dispensable)
     for (QLabel* const label : labels) label->show();
   for (const std::vector<QLabel*>& labels : dispensable) {

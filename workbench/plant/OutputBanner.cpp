@@ -12,15 +12,21 @@ namespace ostrand {
 namespace {
 
 constexpr std::pair<OutputKind, const char*> kWarnings[] = {
-    {OutputKind::LoopTest, "%1: a loop test may still drive the output. Keep the control loop out of automatic control until the test has been stopped."},
-    {OutputKind::Simulation, "%1: the output may be simulated. Keep the control loop out of automatic control until the simulation has been switched off."},
+    {OutputKind::LoopTest,
+     "%1: a loop test may still drive the output. Keep the control loop out of automatic control until the test has been stopped."},
+    {OutputKind::Simulation,
+     "%1: the output may be simulated. Keep the control loop out of automatic control until the simulation has been switched off."},
     {OutputKind::Trim, "%1: a trim may still hold the output. Keep the control loop out of automatic control until it has been freed."},
 };
 
 }  // namespace
 
 OutputBanner::OutputBanner(PlantDevice& device)
-    : mDevice(device), mListening(device.outputs().changed.connect([this] { refresh(); })), mText(new QLabel), mFree(new QPushButton), mStop(new QPushButton) {
+    : mDevice(device),
+      mListening(device.outputs().changed.connect([this] { refresh(); })),
+      mText(new QLabel),
+      mFree(new QPushButton),
+      mStop(new QPushButton) {
   setAttribute(Qt::WA_StyledBackground);
   setProperty("role", QStringLiteral("banner"));
   mText->setWordWrap(true);

@@ -25,6 +25,8 @@ QString wholeValueText(Host& host, const Texts& texts, const std::string& parame
   return qt(value).replace(QLatin1Char('.'), QLatin1Char(separator));
 }
 
-QString withUnit(const QString& text, const QString& unit) { return unit.isEmpty() || text.isEmpty() ? text : QStringLiteral("%1 %2").arg(text, unit); }
+QString withUnit(const QString& text, const QString& unit) {
+  return unit.isEmpty() || text.isEmpty() ? text : QStringLiteral("%1 %2").arg(text, unit);
+}
 
 }  // namespace ostrand

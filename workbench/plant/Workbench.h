@@ -53,8 +53,8 @@ class Workbench {
   void setTheme(Theme::Kind kind, double scale);
   void setPriorities(const std::vector<Ne107>& priorities);
 
-  Signal<> deviceChanged;    // another one is current
-  Signal<> valuesChanged;    // something about a device has changed: its data set, its state
+  Signal<> deviceChanged;  // another one is current
+  Signal<> valuesChanged;  // something about a device has changed: its data set, its state
   Signal<> settingsChanged;
 
  private:

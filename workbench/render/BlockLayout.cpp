@@ -22,7 +22,8 @@ void BlockLayout::measure(std::vector<Cell> cells, const Measures& measures) {
 }
 
 bool BlockLayout::hasNeighbour(const Cell& cell) const {
-  return std::any_of(mCells.begin(), mCells.end(), [&](const Cell& other) { return !other.share && other.row == cell.row && other.column > cell.column; });
+  return std::any_of(mCells.begin(), mCells.end(),
+                     [&](const Cell& other) { return !other.share && other.row == cell.row && other.column > cell.column; });
 }
 
 BlockLayout::Row& BlockLayout::rowOf(const Cell& cell) {
@@ -34,7 +35,9 @@ int BlockLayout::width(const Extent& extent) const {
   return extent.field + extent.tail + (extent.companion ? gap + extent.companion : 0) + (extent.state ? gap + extent.state : 0);
 }
 
-int BlockLayout::width(const Column& column) const { return width(Extent{.field = column.field, .companion = column.companion, .state = column.state}); }
+int BlockLayout::width(const Column& column) const {
+  return width(Extent{.field = column.field, .companion = column.companion, .state = column.state});
+}
 
 void BlockLayout::measureColumns() {
   mColumns.clear();

@@ -15,10 +15,10 @@ class BlockLayout {
   struct Cell {
     int row = 0;
     int column = 0;
-    int share = 0;      // above 0: takes the whole width, and this share of the height that is left
-    bool bare = false;  // without a margin: a panel in the panel
-    Extent extent;      // pixels, as all below
-    Position position{};      // the result
+    int share = 0;        // above 0: takes the whole width, and this share of the height that is left
+    bool bare = false;    // without a margin: a panel in the panel
+    Extent extent;        // pixels, as all below
+    Position position{};  // the result
   };
   struct Measures {
     int before = 0;  // the margins at the sides

@@ -28,7 +28,8 @@ void CheckEditRenderer::sync() {
   EditRenderer::sync();
   const bool on = mModel.Value();
   if (mBox->isChecked() != on) mBox->setChecked(on);
-  const QString text = mModel.choices().empty() ? word(on ? PanelWord::Checked : PanelWord::Unchecked, panel().language()) : toQt(mModel.displayText());
+  const QString text =
+      mModel.choices().empty() ? word(on ? PanelWord::Checked : PanelWord::Unchecked, panel().language()) : toQt(mModel.displayText());
   if (mBox->text() != text) mBox->setText(text);
   setEnabled(*mBox, mModel.Enabled() && !mModel.ReadOnly());
 }

@@ -113,7 +113,8 @@ QString EditRenderer::explanation() const {
     const QString unit = info.unit == "noUnit" ? QString() : QStringLiteral(" ") + toQt(info.unit);
     fact(PanelWord::RawValue, mEdit.stored().empty() ? QStringLiteral("–") : toQt(mEdit.stored()) + unit);
     const Component* const owner = mEdit.owner();
-    fact(PanelWord::LastRead, mEdit.lastRead() && owner ? toQt(owner->desktop().locale().dateAndTime(*mEdit.lastRead())) : word(PanelWord::Never, language));
+    fact(PanelWord::LastRead,
+         mEdit.lastRead() && owner ? toQt(owner->desktop().locale().dateAndTime(*mEdit.lastRead())) : word(PanelWord::Never, language));
   }
   return told;
 }

@@ -12,8 +12,13 @@ void FormLayout::measure(const Extent& title, const Extent& stamp, std::vector<B
   const int margin = measures.margin;
   int right = 0, bottom = 0;
   mLeastRight = 0;
-  BlockLayout::Measures below{.top = measures.top, .isFirst = !hasHeading(), .bottom = margin, .columnGap = measures.columnGap,
-                              .rowGap = measures.rowGap, .companionGap = measures.companionGap, .rowHeight = measures.fieldHeight};
+  BlockLayout::Measures below{.top = measures.top,
+                              .isFirst = !hasHeading(),
+                              .bottom = margin,
+                              .columnGap = measures.columnGap,
+                              .rowGap = measures.rowGap,
+                              .companionGap = measures.companionGap,
+                              .rowHeight = measures.fieldHeight};
   if (hasHeading()) {
     right = margin + title.field + margin;
     bottom = measures.top + headingHeight() + margin;
@@ -41,7 +46,9 @@ int FormLayout::headingBottom() const {
 }
 
 void FormLayout::arrange(const QSize& size, int visibleWidth) {
-  const auto centred = [&](int x, const Extent& extent) { return QRect(x, mMeasures.top + (headingHeight() - extent.height) / 2, extent.field, extent.height); };
+  const auto centred = [&](int x, const Extent& extent) {
+    return QRect(x, mMeasures.top + (headingHeight() - extent.height) / 2, extent.field, extent.height);
+  };
   const int hangOn = std::min(size.width(), std::max(visibleWidth, mLeastRight));
   mTitlePosition.field = centred(mMeasures.margin, mTitle);
   mStampPosition.field = centred(hangOn - mMeasures.margin - mStamp.field, mStamp);
@@ -51,7 +58,7 @@ void FormLayout::arrange(const QSize& size, int visibleWidth) {
   for (std::size_t i = 0; i < mBlocks.size(); ++i) {
     const int more = spare * mShares[i] / shares;
     const int width = mBlocks[i].minimumWidth() + more;
-    mBlocks[i].position(left, width, std::max(0, size.height() - mBlocks[i].bottom()));
+    mBlocks[i].arrange(left, width, std::max(0, size.height() - mBlocks[i].bottom()));
     left += width;
     spare -= more;
     shares -= mShares[i];

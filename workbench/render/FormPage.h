@@ -84,7 +84,7 @@ class FormPage : public QWidget {
   Component& mComponent;
   Control* mFront;
   std::unique_ptr<QWidget> mHeading;  // of a nested panel, which has none of its own
-  const FormFrame* mForm;  // nullptr if nothing is declared
+  const FormFrame* mForm;             // nullptr if nothing is declared
   std::vector<Item> mItems;
   std::map<const QObject*, ControlRenderer*> mByWidget;
   FormLayout mLayout;

@@ -85,12 +85,14 @@ void LineEditRenderer::commit() {
   if (!mTyping) return;
   mTyping = false;
   const std::string text = fromQt(mField->text());
-  act([&] {
-    if (auto* textEdit = dynamic_cast<CtrTextEdit*>(&edit()))
-      textEdit->type(text);
-    else if (auto* moment = dynamic_cast<MomentEdit*>(&edit()))
-      moment->type(text);
-  }, {"type", inQuotes(text)});
+  act(
+      [&] {
+        if (auto* textEdit = dynamic_cast<CtrTextEdit*>(&edit()))
+          textEdit->type(text);
+        else if (auto* moment = dynamic_cast<MomentEdit*>(&edit()))
+          moment->type(text);
+      },
+      {"type", inQuotes(text)});
 }
 
 void LineEditRenderer::dropTyping() { mTyping = false; }

@@ -45,7 +45,8 @@ class CellPainter : public QStyledItemDelegate {
     QStyleOptionViewItem quiet = option;
     quiet.state &= ~QStyle::State_HasFocus;
     const QString text = index.data(Qt::DisplayRole).toString();
-    if (text.isEmpty() || index.data(kContent).toInt() != static_cast<int>(ListView::Content::Trend)) return QStyledItemDelegate::paint(painter, quiet, index);
+    if (text.isEmpty() || index.data(kContent).toInt() != static_cast<int>(ListView::Content::Trend))
+      return QStyledItemDelegate::paint(painter, quiet, index);
     painter->save();
     if (option.state & QStyle::State_Selected) painter->fillRect(option.rect, mTheme.selection);
     painter->setRenderHint(QPainter::Antialiasing);
@@ -55,7 +56,8 @@ class CellPainter : public QStyledItemDelegate {
     QPolygonF line;
     for (qsizetype i = 0; i < text.size(); ++i) {
       const double share = double(text[i].unicode() - kLowestBar) / (kHighestBar - kLowestBar);
-      line << QPointF(room.left() + width * static_cast<double>(i) / std::max<double>(1, static_cast<double>(text.size() - 1)), room.bottom() - share * room.height());
+      line << QPointF(room.left() + width * static_cast<double>(i) / std::max<double>(1, static_cast<double>(text.size() - 1)),
+                      room.bottom() - share * room.height());
     }
     painter->setPen(QPen(mTheme.accent, mTheme.px(2), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter->drawPolyline(line);
@@ -82,7 +84,8 @@ class CellPainter : public QStyledItemDelegate {
 ListSnapshot::Row ListSnapshot::read(int row, const Theme& theme) const {
   Row made;
   made.checked = mList.Checked(row);
-  for (int column = 1; column <= columnCount(); ++column) made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(mList.CellColor(row, column))});
+  for (int column = 1; column <= columnCount(); ++column)
+    made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(mList.CellColor(row, column))});
   return made;
 }
 
@@ -151,7 +154,8 @@ QVariant ListSnapshot::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
     case Qt::EditRole: return cell.text;
     case Qt::ForegroundRole: return QBrush(cell.color);
-    case Qt::TextAlignmentRole: return int(Qt::AlignVCenter | (content(index.column()) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
+    case Qt::TextAlignmentRole:
+      return int(Qt::AlignVCenter | (content(index.column()) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::CheckStateRole: return mBoxes && index.column() == 0 ? QVariant(row.checked ? Qt::Checked : Qt::Unchecked) : QVariant();
     case kContent: return static_cast<int>(content(index.column()));
     default: return {};
@@ -161,8 +165,7 @@ QVariant ListSnapshot::data(const QModelIndex& index, int role) const {
 QVariant ListSnapshot::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section >= columnCount()) return {};
   if (role == Qt::DisplayRole) return mHeaders[static_cast<std::size_t>(section)];
-  if (role == Qt::TextAlignmentRole)
-    return int(Qt::AlignVCenter | (content(section) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
+  if (role == Qt::TextAlignmentRole) return int(Qt::AlignVCenter | (content(section) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
   return {};
 }
 
@@ -198,8 +201,11 @@ ListViewRenderer::ListViewRenderer(FormPage& page, ListView& list)
   mTable->horizontalHeader()->setHighlightSections(false);
   mTable->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   mSnapshot->onCheck = [this](int row, bool on) { act([=, this] { mModel.check(row, on); }, {on ? "check" : "uncheck", std::to_string(row)}); };
-  mSnapshot->onEdit = [this](int row, const QString& text) { act([&, row] { mModel.editRow(row, fromQt(text)); }, {"edit", std::to_string(row) + " " + inQuotes(fromQt(text))}); };
-  QObject::connect(mTable, &QTableView::clicked, mTable, [this](const QModelIndex& index) { act([row = index.row() + 1, this] { mModel.clickRow(row); }); });
+  mSnapshot->onEdit = [this](int row, const QString& text) {
+    act([&, row] { mModel.editRow(row, fromQt(text)); }, {"edit", std::to_string(row) + " " + inQuotes(fromQt(text))});
+  };
+  QObject::connect(mTable, &QTableView::clicked, mTable,
+                   [this](const QModelIndex& index) { act([row = index.row() + 1, this] { mModel.clickRow(row); }); });
 }
 
 std::vector<QWidget*> ListViewRenderer::widgets() const { return {mTable}; }
@@ -236,7 +242,8 @@ void ListViewRenderer::sync() {
 
 int ListViewRenderer::headWidth(int column) const {
   const QFontMetrics head(mTable->horizontalHeader()->font());
-  return head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + 2 * theme().px(kCellPadding) + theme().px(10);
+  return head.horizontalAdvance(mSnapshot->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()) + 2 * theme().px(kCellPadding) +
+         theme().px(10);
 }
 
 int ListViewRenderer::contentWidth(int row, int column) const {

@@ -6,7 +6,8 @@
 
 namespace ostrand {
 
-NestedRenderer::NestedRenderer(FormPage& page, NestedControl& control) : ControlRenderer(page, control), mModel(control), mGround(new QWidget(&page)) {
+NestedRenderer::NestedRenderer(FormPage& page, NestedControl& control)
+    : ControlRenderer(page, control), mModel(control), mGround(new QWidget(&page)) {
   if (const Ref<Component>& nested = mModel.nested()) mListening = nested->changed.connect([this] { this->page().changed(mModel); });
 }
 

@@ -7,7 +7,8 @@
 
 namespace ostrand {
 
-SliderRenderer::SliderRenderer(FormPage& page, Slider& slider) : ControlRenderer(page, slider), mModel(slider), mSlider(new QSlider(Qt::Horizontal, &page)) {
+SliderRenderer::SliderRenderer(FormPage& page, Slider& slider)
+    : ControlRenderer(page, slider), mModel(slider), mSlider(new QSlider(Qt::Horizontal, &page)) {
   QObject::connect(mSlider, &QSlider::valueChanged, mSlider, [this](int value) {
     act([&] { mModel.slide(value); }, {"slide", std::to_string(value)});
     this->page().changed(mModel);

@@ -110,7 +110,8 @@ void paintState(QPainter& painter, const QRectF& box, ValueState state, const Th
     }
     case ValueState::Wrong: {  // an octagon with a cross
       QPolygonF octagon;
-      for (const auto& [x, y] : {std::pair{6.0, 2.0}, {12.0, 2.0}, {16.0, 6.0}, {16.0, 12.0}, {12.0, 16.0}, {6.0, 16.0}, {2.0, 12.0}, {2.0, 6.0}}) octagon << QPointF(x, y);
+      for (const auto& [x, y] : {std::pair{6.0, 2.0}, {12.0, 2.0}, {16.0, 6.0}, {16.0, 12.0}, {12.0, 16.0}, {6.0, 16.0}, {2.0, 12.0}, {2.0, 6.0}})
+        octagon << QPointF(x, y);
       painter.drawPolygon(octagon);
       painter.setPen(mark);
       painter.drawLine(QPointF(6.4, 6.4), QPointF(11.6, 11.6));

@@ -202,11 +202,21 @@ QSplitter::handle { background: @line; }
 )");
   // A name that begins another one comes after it.
   const std::pair<const char*, QColor> colors[] = {
-      {"@accentHover", accentHover}, {"@accentText", accentText},       {"@accent", accent},
-      {"@fieldDisabled", fieldDisabled}, {"@field", field},             {"@secondaryText", secondaryText},
-      {"@disabledText", disabledText},   {"@selection", selection},     {"@surface", surface},
-      {"@raised", raised},               {"@outline", outline},         {"@corrected", corrected},
-      {"@edited", edited},               {"@error", error},             {"@text", text},
+      {"@accentHover", accentHover},
+      {"@accentText", accentText},
+      {"@accent", accent},
+      {"@fieldDisabled", fieldDisabled},
+      {"@field", field},
+      {"@secondaryText", secondaryText},
+      {"@disabledText", disabledText},
+      {"@selection", selection},
+      {"@surface", surface},
+      {"@raised", raised},
+      {"@outline", outline},
+      {"@corrected", corrected},
+      {"@edited", edited},
+      {"@error", error},
+      {"@text", text},
       {"@line", line},
   };
   for (const auto& [name, value] : colors) sheet.replace(QLatin1String(name), value.name());

@@ -269,12 +269,14 @@ void ViewPanel::tab(Control& control, bool forward) {
   if (!stillHere()) return;
   // The control hears that it is left while the key is down; at the view's edge it sends the focus out.
   if (Component* const owner = control.owner()) {
-    act(control, [&] {
-      if (owner->focused() == &control)
-        owner->moveFocus(nullptr);
-      else
-        control.LostFocus();
-    }, {"leave-field", forward ? "tab" : "tab shift"});
+    act(control,
+        [&] {
+          if (owner->focused() == &control)
+            owner->moveFocus(nullptr);
+          else
+            control.LostFocus();
+        },
+        {"leave-field", forward ? "tab" : "tab shift"});
   }
   if (!stillHere()) return;
   std::vector<ControlRenderer*> order = tabOrder();

@@ -42,7 +42,8 @@ constexpr Entry kWords[] = {
 
 QString word(PanelWord word, const std::string& language) {
   for (const Entry& entry : kWords)
-    if (entry.word == word) return QString::fromUtf8(language == "fi" ? entry.fi : language == "sv" ? entry.sv : language == "de" ? entry.de : entry.en);
+    if (entry.word == word)
+      return QString::fromUtf8(language == "fi" ? entry.fi : language == "sv" ? entry.sv : language == "de" ? entry.de : entry.en);
   return {};
 }
 

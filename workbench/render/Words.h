@@ -7,8 +7,27 @@ namespace ostrand {
 
 // The panel's own words, beside the texts of the views, in the user's language; English where there is no other.
 enum class PanelWord {
-  NotRead, Read, ReadFailed, Edited, Wrong, Corrected, Waiting, Accepted, ReadOnly, HeldBack,
-  Limits, AtLeast, AtMost, Parameter, RawValue, LastRead, Never, Unchecked, Checked, NothingHere, OnDevice,
+  NotRead,
+  Read,
+  ReadFailed,
+  Edited,
+  Wrong,
+  Corrected,
+  Waiting,
+  Accepted,
+  ReadOnly,
+  HeldBack,
+  Limits,
+  AtLeast,
+  AtMost,
+  Parameter,
+  RawValue,
+  LastRead,
+  Never,
+  Unchecked,
+  Checked,
+  NothingHere,
+  OnDevice,
 };
 
 QString word(PanelWord word, const std::string& language);

@@ -36,7 +36,8 @@ QImage inFewColors(const QImage& picture) {
   };
   QHash<QRgb, uint> places;
   for (const QRgb color : colors)
-    places[color] = static_cast<uint>(std::min_element(table.begin(), table.end(), [&](QRgb a, QRgb b) { return distance(a, color) < distance(b, color); }) - table.begin());
+    places[color] = static_cast<uint>(
+        std::min_element(table.begin(), table.end(), [&](QRgb a, QRgb b) { return distance(a, color) < distance(b, color); }) - table.begin());
   QImage few(full.size(), QImage::Format_Indexed8);
   few.setColorTable(table);
   for (int y = 0; y < full.height(); ++y)
@@ -71,7 +72,8 @@ int Pictures::takeAll() {
       const std::string theme = kind == Theme::Kind::Light ? "light" : "dark";
       const std::vector<Shot> shots = takeFrames(mFolder / language.code / theme);
       save(mWindow.grab(), mFolder / language.code / theme / "window.png");
-      save(contactSheet(shots, QStringLiteral("%1, %2").arg(qt(language.name), qt(theme)), mWindow.theme()), mFolder / ("sheet-" + language.code + "-" + theme + ".png"));
+      save(contactSheet(shots, QStringLiteral("%1, %2").arg(qt(language.name), qt(theme)), mWindow.theme()),
+           mFolder / ("sheet-" + language.code + "-" + theme + ".png"));
       count += static_cast<int>(shots.size()) + 2;
     }
   }
@@ -90,7 +92,9 @@ std::vector<Pictures::Shot> Pictures::takeFrames(const std::filesystem::path& fo
       mWindow.show(page);
       QApplication::processEvents();
       const std::string name = std::string(device->kind().name) + "-" + page.branch + "-" + page.frame + ".png";
-      shots.push_back({QStringLiteral("%1 / %2 / %3").arg(qt(device->title()), mWindow.workbench().texts()(page.branch), mWindow.workbench().texts()(page.frame)), mWindow.panel().picture()});
+      shots.push_back(
+          {QStringLiteral("%1 / %2 / %3").arg(qt(device->title()), mWindow.workbench().texts()(page.branch), mWindow.workbench().texts()(page.frame)),
+           mWindow.panel().picture()});
       save(shots.back().picture, folder / name);
       takeTooltip(folder / "tips" / name);
     }

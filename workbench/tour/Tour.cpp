@@ -131,7 +131,8 @@ void Tour::laboratory() {
   mGuest.choose("cce_laboratoryResults(0)", "useBothSamples");
   mGuest.choose("cce_laboratoryResults(1)", "recipe1");
   mGuest.type("cte_laboratoryResults(0)", "0");
-  for (int sample : {1, 2}) mGuest.type("cte_laboratoryResults(" + std::to_string(sample) + ")", fixedText(device().laboratoryValue(sample).value_or(0), 2, '.'));
+  for (int sample : {1, 2})
+    mGuest.type("cte_laboratoryResults(" + std::to_string(sample) + ")", fixedText(device().laboratoryValue(sample).value_or(0), 2, '.'));
   tell("laboratory-results");
   mGuest.click("LabCalibrateBtn");
   settle(2.0);
@@ -157,7 +158,8 @@ void Tour::proof() {
   show("measurement", "monitoringVariables");
   settle(3.0);
   tell("live-values-calibrated");
-  std::printf("\n   The transmitter has measured %s, the laboratory finds %s %%Cs.\n", average.c_str(), fixedText(device().laboratoryValue(1).value_or(0), 2, '.').c_str());
+  std::printf("\n   The transmitter has measured %s, the laboratory finds %s %%Cs.\n", average.c_str(),
+              fixedText(device().laboratoryValue(1).value_or(0), 2, '.').c_str());
 }
 
 void Tour::loopTest() {

@@ -10,7 +10,8 @@ constexpr const char* kDataSets = "Data sets|*.xml|All files|*";
 
 void DataSetCommands::open() {
   mPanel.commit();
-  const auto file = mWorkbench.desktop().openDialog({mUser.say("Open data set").toStdString(), kDataSets, "xml", mWorkbench.dataFolder() / "devices"});
+  const auto file =
+      mWorkbench.desktop().openDialog({mUser.say("Open data set").toStdString(), kDataSets, "xml", mWorkbench.dataFolder() / "devices"});
   if (!file) return;
   std::optional<DataSet> dataSet;
   if (!mUser.attempt(mUser.say("%1 could not be opened").arg(fileName(*file)), [&] { dataSet = DataSet::open(*file); })) return;
@@ -36,8 +37,10 @@ bool DataSetCommands::saveAs(PlantDevice& device) {
   mPanel.commit();
   DataSet* const dataSet = device.host().dataSet();
   if (!dataSet) return false;
-  const auto file = mWorkbench.desktop().saveDialog({mUser.say("Save data set").toStdString(), kDataSets, "xml", dataSet->file().filename().string()});
-  return file && write(device, mUser.say("%1 could not be saved; a file that was there is as it was").arg(fileName(*file)), [&] { dataSet->saveAs(*file); });
+  const auto file =
+      mWorkbench.desktop().saveDialog({mUser.say("Save data set").toStdString(), kDataSets, "xml", dataSet->file().filename().string()});
+  return file &&
+         write(device, mUser.say("%1 could not be saved; a file that was there is as it was").arg(fileName(*file)), [&] { dataSet->saveAs(*file); });
 }
 
 // What is typed on the pages goes into the file too. What it cannot take stays on its page, and is told.
@@ -46,7 +49,8 @@ bool DataSetCommands::write(PlantDevice& device, const QString& trying, const st
   for (const std::string& parameter : device.keepEdits()) left << mWorkbench.texts()(parameter);
   if (!mUser.attempt(trying, save)) return false;
   const QString file = fileName(device.host().dataSet()->file());
-  mUser.remark(left.isEmpty() ? mUser.say("%1 is saved").arg(file) : mUser.say("%1 is saved, but without: %2").arg(file, left.join(QStringLiteral(", "))));
+  mUser.remark(left.isEmpty() ? mUser.say("%1 is saved").arg(file)
+                              : mUser.say("%1 is saved, but without: %2").arg(file, left.join(QStringLiteral(", "))));
   return true;
 }
 

@@ -30,7 +30,8 @@ bool Departure::mayLeave(const PlantTree::Page& page) const {
     return each.kind == OutputKind::Simulation && device.host().dataSet() && device.host().dataSet()->homeGroup(each.item) == device.frame();
   });
   if (!leavesDevice && (!standsHere || page.frame == device.frame())) return true;
-  const QString message = mUser.say("%1: the output is simulated. Whoever reads it takes the simulated value for the measured one.").arg(qt(device.title()));
+  const QString message =
+      mUser.say("%1: the output is simulated. Whoever reads it takes the simulated value for the measured one.").arg(qt(device.title()));
   const std::size_t answer =
       mWorkbench.prompt().choose(mUser.say("The output may be forced"), message,
                                  {mUser.say("Free the output and leave"), mUser.say("Leave it simulated"), mUser.say("Stay here")});
@@ -47,18 +48,28 @@ void Departure::warnOfForcedOutput(PlantDevice& device) const {
     });
     return;
   }
-  mUser.tell(mUser.say("The output may still be forced"),
-             mUser.say("%1 has not answered that its loop test is over. Read the device, or stop the test there, before the loop goes back to automatic control.").arg(qt(device.title())));
+  mUser.tell(
+      mUser.say("The output may still be forced"),
+      mUser
+          .say(
+              "%1 has not answered that its loop test is over. Read the device, or stop the test there, before the loop goes back to automatic control.")
+          .arg(qt(device.title())));
 }
 
 bool Departure::mayHandIn(PlantDevice& device) const {
   if (!device.outputs().holdsDocuments()) return true;
   const QString title = mUser.say("A loop test may still drive the output");
   if (device.host().communication().device() && device.status().answers()) {
-    mUser.tell(title, mUser.say("%1: stop the test first. Until then no edit is discarded and no other data set is opened: the page of the test needs its values to stop it.").arg(qt(device.title())));
+    mUser.tell(
+        title,
+        mUser
+            .say(
+                "%1: stop the test first. Until then no edit is discarded and no other data set is opened: the page of the test needs its values to stop it.")
+            .arg(qt(device.title())));
     return false;
   }
-  const QString message = mUser.say("%1 does not answer. Look at the device itself: go on only if its output follows the measurement.").arg(qt(device.title()));
+  const QString message =
+      mUser.say("%1 does not answer. Look at the device itself: go on only if its output follows the measurement.").arg(qt(device.title()));
   if (mWorkbench.prompt().choose(title, message, {mUser.say("I have seen that the output is free"), mUser.say("Stay here")}) != 0) return false;
   device.outputs().confirmedByUser();
   return true;
@@ -74,7 +85,8 @@ bool Departure::mayLose(const std::vector<PlantDevice*>& devices, const QStringL
   if (unsaved.empty()) return true;
   const QString message = mUser.say("%1: values have been edited, read or written since the data set was saved last.").arg(titles(unsaved));
   const std::size_t answer = mWorkbench.prompt().choose(mUser.say("There are values that nobody has saved"), message, answers);
-  if (answer == 0) return std::all_of(unsaved.begin(), unsaved.end(), [this](PlantDevice* each) { return save && save(*each) && mayLoseTheRest(*each); });
+  if (answer == 0)
+    return std::all_of(unsaved.begin(), unsaved.end(), [this](PlantDevice* each) { return save && save(*each) && mayLoseTheRest(*each); });
   return answer == 1;
 }
 
@@ -84,7 +96,8 @@ bool Departure::mayLoseTheRest(PlantDevice& device) const {
   for (const EditControl* const edit : device.leftOut()) names << mWorkbench.texts()(std::string(edit->parameterName()));
   if (names.isEmpty()) return true;
   const QString message = mUser.say("%1: the data set is saved, but without: %2").arg(qt(device.title()), names.join(QStringLiteral(", ")));
-  return mWorkbench.prompt().choose(mUser.say("There are values that nobody has saved"), message, {mUser.say("Go on without them"), mUser.say("Stay here")}) == 0;
+  return mWorkbench.prompt().choose(mUser.say("There are values that nobody has saved"), message,
+                                    {mUser.say("Go on without them"), mUser.say("Stay here")}) == 0;
 }
 
 bool Departure::mayClose(std::function<void()> close) const {
@@ -103,9 +116,11 @@ bool Departure::mayClose(std::function<void()> close) const {
 
 // True if the window may close although something goes on.
 bool Departure::mayLeaveRunning(const std::vector<PlantDevice*>& acting, std::function<void()> close) const {
-  const QString message = mUser.say("%1: an output may be forced, or a sample may be running. The device goes on with it when the window is closed.").arg(titles(acting));
-  const std::size_t answer = mWorkbench.prompt().choose(mUser.say("Something is still running"), message,
-                                                        {mUser.say("Stop it and close"), mUser.say("Close and leave it running"), mUser.say("Stay here")});
+  const QString message =
+      mUser.say("%1: an output may be forced, or a sample may be running. The device goes on with it when the window is closed.").arg(titles(acting));
+  const std::size_t answer =
+      mWorkbench.prompt().choose(mUser.say("Something is still running"), message,
+                                 {mUser.say("Stop it and close"), mUser.say("Close and leave it running"), mUser.say("Stay here")});
   if (answer == 0) stopAll(acting, std::move(close));
   return answer == 1;
 }
@@ -120,7 +135,8 @@ void Departure::stopAll(const std::vector<PlantDevice*>& devices, std::function<
     std::copy_if(devices.begin(), devices.end(), std::back_inserter(left), [](PlantDevice* each) { return isActing(*each); });
     if (left.empty()) return close();
     mUser.remark({});
-    mUser.tell(mUser.say("The output may still be forced"), mUser.say("%1 has not confirmed that it has ended. The window stays open.").arg(titles(left)));
+    mUser.tell(mUser.say("The output may still be forced"),
+               mUser.say("%1 has not confirmed that it has ended. The window stays open.").arg(titles(left)));
   };
   for (PlantDevice* const device : devices) {
     device->outputs().mayBeForced() ? device->outputs().freeOutput(done) : done(true);

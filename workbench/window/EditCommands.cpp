@@ -18,7 +18,8 @@ void EditCommands::undo() {
   EditControl* edit = edits.back();
   for (EditControl* const each : edits)
     if (each->owner() && each->owner()->focused() == each) edit = each;
-  mPanel.act(*edit, [edit] { edit->restore(); }, UserInput::restoring(*edit));
+  mPanel.act(
+      *edit, [edit] { edit->restore(); }, UserInput::restoring(*edit));
   changed();
 }
 

@@ -49,7 +49,8 @@ FileMenu::FileMenu(QMainWindow& window, QToolBar& tools, const Commands& command
 void FileMenu::refresh() { mRecord->setChecked(mTranscripts.isRecording()); }
 
 void FileMenu::savePicture() {
-  const auto file = mWorkbench.desktop().saveDialog({mUser.say("Save view as picture").toStdString(), "Pictures|*.png|Documents|*.pdf", "png", mWorkbench.current().frame() + ".png"});
+  const auto file = mWorkbench.desktop().saveDialog(
+      {mUser.say("Save view as picture").toStdString(), "Pictures|*.png|Documents|*.pdf", "png", mWorkbench.current().frame() + ".png"});
   if (!file) return;
   if (mUser.attempt(mUser.say("%1 could not be written").arg(fileName(*file)), [&] { writePicture(mPanel.picture(), *file); }))
     mUser.remark(mUser.say("%1 is written").arg(fileName(*file)));

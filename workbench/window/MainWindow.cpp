@@ -139,7 +139,9 @@ void MainWindow::leaveView(bool forward) {
 }
 
 void MainWindow::connectWorkbench() {
-  const auto listen = [this](Signal<>& signal, std::function<void()> listener) { mConnections.emplace_back(&signal, signal.connect(std::move(listener))); };
+  const auto listen = [this](Signal<>& signal, std::function<void()> listener) {
+    mConnections.emplace_back(&signal, signal.connect(std::move(listener)));
+  };
   listen(mWorkbench.deviceChanged, [this] { deviceChanged(); });
   listen(mWorkbench.valuesChanged, [this] { refreshLater(); });
   listen(mWorkbench.settingsChanged, [this] { applySettings(); });

@@ -25,7 +25,14 @@ QLabel* chip() {
 }  // namespace
 
 StatusLine::StatusLine(QWidget* parent)
-    : QWidget(parent), mRequest(new QLabel), mProgress(new QProgressBar), mCancel(new QPushButton), mStatus(new QLabel), mMode(chip()), mLevel(chip()), mBusTime(chip()) {
+    : QWidget(parent),
+      mRequest(new QLabel),
+      mProgress(new QProgressBar),
+      mCancel(new QPushButton),
+      mStatus(new QLabel),
+      mMode(chip()),
+      mLevel(chip()),
+      mBusTime(chip()) {
   setObjectName(QStringLiteral("statusLine"));
   mProgress->setTextVisible(false);
   mProgress->setFixedWidth(140);

@@ -15,7 +15,8 @@ constexpr const char* kTranscripts = "Transcripts|*.transcript|All files|*";
 std::optional<std::filesystem::path> TranscriptCommands::askForFile() const {
   ViewSite* const front = mWorkbench.host().views().front();
   const std::string name = (front ? front->className() : std::string("view")) + ".transcript";
-  return mWorkbench.desktop().saveDialog({mUser.say("Save transcript").toStdString() + " – " + mWorkbench.current().title(), kTranscripts, "transcript", name});
+  return mWorkbench.desktop().saveDialog(
+      {mUser.say("Save transcript").toStdString() + " – " + mWorkbench.current().title(), kTranscripts, "transcript", name});
 }
 
 void TranscriptCommands::save() {
@@ -49,7 +50,8 @@ void TranscriptCommands::begin() {
 void TranscriptCommands::end() {
   const std::filesystem::path file = *std::exchange(mRecording, std::nullopt);
   mPanel.commit();
-  if (mUser.attempt(mUser.say("%1 could not be written").arg(fileName(file)), [&] { writeWholeFile(file, mRecorder ? mRecorder->text() : std::string()); }))
+  if (mUser.attempt(mUser.say("%1 could not be written").arg(fileName(file)),
+                    [&] { writeWholeFile(file, mRecorder ? mRecorder->text() : std::string()); }))
     mUser.remark(mUser.say("%1 is written; it can be replayed").arg(fileName(file)));
 }
 
@@ -57,14 +59,16 @@ void TranscriptCommands::replay() {
   const auto file = mWorkbench.desktop().openDialog({mUser.say("Replay a transcript").toStdString(), kTranscripts, "transcript", {}});
   if (!file) return;
   Replay::Result result;
-  if (!mUser.attempt(mUser.say("%1 could not be replayed").arg(fileName(*file)), [&] { result = Replay(mWorkbench.components(), mWorkbench.dataFolder()).compare(*file); }))
+  if (!mUser.attempt(mUser.say("%1 could not be replayed").arg(fileName(*file)),
+                     [&] { result = Replay(mWorkbench.components(), mWorkbench.dataFolder()).compare(*file); }))
     return;
   switch (result.outcome) {
     case Replay::Outcome::Matches:
       mUser.tell(mUser.say("The replay matches"), mUser.say("%1: the view said what the transcript tells.").arg(fileName(*file)));
       break;
     case Replay::Outcome::Differs:
-      TextDialog::show(mWindow, mUser.say("%1 differs").arg(fileName(*file)), mUser.say("Lines with − were expected and lines with + were said."), qt(result.text));
+      TextDialog::show(mWindow, mUser.say("%1 differs").arg(fileName(*file)), mUser.say("Lines with − were expected and lines with + were said."),
+                       qt(result.text));
       break;
     case Replay::Outcome::Malformed:
       mUser.tell(mUser.say("%1 is no transcript of this version").arg(fileName(*file)),

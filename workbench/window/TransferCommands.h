@@ -13,7 +13,8 @@ class TransferDialog;
 // What passes between data set and device: reading, comparing, and the list of what of it failed.
 class TransferCommands {
  public:
-  TransferCommands(Workbench& workbench, ViewPanel& panel, const UserTalk& user, QWidget& window) : mWorkbench(workbench), mPanel(panel), mUser(user), mWindow(window) {}
+  TransferCommands(Workbench& workbench, ViewPanel& panel, const UserTalk& user, QWidget& window)
+      : mWorkbench(workbench), mPanel(panel), mUser(user), mWindow(window) {}
 
   void readPage();
   void readAll();

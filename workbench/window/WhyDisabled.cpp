@@ -6,7 +6,8 @@
 namespace ostrand {
 
 QString whyDisabled(const Control& control, PlantDevice& device, const Texts& texts) {
-  if (const auto* const edit = dynamic_cast<const EditControl*>(&control); edit && edit->info().readOnly) return texts.say("The device does not let this value be written");
+  if (const auto* const edit = dynamic_cast<const EditControl*>(&control); edit && edit->info().readOnly)
+    return texts.say("The device does not let this value be written");
   Host& host = device.host();
   if (dynamic_cast<const CommandButton*>(&control)) {
     if (host.communication().isBusy()) return texts.say("The communication is busy");

@@ -55,8 +55,9 @@ QPlainTextEdit, QListWidget { background: @field; border: 1px solid @outline; bo
   const QColor bannerText = theme.kind == Theme::Kind::Light ? QColor(0x2b1c00) : QColor(0xfff2d9);
   // A name that begins another one comes after it.
   const std::pair<const char*, QColor> colors[] = {
-      {"@window", theme.window},   {"@surface", theme.surface},           {"@selection", theme.selection}, {"@line", theme.line},     {"@outline", theme.outline}, {"@raised", theme.raised},
-      {"@accent", theme.accent},   {"@disabledText", theme.disabledText}, {"@field", theme.field},         {"@bannerFill", bannerFill}, {"@bannerText", bannerText}, {"@text", theme.text},
+      {"@window", theme.window},   {"@surface", theme.surface}, {"@selection", theme.selection}, {"@line", theme.line},
+      {"@outline", theme.outline}, {"@raised", theme.raised},   {"@accent", theme.accent},       {"@disabledText", theme.disabledText},
+      {"@field", theme.field},     {"@bannerFill", bannerFill}, {"@bannerText", bannerText},     {"@text", theme.text},
   };
   for (const auto& [name, value] : colors) sheet.replace(QLatin1String(name), value.name());
   // What is left are distances: "@12px".

@@ -14,7 +14,9 @@ void mode(TranscriptStage& stage, const TranscriptInput& input) {
   stage.raise({ViewEvent::Kind::SetCommunicationMode, stage.script->mode, {}, {}});
 }
 
-void receive(TranscriptStage& stage, const TranscriptInput& input) { stage.raise({ViewEvent::Kind::ReceiveValue, 0, input.words[1].text, input.words[2].text}); }
+void receive(TranscriptStage& stage, const TranscriptInput& input) {
+  stage.raise({ViewEvent::Kind::ReceiveValue, 0, input.words[1].text, input.words[2].text});
+}
 
 void unit(TranscriptStage& stage, const TranscriptInput& input) { stage.units->choose(input.words[1].text, input.words[2].text); }
 

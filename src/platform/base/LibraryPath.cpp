@@ -13,7 +13,8 @@ std::filesystem::path libraryPathOf(const void* address) {
 #ifdef _WIN32
   HMODULE module = nullptr;
   wchar_t path[MAX_PATH];
-  if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT, static_cast<LPCWSTR>(address), &module) ||
+  if (!GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT, static_cast<LPCWSTR>(address),
+                          &module) ||
       !GetModuleFileNameW(module, path, MAX_PATH))
     return {};
   return std::filesystem::absolute(path, ignored);

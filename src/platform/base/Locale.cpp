@@ -140,7 +140,8 @@ bool readStandardDateAndTime(std::string_view text, LocalTime& time) {
   const auto clock = numbersIn(trimmed(text.substr(blank)), ":.");
   LocalTime day{};
   milliseconds inDay{};
-  if (date.size() != 3 || clock.size() != 3 || !compose(date[0], date[1], date[2], day) || !compose(clock[0], clock[1], clock[2], inDay)) return false;
+  if (date.size() != 3 || clock.size() != 3 || !compose(date[0], date[1], date[2], day) || !compose(clock[0], clock[1], clock[2], inDay))
+    return false;
   time = day + inDay;
   return true;
 }

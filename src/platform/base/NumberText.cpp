@@ -50,7 +50,8 @@ bool isTiny(std::string_view number) {
   std::string_view exponent = number.substr(std::min(mark + 1, number.size()));
   if (exponent.starts_with('+')) exponent.remove_prefix(1);
   long long power = 0;
-  if (std::from_chars(exponent.data(), exponent.data() + exponent.size(), power).ec == std::errc::result_out_of_range) return exponent.starts_with('-');
+  if (std::from_chars(exponent.data(), exponent.data() + exponent.size(), power).ec == std::errc::result_out_of_range)
+    return exponent.starts_with('-');
   const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
   const auto first = static_cast<long long>(mantissa.find_first_of("123456789"));
   return power < first - point;

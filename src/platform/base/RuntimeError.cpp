@@ -14,8 +14,6 @@ ErrorText currentError() noexcept {
   }
 }
 
-void throwNothingThere(const char* what) {
-  throw RuntimeError(RuntimeError::NothingThere, std::string(what) + " is not there");
-}
+void throwNothingThere(const char* what) { throw RuntimeError(RuntimeError::NothingThere, std::string(what) + " is not there"); }
 
 }  // namespace ostrand

@@ -32,7 +32,11 @@ Control::Kind Control::kind() const {
 void Control::findInterfaces() const {
   IObject* const object = Object();
   if (!object) return;  // a nested component may come later
-  mInterfaces = {true, found<ITaviView>(object), found<ITaviDataUser>(object), found<ITaviComponent>(object), found<ILocalizable>(object),
+  mInterfaces = {true,
+                 found<ITaviView>(object),
+                 found<ITaviDataUser>(object),
+                 found<ITaviComponent>(object),
+                 found<ILocalizable>(object),
                  found<ITaviDataEditor>(object)};
 }
 
@@ -79,7 +83,8 @@ void Control::ZOrder(int position) {
 void Control::SetFocus() {
   announce("SetFocus");
   if (!mOwner) throwNothingThere("the control's owner");
-  if (!mVisible || !mEnabled) throw RuntimeError(RuntimeError::BadArgument, mName + " cannot take the focus: it is " + (mVisible ? "disabled" : "hidden"));
+  if (!mVisible || !mEnabled)
+    throw RuntimeError(RuntimeError::BadArgument, mName + " cannot take the focus: it is " + (mVisible ? "disabled" : "hidden"));
   mOwner->moveFocus(this);
 }
 

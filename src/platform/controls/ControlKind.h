@@ -7,8 +7,22 @@ namespace ostrand {
 
 // What the walks take a control for.
 enum class ControlKind {
-  Label, TextBox, Frame, CheckBox, OptionButton, CommandButton, ListView, PictureBox, NoData,
-  TextEdit, ComboEdit, DateEdit, TimeEdit, OptionEdit, CheckEdit, DateLabel,
+  Label,
+  TextBox,
+  Frame,
+  CheckBox,
+  OptionButton,
+  CommandButton,
+  ListView,
+  PictureBox,
+  NoData,
+  TextEdit,
+  ComboEdit,
+  DateEdit,
+  TimeEdit,
+  OptionEdit,
+  CheckEdit,
+  DateLabel,
   Nested,
 };
 
@@ -23,9 +37,12 @@ constexpr bool isChoice(ControlKind kind) {
 
 // The kinds that a class name alone tells, whatever the class is otherwise.
 constexpr std::optional<ControlKind> kindOfClass(std::string_view className) {
-  constexpr struct { std::string_view name; ControlKind kind; } kClasses[] = {
-      {"CtrTextEdit", ControlKind::TextEdit}, {"CtrComboEdit", ControlKind::ComboEdit},   {"CtrDateEdit", ControlKind::DateEdit},
-      {"CtrTimeEdit", ControlKind::TimeEdit}, {"CtrOptionEdit", ControlKind::OptionEdit}, {"CtrCheckEdit", ControlKind::CheckEdit},
+  constexpr struct {
+    std::string_view name;
+    ControlKind kind;
+  } kClasses[] = {
+      {"CtrTextEdit", ControlKind::TextEdit},   {"CtrComboEdit", ControlKind::ComboEdit},   {"CtrDateEdit", ControlKind::DateEdit},
+      {"CtrTimeEdit", ControlKind::TimeEdit},   {"CtrOptionEdit", ControlKind::OptionEdit}, {"CtrCheckEdit", ControlKind::CheckEdit},
       {"CtrDateLabel", ControlKind::DateLabel},
   };
   for (const auto& [name, kind] : kClasses)

@@ -23,7 +23,8 @@ void CtrComboEdit::ApplyItemFilter() {
 }
 
 Value CtrComboEdit::get(std::string_view property, std::span<const int> indices) const {
-  if (property == "Count") return static_cast<int>(std::count_if(mChoices.begin(), mChoices.end(), [](const Choice& choice) { return choice.offered; }));
+  if (property == "Count")
+    return static_cast<int>(std::count_if(mChoices.begin(), mChoices.end(), [](const Choice& choice) { return choice.offered; }));
   return ChoiceEdit::get(property, indices);
 }
 

@@ -150,7 +150,9 @@ void CtrStatus::rebuild() {
     bool bad;
   };
   std::vector<Row> rows(1);
-  const auto categoryText = [&](Ne107 category) { return (category == Ne107::Good ? std::string() : std::string(1, letterOf(category)) + "  ") + text(std::string(keyOf(category))); };
+  const auto categoryText = [&](Ne107 category) {
+    return (category == Ne107::Good ? std::string() : std::string(1, letterOf(category)) + "  ") + text(std::string(keyOf(category)));
+  };
   // The host may change everything below while it is asked for texts; what it changes is shown by a rebuild of its own.
   const int turn = ++mRebuilds;
   const std::vector<Branch> branches = mBranches;
@@ -169,19 +171,29 @@ void CtrStatus::rebuild() {
       branchNew = branchNew || leaf.isNew;
       const std::string name = text(leaf.item);
       if (!wanted.empty() && !contains(name, wanted)) continue;
-      leaves.push_back({std::string(kIndent) + kIndent + name, text(!leaf.raised ? "notRead" : raised ? "on" : "off"),
+      leaves.push_back({std::string(kIndent) + kIndent + name,
+                        text(!leaf.raised ? "notRead"
+                             : raised     ? "on"
+                                          : "off"),
                         raised ? categoryText(leaf.category) : std::string(), leaf.isNew ? text("new") : std::string(), raised});
     }
     worstOfAll = std::max(worstOfAll, worst);
     anyNew = anyNew || branchNew;
     if (leaves.empty()) continue;
-    rows.push_back({kIndent + text(branch.key), {}, branchKnown || worst != Ne107::Good ? categoryText(worst) : text("notKnown"), branchNew ? text("new") : std::string(), worst != Ne107::Good});
+    rows.push_back({kIndent + text(branch.key),
+                    {},
+                    branchKnown || worst != Ne107::Good ? categoryText(worst) : text("notKnown"),
+                    branchNew ? text("new") : std::string(),
+                    worst != Ne107::Good});
     rows.insert(rows.end(), leaves.begin(), leaves.end());
   }
   // What is raised is told also while the rest is not known.
   const std::string worstText = categoryText(worstOfAll);
   const std::string state = known ? worstText : text("notKnown") + (worstOfAll == Ne107::Good ? std::string() : " (" + worstText + ")");
-  rows[0] = {text(tag()), mFailed ? text("syncError") : mLastRead ? desktop().locale().dateAndTime(*mLastRead) : text("notRead"),
+  rows[0] = {text(tag()),
+             mFailed     ? text("syncError")
+             : mLastRead ? desktop().locale().dateAndTime(*mLastRead)
+                         : text("notRead"),
              state, anyNew ? text("new") : std::string(), worstOfAll != Ne107::Good};
 
   if (turn != mRebuilds) return;

@@ -83,9 +83,7 @@ bool CtrTextEdit::passes() const {
   });
 }
 
-std::string CtrTextEdit::shownLimit(const std::optional<double>& limit) const {
-  return limit ? shown(plainText(*limit, '.')) : std::string();
-}
+std::string CtrTextEdit::shownLimit(const std::optional<double>& limit) const { return limit ? shown(plainText(*limit, '.')) : std::string(); }
 
 // --- changes
 

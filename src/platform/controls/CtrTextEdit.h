@@ -61,7 +61,7 @@ class CtrTextEdit : public EditControl {
   std::vector<Upper> heldUppers() const;
 
   bool mRestricted = false;
-  std::vector<Lower> mLowers;          // the edits that bound this one from below
+  std::vector<Lower> mLowers;         // the edits that bound this one from below
   std::vector<CtrTextEdit*> mUppers;  // the edits that this one bounds
 };
 

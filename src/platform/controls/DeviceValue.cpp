@@ -54,7 +54,8 @@ std::optional<DeviceValue::Received> DeviceValue::received(const Node& item, con
   if (!number) return Received{text, text == "NaN" || text == "-Inf"};
   const std::string unit(item.findAttribute("unit").value_or(""));
   // A unit that is not told, or has no factor, is the data set's.
-  if (unit.empty() || unit == "noUnit" || unit == info.unit || unit.find('%') != unit.npos || !info.hasConvertibleUnit()) return Received{std::move(text), true};
+  if (unit.empty() || unit == "noUnit" || unit == info.unit || unit.find('%') != unit.npos || !info.hasConvertibleUnit())
+    return Received{std::move(text), true};
   if (const auto value = converted(*number, unit, info.unit, units)) return Received{plainText(*value, '.'), true};
   return Received{text + " " + unit, false};
 }

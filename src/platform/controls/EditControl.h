@@ -96,9 +96,9 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
   virtual std::optional<std::string> told() const = 0;
   // Whether the value on the screen passes its limits.
   virtual bool passes() const = 0;
-  virtual void parameterChanged() {}  // info() is new
-  virtual void unitsChanged() {}      // the user has chosen other units, or another locale
-  virtual void dropEdit() { mValue.dropEdit(); }  // the screen shows what is stored
+  virtual void parameterChanged() {}                   // info() is new
+  virtual void unitsChanged() {}                       // the user has chosen other units, or another locale
+  virtual void dropEdit() { mValue.dropEdit(); }       // the screen shows what is stored
   virtual void takeText(const std::string& text) = 0;  // a text set by code
 
   // The screen shows this document text as an edit of the user, although another one is stored.

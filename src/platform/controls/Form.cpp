@@ -152,7 +152,9 @@ FrameForm& FrameForm::labelled(Label& label, const std::string& key) {
   return *this;
 }
 
-FrameForm& FrameForm::row(Label& label, const std::string& key, Control& control, const std::string& tag) { return labelled(label, key).cell(control, tag); }
+FrameForm& FrameForm::row(Label& label, const std::string& key, Control& control, const std::string& tag) {
+  return labelled(label, key).cell(control, tag);
+}
 
 FrameForm& FrameForm::row(Control& control, const std::string& tag) {
   addRow();

@@ -50,9 +50,9 @@ class ListView : public Control {
   int SelectedRow() const { return read(mSelectedRow, "SelectedRow"); }
   void SelectedRow(int row);
 
-  Signal<int> ItemCheck;                            // row; its box has changed
-  Signal<int> ItemClick;                            // row
-  Signal<int, std::string&> AfterLabelEdit;         // row, the text that the user typed; the cell bears it, or what becomes of it here
+  Signal<int> ItemCheck;                     // row; its box has changed
+  Signal<int> ItemClick;                     // row
+  Signal<int, std::string&> AfterLabelEdit;  // row, the text that the user typed; the cell bears it, or what becomes of it here
 
   // For who follows the list: changes are counted, and a row, and the columns with what belongs to all rows, bear the count of
   // their last one. A row that moves to another index has changed there.

@@ -13,7 +13,8 @@ struct Category {
   std::string_view key;
   char letter;
 };
-constexpr std::array<Category, 5> kCategories{{{"good", ' '}, {"maintenance", 'M'}, {"outOfSpecification", 'S'}, {"functionCheck", 'C'}, {"failure", 'F'}}};
+constexpr std::array<Category, 5> kCategories{
+    {{"good", ' '}, {"maintenance", 'M'}, {"outOfSpecification", 'S'}, {"functionCheck", 'C'}, {"failure", 'F'}}};
 
 const Category& of(Ne107 category) { return kCategories[static_cast<std::size_t>(category)]; }
 

@@ -8,7 +8,7 @@ namespace ostrand {
 
 // A picture as text of a vector drawing (SVG), empty when there is none.
 struct Picture {
-  int width = 0;   // pixels
+  int width = 0;  // pixels
   int height = 0;
   std::string svg;
 };

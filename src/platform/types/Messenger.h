@@ -29,9 +29,8 @@ class Messenger : public virtual IObject {
   // Values.
   virtual void SetParameterStatus(const std::string& name, const std::string& word) = 0;
   // One changed value, told during ViewGetChanges: texts in document form, in the data set's unit.
-  virtual int AddChange(const std::string& name, const std::string& caption, const std::string& oldText,
-                        const std::string& newText, const std::string& unit, const std::string& type,
-                        const std::string& contextTag) = 0;
+  virtual int AddChange(const std::string& name, const std::string& caption, const std::string& oldText, const std::string& newText,
+                        const std::string& unit, const std::string& type, const std::string& contextTag) = 0;
   virtual void ForwardValue(const std::string& tag, const std::string& value) = 0;
 
   // Services; the converter and the tree document may be absent.

@@ -29,8 +29,8 @@ std::string required(const path& file, const Node& entry, const char* attribute)
 }
 
 RegisteredClass readEntry(const path& file, const Node& entry) {
-  RegisteredClass registered{required(file, entry, "name"), {}, required(file, entry, "library"),
-                             std::string(entry.findAttribute("description").value_or(""))};
+  RegisteredClass registered{
+      required(file, entry, "name"), {}, required(file, entry, "library"), std::string(entry.findAttribute("description").value_or(""))};
   const auto id = readGuid(required(file, entry, "id"));
   if (!id) damaged(file, "class \"" + registered.name + "\" has a malformed id");
   if (!registered.library.is_absolute()) damaged(file, "class \"" + registered.name + "\" names no absolute library path");

@@ -153,9 +153,7 @@ std::size_t NameIndex::depthOnPath(pugi::xml_node node) const {
   return depth;
 }
 
-bool NameIndex::isMember(pugi::xml_node node) const {
-  return mPath.size() == 1 ? isCalled(node, mPath[0]) : depthOnPath(node) == mPath.size();
-}
+bool NameIndex::isMember(pugi::xml_node node) const { return mPath.size() == 1 ? isCalled(node, mPath[0]) : depthOnPath(node) == mPath.size(); }
 
 void NameIndex::inserted(pugi::xml_node node) {
   if (mBuilt) eachMember(node, [&](pugi::xml_node member) { add(member); });

@@ -80,7 +80,9 @@ class Clean {
   pugi::xml_node counterpart(pugi::xml_node node, bool fromCopy) const {
     if (node == mCopy) return mDocument;
     std::vector<std::size_t> way;  // the number of the child on each floor, from below
-    const auto top = [&] { return std::find_if(mTops.begin(), mTops.end(), [&](const Top& each) { return (fromCopy ? each.copy : each.ours) == node; }); };
+    const auto top = [&] {
+      return std::find_if(mTops.begin(), mTops.end(), [&](const Top& each) { return (fromCopy ? each.copy : each.ours) == node; });
+    };
     auto found = top();
     for (; found == mTops.end(); found = top()) {
       std::size_t place = 0;

@@ -34,8 +34,7 @@ class Tree : public Counted {
   const NameIndex& ready(NameIndex& index);
   template <class Do>
   void eachIndex(Do apply) {
-    for (NameIndex* index : {&parameters, &parametersAnywhere, &mappings, &groups, &includedParams, &items, &itemsAnywhere})
-      apply(*index);
+    for (NameIndex* index : {&parameters, &parametersAnywhere, &mappings, &groups, &includedParams, &items, &itemsAnywhere}) apply(*index);
   }
 
  private:

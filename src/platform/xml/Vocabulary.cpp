@@ -8,14 +8,11 @@ namespace {
 
 const NameIndex& ready(const Document& doc, NameIndex Tree::*index, std::string_view name) {
   if (!doc) throwNothingThere("the document");
-  if (name.find('"') != name.npos)
-    throw RuntimeError(RuntimeError::BadArgument, "a name with a quote breaks the path: " + std::string(name));
+  if (name.find('"') != name.npos) throw RuntimeError(RuntimeError::BadArgument, "a name with a quote breaks the path: " + std::string(name));
   return doc.tree()->ready((*doc.tree()).*index);
 }
 
-Node find(const Document& doc, NameIndex Tree::*index, std::string_view name) {
-  return {doc.tree(), ready(doc, index, name).find(name)};
-}
+Node find(const Document& doc, NameIndex Tree::*index, std::string_view name) { return {doc.tree(), ready(doc, index, name).find(name)}; }
 
 }  // namespace
 

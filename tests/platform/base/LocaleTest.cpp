@@ -51,9 +51,7 @@ TEST(Locale, EnglishNoonAndMidnight) {
   EXPECT_EQ(locale("en").time(at(2021, 1, 2, 13, 0, 0)), "1:00:00 PM");
 }
 
-TEST(Locale, WritesTimesBeforeTheEpoch) {
-  EXPECT_EQ(locale("sv").dateAndTime(at(1969, 12, 31, 23, 59, 59, 999)), "1969-12-31 23:59:59");
-}
+TEST(Locale, WritesTimesBeforeTheEpoch) { EXPECT_EQ(locale("sv").dateAndTime(at(1969, 12, 31, 23, 59, 59, 999)), "1969-12-31 23:59:59"); }
 
 TEST(StandardForms, HaveFixedWidths) {
   const LocalTime time = at(2026, 1, 5, 8, 0, 1, 7);
@@ -71,11 +69,33 @@ TEST(ReadStandardDateAndTime, ReadsTheStandardForm) {
 }
 
 TEST(ReadStandardDateAndTime, RefusesWhatIsNoDateAndTimeAndLeavesTheResultAlone) {
-  for (const char* text : {"", " ", "2020-12-31", "23:59:59", "2020-12-31 ", "2020-12-31 23:59", "2020-12-31 24:00:00", "2020-12-31 23:60:00",
-                           "2020-12-31 23:59:60", "2021-02-29 00:00:00", "2020-13-01 00:00:00", "2020-00-01 00:00:00", "2020-12-00 00:00:00",
-                           "2020-12-32 00:00:00", "2020-257-31 00:00:00", "2020-12-287 00:00:00", "20-12-31 00:00:00", "99999-12-31 00:00:00",
-                           "--- 23:59:59", "-- ", "2020-12-31 -1:00:00", "2020--12-31 00:00:00", "2020-12-31- 00:00:00", "2020-12-31 23:59:59x",
-                           "2020-12-31 23:59:59 PM", "99999999999-12-31 00:00:00", "x-12-31 00:00:00"}) {
+  for (const char* text : {"",
+                           " ",
+                           "2020-12-31",
+                           "23:59:59",
+                           "2020-12-31 ",
+                           "2020-12-31 23:59",
+                           "2020-12-31 24:00:00",
+                           "2020-12-31 23:60:00",
+                           "2020-12-31 23:59:60",
+                           "2021-02-29 00:00:00",
+                           "2020-13-01 00:00:00",
+                           "2020-00-01 00:00:00",
+                           "2020-12-00 00:00:00",
+                           "2020-12-32 00:00:00",
+                           "2020-257-31 00:00:00",
+                           "2020-12-287 00:00:00",
+                           "20-12-31 00:00:00",
+                           "99999-12-31 00:00:00",
+                           "--- 23:59:59",
+                           "-- ",
+                           "2020-12-31 -1:00:00",
+                           "2020--12-31 00:00:00",
+                           "2020-12-31- 00:00:00",
+                           "2020-12-31 23:59:59x",
+                           "2020-12-31 23:59:59 PM",
+                           "99999999999-12-31 00:00:00",
+                           "x-12-31 00:00:00"}) {
     LocalTime time = kUntouched;
     EXPECT_FALSE(readStandardDateAndTime(text, time)) << '"' << text << '"';
     EXPECT_EQ(time, kUntouched) << '"' << text << '"';
@@ -101,7 +121,8 @@ TEST(ReadDate, EnglishPutsTheMonthFirst) {
 }
 
 TEST(ReadDate, RefusesOtherTexts) {
-  for (const char* text : {"", "31.12", "31.12.2020.1", "31.12.20", "29.2.2021", "0.1.2020", "1.0.2020", "1.257.2020", "a.b.c", "2020-13-01", "1 1 2020"}) {
+  for (const char* text :
+       {"", "31.12", "31.12.2020.1", "31.12.20", "29.2.2021", "0.1.2020", "1.0.2020", "1.257.2020", "a.b.c", "2020-13-01", "1 1 2020"}) {
     LocalTime time = kUntouched;
     EXPECT_FALSE(readDate(text, locale("de"), time)) << text;
     EXPECT_EQ(time, kUntouched);

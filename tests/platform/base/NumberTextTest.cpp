@@ -76,8 +76,33 @@ TEST(ParseNumber, TakesNoGroupSeparators) {
 }
 
 TEST(ParseNumber, RefusesWhatIsNoDecimalNumber) {
-  for (const char* text : {"", " ", ".", "+", "-", "+-1", "-+1", "++1", "--1", "1-2", "e5", "1e", "1e+", "1E5.5", "NaN", "nan", "-Inf", "Inf", "inf",
-                           "infinity", "0x10", "1f", "abc", "1.5%", "\xC2\xA0" "1", "1;5"}) {
+  for (const char* text : {"",
+                           " ",
+                           ".",
+                           "+",
+                           "-",
+                           "+-1",
+                           "-+1",
+                           "++1",
+                           "--1",
+                           "1-2",
+                           "e5",
+                           "1e",
+                           "1e+",
+                           "1E5.5",
+                           "NaN",
+                           "nan",
+                           "-Inf",
+                           "Inf",
+                           "inf",
+                           "infinity",
+                           "0x10",
+                           "1f",
+                           "abc",
+                           "1.5%",
+                           "\xC2\xA0"
+                           "1",
+                           "1;5"}) {
     EXPECT_EQ(parseNumber(text, '.'), std::nullopt) << '"' << text << '"';
     EXPECT_EQ(errorOf(text), RuntimeError::NotConvertible) << '"' << text << '"';
   }
@@ -86,8 +111,8 @@ TEST(ParseNumber, RefusesWhatIsNoDecimalNumber) {
 
 TEST(ParseNumber, TooLargeIsAnOverflowAndTooSmallIsZero) {
   const std::string zeros(500, '0');
-  for (const std::string& text : {std::string("1E400"), std::string("-1E400"), std::string("1E99999999999999999999"), std::string("1.8E308"), "1" + zeros,
-                                  "1" + zeros + "E-5", "0." + zeros + "1E+9999"}) {
+  for (const std::string& text : {std::string("1E400"), std::string("-1E400"), std::string("1E99999999999999999999"), std::string("1.8E308"),
+                                  "1" + zeros, "1" + zeros + "E-5", "0." + zeros + "1E+9999"}) {
     EXPECT_EQ(parseNumber(text, '.'), std::nullopt) << text;
     EXPECT_EQ(errorOf(text), RuntimeError::Overflow) << text;
   }
@@ -134,7 +159,8 @@ TEST(ParseInteger, ReadsWholeNumbersOnly) {
   EXPECT_EQ(parseInteger(" -12 "), -12);
   EXPECT_EQ(parseInteger("+12"), 12);
   EXPECT_EQ(parseInteger("9223372036854775807"), std::numeric_limits<long long>::max());
-  for (const char* text : {"", " ", "+", "-", "+-1", "1.0", "1e3", "12a", "a", "1 2", "9223372036854775808"}) EXPECT_EQ(parseInteger(text), std::nullopt) << text;
+  for (const char* text : {"", " ", "+", "-", "+-1", "1.0", "1e3", "12a", "a", "1 2", "9223372036854775808"})
+    EXPECT_EQ(parseInteger(text), std::nullopt) << text;
 }
 
 TEST(PlainText, ShowsUpToFifteenDigitsInTheShortestForm) {
@@ -265,7 +291,8 @@ double anyDouble(std::mt19937_64& random) {
 TEST(PlainText, ReadsBackToFifteenDigits) {
   std::mt19937_64 random(1);
   for (int i = 0; i < 50000; ++i) {
-    const double x = i % 2 ? anyDouble(random) : std::ldexp(static_cast<double>(static_cast<std::int64_t>(random())), static_cast<int>(random() % 100) - 90);
+    const double x =
+        i % 2 ? anyDouble(random) : std::ldexp(static_cast<double>(static_cast<std::int64_t>(random())), static_cast<int>(random() % 100) - 90);
     char fifteen[40];
     std::snprintf(fifteen, sizeof fifteen, "%.14e", x);
     double expected = 0;

@@ -37,7 +37,8 @@ TEST(Choices, TheSameOnesKeepTheirFilter) {
   choices.begin()->offered = false;
   EXPECT_FALSE(choices.read(mappingNode(choice("1", "one") + choice("2", "two"))));
   EXPECT_FALSE(choices[0].offered);
-  for (const std::string& other : {choice("1", "one"), choice("1", "one") + choice("2", "two") + choice("3", "three"), choice("1", "one") + choice("2", "zwei")}) {
+  for (const std::string& other :
+       {choice("1", "one"), choice("1", "one") + choice("2", "two") + choice("3", "three"), choice("1", "one") + choice("2", "zwei")}) {
     EXPECT_TRUE(choices.read(mappingNode(other)));
     EXPECT_TRUE(choices[0].offered);
   }

@@ -75,7 +75,8 @@ TEST(ControlKindTest, TheTypeAloneIsEnough) { EXPECT_EQ(DerivedTextEdit("x").kin
 
 TEST(ControlKindTest, TheParameterNameIsBehindTheFirstFourCharacters) {
   Label label("x");
-  for (const auto& [tag, name] : {std::pair{"ctr_damping", "damping"}, {"ctr_", ""}, {"damping", ""}, {"CTR_damping", ""}, {"xctr_a", ""}, {"", ""}}) {
+  for (const auto& [tag, name] :
+       {std::pair{"ctr_damping", "damping"}, {"ctr_", ""}, {"damping", ""}, {"CTR_damping", ""}, {"xctr_a", ""}, {"", ""}}) {
     label.Tag(tag);
     EXPECT_EQ(label.parameterName(), name) << tag;
   }
@@ -136,11 +137,13 @@ TEST_F(ProbeTest, HearsOfEveryPropertyOfAnEdit) {
                           "ctlX.Left = 1", "ctlX.Top = 2", "ctlX.Width = 3", "ctlX.Height = 4", "ctlX.BackColor = 16777215", "ctlX.Text = \"t\"",
                           "ctlX.Modified = true", "ctlX.KeepLocal = true", "ctlX.ExplicitApply = true", "ctlX.ReadOnly = true"));
   probe.readings = true;
-  edit().Tag(), edit().ContextTag(), edit().Enabled(), edit().TabStop(), edit().Visible(), edit().Left(), edit().Top(), edit().Width(), edit().Height();
-  edit().BackColor(), edit().Text(), edit().Modified(), edit().Correct(), edit().KeepLocal(), edit().ExplicitApply(), edit().ReadOnly(), edit().Error();
-  EXPECT_THAT(probe.calls.take(), ElementsAre("ctlX.Tag?", "ctlX.ContextTag?", "ctlX.Enabled?", "ctlX.TabStop?", "ctlX.Visible?", "ctlX.Left?", "ctlX.Top?",
-                                              "ctlX.Width?", "ctlX.Height?", "ctlX.BackColor?", "ctlX.Text?", "ctlX.Modified?", "ctlX.Correct?",
-                                              "ctlX.KeepLocal?", "ctlX.ExplicitApply?", "ctlX.ReadOnly?", "ctlX.Error?"));
+  edit().Tag(), edit().ContextTag(), edit().Enabled(), edit().TabStop(), edit().Visible(), edit().Left(), edit().Top(), edit().Width(),
+      edit().Height();
+  edit().BackColor(), edit().Text(), edit().Modified(), edit().Correct(), edit().KeepLocal(), edit().ExplicitApply(), edit().ReadOnly(),
+      edit().Error();
+  EXPECT_THAT(probe.calls.take(), ElementsAre("ctlX.Tag?", "ctlX.ContextTag?", "ctlX.Enabled?", "ctlX.TabStop?", "ctlX.Visible?", "ctlX.Left?",
+                                              "ctlX.Top?", "ctlX.Width?", "ctlX.Height?", "ctlX.BackColor?", "ctlX.Text?", "ctlX.Modified?",
+                                              "ctlX.Correct?", "ctlX.KeepLocal?", "ctlX.ExplicitApply?", "ctlX.ReadOnly?", "ctlX.Error?"));
 }
 
 TEST_F(ProbeTest, DoesNotHearOfTheUserNorOfWhoShowsTheControl) {
@@ -216,8 +219,8 @@ TEST_F(OtherProbeTest, HearsOfTheOtherControlsToo) {
   option.Value(true), option.Value();
   EXPECT_THAT(probe.calls.take(),
               ElementsAre("combo.SetMappings \"any\"", "combo.SetAllItemsAllowed false", "combo.SetItemAllowed \"a\" true", "combo.ApplyItemFilter",
-                          "box.Value = true", "box.Value?", "slider.Value = 5", "slider.Value?", "slider.Min?", "slider.Max?", "text.Text = \"t\"", "text.Text?",
-                          "label.Caption = \"c\"", "label.Caption?", "opt.Value = true", "opt.Value?"));
+                          "box.Value = true", "box.Value?", "slider.Value = 5", "slider.Value?", "slider.Min?", "slider.Max?", "text.Text = \"t\"",
+                          "text.Text?", "label.Caption = \"c\"", "label.Caption?", "opt.Value = true", "opt.Value?"));
 }
 
 TEST_F(OtherProbeTest, HearsOfEveryCellOfATable) {

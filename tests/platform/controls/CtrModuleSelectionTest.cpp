@@ -41,8 +41,9 @@ struct CtrModuleSelectionTest : testing::Test {
   static Document data(const std::string& first = "1", const std::string& second = "0") {
     const std::string numbers = "type=\"integerVal\"";
     return dataSet(parameterXml("flow", first, numbers) + parameterXml("heatModule", second, numbers) + parameterXml("other", "1", numbers),
-                   "<data:mappedParam name=\"flow\">" + item("0", "none", "1") + item("1", "short", "5") + item("2", "long", "10") + "</data:mappedParam>" +
-                       "<data:mappedParam name=\"module\">" + item("0", "off", "") + item("1", "on", "2") + item("2", "odd", "NaN") + item("3", "huge", "1E9") + "</data:mappedParam>",
+                   "<data:mappedParam name=\"flow\">" + item("0", "none", "1") + item("1", "short", "5") + item("2", "long", "10") +
+                       "</data:mappedParam>" + "<data:mappedParam name=\"module\">" + item("0", "off", "") + item("1", "on", "2") +
+                       item("2", "odd", "NaN") + item("3", "huge", "1E9") + "</data:mappedParam>",
                    "<data:requestGroup name=\"modules\"><data:includedParam name=\"flow\"/><data:includedParam name=\"absent\"/>"
                    "<data:includedParam name=\"heatModule\"/></data:requestGroup>");
   }

@@ -35,8 +35,9 @@ struct CtrMonitoringTest : testing::Test {
 
   Document data() {
     return dataSet(parameterXml("consistency", "3.5", "type=\"floatVal\" unit=\"%Cs\" decimals=\"2\"") +
-                       parameterXml("temperature", "20", "type=\"floatVal\" unit=\"degC\" decimals=\"1\"") + parameterXml("text", "on", "type=\"stringVal\"") +
-                       parameterXml("grade", "1", "type=\"integerVal\"") + parameterXml("torque", "2", "type=\"floatVal\" unit=\"Nm\""),
+                       parameterXml("temperature", "20", "type=\"floatVal\" unit=\"degC\" decimals=\"1\"") +
+                       parameterXml("text", "on", "type=\"stringVal\"") + parameterXml("grade", "1", "type=\"integerVal\"") +
+                       parameterXml("torque", "2", "type=\"floatVal\" unit=\"Nm\""),
                    "<data:mappedParam name=\"grade\">" + choice("1", "grade1") + choice("2", "grade2") + "</data:mappedParam>",
                    "<data:requestGroup name=\"live\"><data:includedParam name=\"consistency\"/><data:includedParam name=\"missing\"/>"
                    "<data:includedParam name=\"temperature\"/></data:requestGroup>");
@@ -45,7 +46,8 @@ struct CtrMonitoringTest : testing::Test {
   ListView& list() { return static_cast<ListView&>(*monitoring->GetControls().front()); }
   std::vector<std::string> rows() {
     std::vector<std::string> all;
-    for (int row = 1; row <= list().Count(); ++row) all.push_back(list().Cell(row, 1) + "|" + list().Cell(row, 2) + "|" + list().Cell(row, 3) + "|" + list().Cell(row, 4));
+    for (int row = 1; row <= list().Count(); ++row)
+      all.push_back(list().Cell(row, 1) + "|" + list().Cell(row, 2) + "|" + list().Cell(row, 3) + "|" + list().Cell(row, 4));
     return all;
   }
 };
@@ -67,7 +69,8 @@ TEST_F(CtrMonitoringTest, WithoutItsGroupItBeginsEmpty) {
 
 TEST_F(CtrMonitoringTest, AnswersOfOtherGroupsBringValuesButNoRows) {
   monitoring->SetOfflineData(data());
-  monitoring->SetOnlineData(answer("name=\"recipes\" access=\"read\" responseStatus=\"ok\"", itemXml("temperature", "21.26", "floatVal") + itemXml("text", "off")));
+  monitoring->SetOnlineData(
+      answer("name=\"recipes\" access=\"read\" responseStatus=\"ok\"", itemXml("temperature", "21.26", "floatVal") + itemXml("text", "off")));
   EXPECT_THAT(rows(), ElementsAre("consistency|3.50|%Cs|", "temperature|21.3|degC|"));
 }
 
@@ -83,7 +86,8 @@ TEST_F(CtrMonitoringTest, TakesInEveryItemThatHasAParameter) {
 TEST_F(CtrMonitoringTest, AnAnswerMayBearAnotherUnit) {
   monitoring->SetOfflineData(data());
   const auto temperature = [&](const char* value, const char* unit) {
-    monitoring->SetOnlineData(online("<comm:item name=\"temperature\" unit=\"" + std::string(unit) + "\"><comm:floatVal>" + value + "</comm:floatVal></comm:item>"));
+    monitoring->SetOnlineData(
+        online("<comm:item name=\"temperature\" unit=\"" + std::string(unit) + "\"><comm:floatVal>" + value + "</comm:floatVal></comm:item>"));
     return list().Cell(2, 2);
   };
   EXPECT_EQ(temperature("68", "degF"), "20.0");

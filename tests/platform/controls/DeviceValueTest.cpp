@@ -182,7 +182,9 @@ TEST_F(DeviceValueTest, ManyStandSideBySide) {
   std::vector<DeviceValue> values;
   for (int i = 0; i < 34; ++i) {
     DeviceValue& at = values.emplace_back();
-    at.store(at.documentText(at.describe(parameterNode("name=\"x" + std::to_string(i) + "\" type=\"floatVal\" decimals=\"3\" value=\"" + std::to_string(i) + ".5\"")).value));
+    at.store(at.documentText(
+        at.describe(parameterNode("name=\"x" + std::to_string(i) + "\" type=\"floatVal\" decimals=\"3\" value=\"" + std::to_string(i) + ".5\""))
+            .value));
     if (i % 2) at.edit({"1", "noUnit", true});
   }
   EXPECT_EQ(values[33].info().name, "x33");

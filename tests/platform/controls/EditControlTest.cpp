@@ -14,7 +14,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 struct EditControlTest : ControlBench<CtrTextEdit> {
-  void offline(const std::string& attributes = R"(name="x" type="floatVal" value="20" unit="degC" decimals="1" minVal="0" maxVal="100" access="readWrite")") {
+  void offline(
+      const std::string& attributes = R"(name="x" type="floatVal" value="20" unit="degC" decimals="1" minVal="0" maxVal="100" access="readWrite")") {
     edit().setOfflineData(parameterNode(attributes));
     take();
   }
@@ -148,7 +149,8 @@ TEST_F(EditControlTest, ModeOneCollectsAllModeTwoTheModified) {
   EXPECT_THAT(take(), IsEmpty());
   changes(2);
   changes(1);
-  EXPECT_THAT(take(), ElementsAre(R"(AddChange "x" "x" "20" "21.0" "degC" "floatVal" "group1")", R"(AddChange "x" "x" "20" "21.0" "degC" "floatVal" "group1")"));
+  EXPECT_THAT(take(), ElementsAre(R"(AddChange "x" "x" "20" "21.0" "degC" "floatVal" "group1")",
+                                  R"(AddChange "x" "x" "20" "21.0" "degC" "floatVal" "group1")"));
 }
 
 TEST_F(EditControlTest, AChangeBearsItsLabelAndTheDataUnit) {
@@ -257,7 +259,8 @@ TEST_F(EditControlTest, WithoutAParameterAnItemIsAText) {
 }
 
 TEST_F(EditControlTest, ARequestNamesTheElementsOfTheWire) {
-  offline(R"(name="PAAddress" type="intVal" value="42" offlineValue="" unit="noUnit" decimals="0" minVal="0" maxVal="126" access="readWrite" synchronised="0")");
+  offline(
+      R"(name="PAAddress" type="intVal" value="42" offlineValue="" unit="noUnit" decimals="0" minVal="0" maxVal="126" access="readWrite" synchronised="0")");
   EXPECT_EQ(edit().GetXmlItem().xml(), R"(<item name="x" unit="noUnit"><integerVal>42</integerVal></item>)");
   edit().type("126");
   EXPECT_TRUE(edit().Correct());

@@ -68,8 +68,8 @@ TEST_F(FormTest, TheOrderOfGetControls) {
     form.frame(at.frame2, "two").row(at.label2, "l2", at.c, "ctr_c");
     form.nested(at.nested, "live");
   });
-  EXPECT_THAT(panel->names(), ElementsAre("frame1", "title", "stamp", "CtrFocusTransfer1", "label1", "a", "b", "button", "CtrFocusTransfer2", "frame2",
-                                           "label2", "c", "nested"));
+  EXPECT_THAT(panel->names(), ElementsAre("frame1", "title", "stamp", "CtrFocusTransfer1", "label1", "a", "b", "button", "CtrFocusTransfer2",
+                                          "frame2", "label2", "c", "nested"));
   EXPECT_EQ(panel->frame1.Tag(), "one");
   EXPECT_EQ(panel->title.Tag(), "one");
   EXPECT_EQ(panel->stamp.Tag(), "date_one");
@@ -85,7 +85,11 @@ TEST_F(FormTest, TheOrderOfGetControls) {
 
 TEST_F(FormTest, RowsPlaceThemselves400Apart) {
   declare([](Panel& at, Form& form) {
-    form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").row(at.label2, "l2", at.b, "ctr_b").cell(at.c, "ctr_c").button(at.button, "k", "K");
+    form.frame(at.frame1, "one")
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .row(at.label2, "l2", at.b, "ctr_b")
+        .cell(at.c, "ctr_c")
+        .button(at.button, "k", "K");
   });
   EXPECT_EQ(placeOf(panel->frame1), Place(0, 0, panel->width(), panel->height()));
   EXPECT_EQ(panel->b.Top() - panel->a.Top(), 400);
@@ -99,10 +103,7 @@ TEST_F(FormTest, RowsPlaceThemselves400Apart) {
 
 TEST_F(FormTest, ATableHasItsHeadsOverItsColumns) {
   declare([](Panel& at, Form& form) {
-    form.frame(at.frame1, "one")
-        .heads({{&at.head1, "h1"}, {&at.head2, "h2"}})
-        .row(at.label1, "l1", at.a, "ctr_a")
-        .cell(at.b, "ctr_b");
+    form.frame(at.frame1, "one").heads({{&at.head1, "h1"}, {&at.head2, "h2"}}).row(at.label1, "l1", at.a, "ctr_a").cell(at.b, "ctr_b");
   });
   EXPECT_EQ(panel->head1.Left(), panel->a.Left());
   EXPECT_EQ(panel->head2.Left(), panel->b.Left());
@@ -168,7 +169,9 @@ TEST_F(FormTest, TablesShareTheFrame) {
 }
 
 TEST_F(FormTest, ArraysMayHaveHoles) {
-  declare([](Panel& at, Form& form) { form.frame(at.frame1, "one").row(at.holes.at(1), "ctr_1").row(at.holes.at(4), "ctr_4").row(at.holes.next(), "ctr_5"); });
+  declare([](Panel& at, Form& form) {
+    form.frame(at.frame1, "one").row(at.holes.at(1), "ctr_1").row(at.holes.at(4), "ctr_4").row(at.holes.next(), "ctr_5");
+  });
   EXPECT_EQ(panel->holes.size(), 6);
   EXPECT_FALSE(panel->holes.has(0));
   EXPECT_TRUE(panel->holes.has(1));
@@ -243,7 +246,13 @@ TEST_F(FormTest, AComponentWithoutFramesHasRowsToo) {
 
 TEST_F(FormTest, BlocksStandSideBySide) {
   declare([](Panel& at, Form& form) {
-    form.frame(at.frame1, "one").title(at.title, "one").split({3, 1}).row(at.label1, "l1", at.a, "ctr_a").beside().fill(at.list, "list").over(at.list2, "list2");
+    form.frame(at.frame1, "one")
+        .title(at.title, "one")
+        .split({3, 1})
+        .row(at.label1, "l1", at.a, "ctr_a")
+        .beside()
+        .fill(at.list, "list")
+        .over(at.list2, "list2");
   });
   const FormFrame& one = *panel->formOf(&panel->frame1);
   ASSERT_EQ(one.blocks.size(), 2u);
@@ -261,8 +270,8 @@ TEST_F(FormTest, EachFrameThatWritesHasItsPairOfFocusTransfers) {
     form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").button(at.button, "accept", "Accept");
     form.frame(at.frame2, "two").title(at.title, "two").button(at.button2, "reset", "Reset").row(at.label2, "l2", at.b, "ctr_b");
   });
-  EXPECT_THAT(panel->names(), ElementsAre("frame1", "CtrFocusTransfer1", "label1", "a", "button", "CtrFocusTransfer2", "frame2", "title", "CtrFocusTransfer3",
-                                          "button2", "label2", "b", "CtrFocusTransfer4"));
+  EXPECT_THAT(panel->names(), ElementsAre("frame1", "CtrFocusTransfer1", "label1", "a", "button", "CtrFocusTransfer2", "frame2", "title",
+                                          "CtrFocusTransfer3", "button2", "label2", "b", "CtrFocusTransfer4"));
   for (const Control* control : panel->controls()) {
     if (!control->name().starts_with("CtrFocusTransfer")) continue;
     EXPECT_EQ(control->kind(), Control::Kind::NoData);

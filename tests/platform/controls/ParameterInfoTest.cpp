@@ -13,7 +13,8 @@ using namespace test;
 
 TEST(ParameterInfoTest, TakesEverythingFromTheAttributes) {
   ParameterInfo info;
-  const Node node = parameterNode(R"(name="damping" type="floatVal" value="4.5" offlineValue="5" unit="s" decimals="2" minVal="0.5" maxVal="60" access="readWrite")");
+  const Node node = parameterNode(
+      R"(name="damping" type="floatVal" value="4.5" offlineValue="5" unit="s" decimals="2" minVal="0.5" maxVal="60" access="readWrite")");
   const ParameterValues values = info.read(node);
   EXPECT_EQ(info.name, "damping");
   EXPECT_EQ(info.type, "floatVal");
@@ -77,7 +78,8 @@ TEST(ParameterInfoTest, AnyTypeThatBeginsWithIntOrFloatIsNumeric) {
 
 TEST(ParameterInfoTest, PercentagesAndNoUnitNeverConvert) {
   ParameterInfo info;
-  for (const auto& [unit, converts] : {std::pair{"degC", true}, {"N", true}, {"", false}, {"noUnit", false}, {"%", false}, {"%Cs", false}, {"% Cs", false}}) {
+  for (const auto& [unit, converts] :
+       {std::pair{"degC", true}, {"N", true}, {"", false}, {"noUnit", false}, {"%", false}, {"%Cs", false}, {"% Cs", false}}) {
     info.unit = unit;
     EXPECT_EQ(info.hasConvertibleUnit(), converts) << unit;
   }

@@ -32,8 +32,9 @@ TEST_F(StatusWordsTest, TheSyncWordTellsFirstReadFailureAndRecovery) {
   EXPECT_EQ(sync("notRead", false), "syncError");
   EXPECT_EQ(sync("sync", false), "syncError");
   EXPECT_EQ(sync("reSync", false), "syncError");
-  EXPECT_THAT(calls.take(), ElementsAre(R"(SetParameterStatus "p" "sync")", R"(SetParameterStatus "p" "reSync")", R"(SetParameterStatus "p" "syncError")",
-                                        R"(SetParameterStatus "p" "syncError")", R"(SetParameterStatus "p" "syncError")"));
+  EXPECT_THAT(calls.take(),
+              ElementsAre(R"(SetParameterStatus "p" "sync")", R"(SetParameterStatus "p" "reSync")", R"(SetParameterStatus "p" "syncError")",
+                          R"(SetParameterStatus "p" "syncError")", R"(SetParameterStatus "p" "syncError")"));
 }
 
 TEST_F(StatusWordsTest, ASyncWordThatStaysIsNotTold) {

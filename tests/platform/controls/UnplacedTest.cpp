@@ -60,8 +60,9 @@ struct UnplacedTest : testing::Test {
   }
 
   void useControl(Control& control) {
-    for (const char* name : {"Tag", "ContextTag", "Enabled", "TabStop", "Visible", "Left", "Top", "Width", "Height", "BackColor", "Caption", "Text",
-                             "Modified", "Correct", "KeepLocal", "ExplicitApply", "ReadOnly", "Error", "Value", "Count", "ListIndex", "Min", "Max"}) {
+    for (const char* name :
+         {"Tag",      "ContextTag", "Enabled",   "TabStop",       "Visible",  "Left",  "Top",   "Width", "Height",    "BackColor", "Caption", "Text",
+          "Modified", "Correct",    "KeepLocal", "ExplicitApply", "ReadOnly", "Error", "Value", "Count", "ListIndex", "Min",       "Max"}) {
       attempt([&] { control.set(name, {}, control.get(name, {})); });
       attempt([&] { control.set(name, {}, std::string("20")); });
       attempt([&] { control.set(name, {}, true); });
@@ -134,7 +135,8 @@ struct UnplacedTest : testing::Test {
   template <class T>
   void usePanel() {
     const Ref<T> panel(new T);
-    const auto document = dataSet(parameterXml("x", "20", kParameters[0] + 9), {}, "<data:requestGroup name=\"\"><data:includedParam name=\"x\"/></data:requestGroup>");
+    const auto document =
+        dataSet(parameterXml("x", "20", kParameters[0] + 9), {}, "<data:requestGroup name=\"\"><data:includedParam name=\"x\"/></data:requestGroup>");
     for (int round = 0; round < 2; ++round) {
       panel->SetMessenger(messenger);
       panel->Localize(messenger->textTable);

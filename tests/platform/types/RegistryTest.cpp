@@ -77,7 +77,8 @@ TEST_F(RegistryTest, MakesItsFolder) {
 TEST_F(RegistryTest, ADamagedFileIsAnErrorAndStays) {
   const std::string good = "<class name='VwA' id='4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21ab' library='/lib/a.so'/>";
   for (const std::string& text :
-       {std::string(), std::string("<components><class name=\"VwA\" id=\"4d1c0f"), "<other>" + good + "</other>", std::string("<components><view/></components>"),
+       {std::string(), std::string("<components><class name=\"VwA\" id=\"4d1c0f"), "<other>" + good + "</other>",
+        std::string("<components><view/></components>"),
         std::string("<components><class id='4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21ab' library='/lib/a.so'/></components>"),
         std::string("<components><class name='VwA' id='4d1c' library='/lib/a.so'/></components>"),
         std::string("<components><class name='VwA' id='4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21ab' library='a.so'/></components>")}) {
@@ -125,7 +126,8 @@ TEST_F(RegistryTest, ThePlaceIsToldByTheEnvironment) {
 TEST_F(RegistryTest, IdsHaveOneForm) {
   EXPECT_EQ(guidText(kFirst), "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21ab");
   EXPECT_EQ(readGuid("4D1C0F02-7A41-4B0E-8A53-1F6A5C3E21AB"), kFirst);
-  for (const char* const text : {"", "4d1c0f02", "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21abc", "4d1c0f02a7a41-4b0e-8a53-1f6a5c3e21ab", "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21ag"})
+  for (const char* const text :
+       {"", "4d1c0f02", "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21abc", "4d1c0f02a7a41-4b0e-8a53-1f6a5c3e21ab", "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e21ag"})
     EXPECT_FALSE(readGuid(text)) << text;
 }
 

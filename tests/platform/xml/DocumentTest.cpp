@@ -55,9 +55,10 @@ TEST(Document, AValueOfBlanksIsKeptAndIndentIsNot) {
 }
 
 TEST(Document, SerializesSoThatItReadsTheSame) {
-  for (const std::string text : {R"(<?xml version="1.0" encoding="UTF-8"?><!--c--><a x="&quot;&lt;&#10;&#9;'" y=""><b>&#13;&lt;&amp;]]&gt;</b><?pi data?><c/><d> </d></a>)",
-                                 R"(<a>mixed <b>text</b> and <![CDATA[raw < & ]]> tail</a>)", R"(<a><b/><b></b><!-- <c/> --></a>)",
-                                 "<a>\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E</a>"}) {
+  for (const std::string text :
+       {R"(<?xml version="1.0" encoding="UTF-8"?><!--c--><a x="&quot;&lt;&#10;&#9;'" y=""><b>&#13;&lt;&amp;]]&gt;</b><?pi data?><c/><d> </d></a>)",
+        R"(<a>mixed <b>text</b> and <![CDATA[raw < & ]]> tail</a>)", R"(<a><b/><b></b><!-- <c/> --></a>)",
+        "<a>\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E</a>"}) {
     const std::string once = Document::read(text).xml();
     EXPECT_EQ(Document::read(once).xml(), once) << text;
     EXPECT_EQ(Document::read(once).root().text(), Document::read(text).root().text());
@@ -85,7 +86,7 @@ TEST(Document, AnEmptyHandleHasNothing) {
   const Document none;
   EXPECT_FALSE(none);
   for (const auto& call : std::vector<std::function<void()>>{[&] { none.root(); }, [&] { none.select("a"); }, [&] { none.selectAll("a"); },
-                                                            [&] { none.selectText("a"); }, [&] { none.xml(); }}) {
+                                                             [&] { none.selectText("a"); }, [&] { none.xml(); }}) {
     try {
       call();
       ADD_FAILURE();
@@ -197,13 +198,13 @@ TEST(DocumentType, IsSkippedAndItsEntitiesStayUnexpanded) {
 
 TEST(DocumentType, EntitiesOfEntitiesCostNothing) {
   std::string text = "<!DOCTYPE a [<!ENTITY e0 \"ha\">";
-  for (int i = 1; i < 60; ++i)
-    text += "<!ENTITY e" + std::to_string(i) + " \"&e" + std::to_string(i - 1) + ";&e" + std::to_string(i - 1) + ";\">";
+  for (int i = 1; i < 60; ++i) text += "<!ENTITY e" + std::to_string(i) + " \"&e" + std::to_string(i - 1) + ";&e" + std::to_string(i - 1) + ";\">";
   EXPECT_EQ(Document::read(text + "]><a>&e59;</a>").root().text(), "&e59;");
 }
 
 TEST(Document, ACopyIsADocumentOfItsOwn) {
-  const Document doc = Document::read("<?xml version=\"1.0\"?><!-- top --><d:dtm xmlns:d=\"x-schema:TAVPersistentDataSchema.xml\"><a n=\"1 &lt; 2\"> </a><b>t<![CDATA[<c>]]></b></d:dtm>");
+  const Document doc = Document::read(
+      "<?xml version=\"1.0\"?><!-- top --><d:dtm xmlns:d=\"x-schema:TAVPersistentDataSchema.xml\"><a n=\"1 &lt; 2\"> </a><b>t<![CDATA[<c>]]></b></d:dtm>");
   doc.select("//b").clone();
   const Document copy = doc.copy();
   EXPECT_EQ(copy.xml(), doc.xml());

@@ -62,8 +62,8 @@ TEST(DeepDocument, CanBeChangedLikeAnyOther) {
 TEST(LargeDocument, IsReadAndLookedUpLikeASmallOne) {
   const auto parameterText = [](std::size_t i) {
     return "<data:parameter name=\"parameter" + std::to_string(i) + "\" type=\"floatVal\" value=\"" + std::to_string(i) +
-           "\" offlineValue=\"\" unit=\"noUnit\" decimals=\"2\" minVal=\"0\" maxVal=\"100\" access=\"readWrite\" synchronised=\"0\">" + std::string(140, ' ') +
-           "</data:parameter>\n";
+           "\" offlineValue=\"\" unit=\"noUnit\" decimals=\"2\" minVal=\"0\" maxVal=\"100\" access=\"readWrite\" synchronised=\"0\">" +
+           std::string(140, ' ') + "</data:parameter>\n";
   };
   std::string text = "<data:dtm><data:persistentData><data:parameters>\n";
   text.reserve(kLarge + 1000);

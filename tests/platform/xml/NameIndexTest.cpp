@@ -57,7 +57,8 @@ void compareWithFresh(const Document& doc) {
     }
     ASSERT_EQ(homeGroup(doc, name), homeGroup(fresh, name));
   }
-  for (const char* path : {"(//data:parameter)[last()]", "//comm:item[last()]", "(//*)[last()]", "//data:includedParam[not(following::data:includedParam)]"}) {
+  for (const char* path :
+       {"(//data:parameter)[last()]", "//comm:item[last()]", "(//*)[last()]", "//data:includedParam[not(following::data:includedParam)]"}) {
     const Node ours = doc.select(path), theirs = fresh.select(path);
     ASSERT_EQ(ours ? ours.xml() : "", theirs ? theirs.xml() : "") << path;
   }
@@ -66,13 +67,14 @@ void compareWithFresh(const Document& doc) {
 class RandomChanges {
  public:
   explicit RandomChanges(unsigned seed) : mRandom(seed) {
+    mDocs.push_back(Document::read(
+        "<data:dtm><data:persistentData><data:parameters><data:parameter name='a'/><data:parameter name='b'/><data:parameter name='a'/></data:parameters>"
+        "</data:persistentData><data:mappedParams><data:mappedParam name='a'/></data:mappedParams><data:requestGroups><data:requestGroup name='a'>"
+        "<data:includedParam name='a'/></data:requestGroup><data:requestGroup name='b'><data:includedParam name='a' clone='1'/></data:requestGroup>"
+        "</data:requestGroups></data:dtm>"));
     mDocs.push_back(
-        Document::read("<data:dtm><data:persistentData><data:parameters><data:parameter name='a'/><data:parameter name='b'/><data:parameter name='a'/></data:parameters>"
-                       "</data:persistentData><data:mappedParams><data:mappedParam name='a'/></data:mappedParams><data:requestGroups><data:requestGroup name='a'>"
-                       "<data:includedParam name='a'/></data:requestGroup><data:requestGroup name='b'><data:includedParam name='a' clone='1'/></data:requestGroup>"
-                       "</data:requestGroups></data:dtm>"));
-    mDocs.push_back(Document::read("<comm:dtm><comm:communicationResponse name='r'><comm:item name='a'><comm:floatVal>1</comm:floatVal></comm:item>"
-                                   "<comm:item name='b'/></comm:communicationResponse></comm:dtm>"));
+        Document::read("<comm:dtm><comm:communicationResponse name='r'><comm:item name='a'><comm:floatVal>1</comm:floatVal></comm:item>"
+                       "<comm:item name='b'/></comm:communicationResponse></comm:dtm>"));
     mDocs.push_back(Document::read("<data:dtm><x/></data:dtm>"));
   }
 
@@ -119,14 +121,18 @@ class RandomChanges {
     // Small enough to be quick, and never without a place for what matters.
     for (const Document& each : mDocs)
       while (each.selectAll("//*").size() > 60) anyChild(each.root()).remove();
-    if (!mDocs[0].select("./data:dtm/data:persistentData/data:parameters")) mDocs[0].root().appendElement("data:persistentData").appendElement("data:parameters");
+    if (!mDocs[0].select("./data:dtm/data:persistentData/data:parameters"))
+      mDocs[0].root().appendElement("data:persistentData").appendElement("data:parameters");
     if (!mDocs[0].select("./data:dtm/data:requestGroups")) mDocs[0].root().appendElement("data:requestGroups");
     if (!mDocs[1].select("comm:dtm/comm:communicationResponse")) mDocs[1].root().appendElement("comm:communicationResponse");
   }
 
  private:
-  static constexpr const char* kKinds[] = {"data:parameter",    "data:mappedParam", "data:requestGroup", "data:includedParam", "comm:item", "comm:communicationResponse",
-                                           "data:mappedParams", "data:parameters",  "comm:floatVal",     "x"};
+  static constexpr const char* kKinds[] = {"data:parameter",    "data:mappedParam",
+                                           "data:requestGroup", "data:includedParam",
+                                           "comm:item",         "comm:communicationResponse",
+                                           "data:mappedParams", "data:parameters",
+                                           "comm:floatVal",     "x"};
 
   std::size_t below(std::size_t limit) { return mRandom() % limit; }
   std::string name() { return kNames[below(std::size(kNames))]; }
@@ -255,7 +261,8 @@ TEST(NameIndex, ManyOfOneNameStayInOrderThroughEveryChange) {
     item(names.doc, "a"), itemAnywhere(names.doc, "a");
     for (int step = 0; step < 300; ++step) {
       names.step();
-      ASSERT_TRUE(item(names.doc, "a") == names.doc.select("comm:dtm/comm:communicationResponse/comm:item[@name=\"a\"]")) << "seed " << seed << ", step " << step;
+      ASSERT_TRUE(item(names.doc, "a") == names.doc.select("comm:dtm/comm:communicationResponse/comm:item[@name=\"a\"]"))
+          << "seed " << seed << ", step " << step;
       ASSERT_TRUE(itemAnywhere(names.doc, "b") == names.doc.select("//comm:item[@name=\"b\"]")) << "seed " << seed << ", step " << step;
     }
     names.drain();
@@ -264,7 +271,8 @@ TEST(NameIndex, ManyOfOneNameStayInOrderThroughEveryChange) {
 }
 
 TEST(NameIndex, WritingValuesLeavesItAlone) {
-  const Document doc = Document::read("<data:dtm><data:persistentData><data:parameters><data:parameter name='a' value='1'/></data:parameters></data:persistentData></data:dtm>");
+  const Document doc = Document::read(
+      "<data:dtm><data:persistentData><data:parameters><data:parameter name='a' value='1'/></data:parameters></data:persistentData></data:dtm>");
   ASSERT_TRUE(parameter(doc, "a"));
   NameIndex& index = doc.tree()->parameters;
   ASSERT_TRUE(index.built());
@@ -288,7 +296,8 @@ TEST(NameIndex, IsNotRebuiltForAChange) {
   const Node groupCopy = group(doc, "h").clone();
   doc.select("//data:requestGroups").append(groupCopy);
   parameter(doc, "a").remove();
-  for (const NameIndex* index : {&doc.tree()->parameters, &doc.tree()->parametersAnywhere, &doc.tree()->includedParams, &doc.tree()->groups}) EXPECT_TRUE(index->built());
+  for (const NameIndex* index : {&doc.tree()->parameters, &doc.tree()->parametersAnywhere, &doc.tree()->includedParams, &doc.tree()->groups})
+    EXPECT_TRUE(index->built());
   EXPECT_FALSE(parameter(doc, "a"));
   EXPECT_TRUE(parameterAnywhere(doc, "b"));
   EXPECT_EQ(homeGroup(doc, "a"), "h");

@@ -34,12 +34,26 @@ TEST(Node, AnEmptyHandleIsNothingThere) {
   const Document doc = Document::read("<a/>");
   EXPECT_FALSE(none);
   EXPECT_TRUE(none == Node(nullptr));
-  for (const auto& call : std::vector<std::function<void()>>{
-           [&] { none.name(); }, [&] { none.text(); }, [&] { none.attribute("x"); }, [&] { none.findAttribute("x"); }, [&] { none.xml(); },
-           [&] { none.parent(); }, [&] { none.firstChild(); }, [&] { none.nextSibling(); }, [&] { none.child("x"); }, [&] { none.select("x"); },
-           [&] { none.selectAll("x"); }, [&] { none.selectText("x"); }, [&] { none.setText("x"); }, [&] { none.setAttribute("x", "y"); },
-           [&] { none.clone(); }, [&] { none.append(doc.root()); }, [&] { doc.root().append(none); }, [&] { none.insertBefore(doc.root(), none); },
-           [&] { none.appendElement("x"); }, [&] { none.remove(); }})
+  for (const auto& call : std::vector<std::function<void()>>{[&] { none.name(); },
+                                                             [&] { none.text(); },
+                                                             [&] { none.attribute("x"); },
+                                                             [&] { none.findAttribute("x"); },
+                                                             [&] { none.xml(); },
+                                                             [&] { none.parent(); },
+                                                             [&] { none.firstChild(); },
+                                                             [&] { none.nextSibling(); },
+                                                             [&] { none.child("x"); },
+                                                             [&] { none.select("x"); },
+                                                             [&] { none.selectAll("x"); },
+                                                             [&] { none.selectText("x"); },
+                                                             [&] { none.setText("x"); },
+                                                             [&] { none.setAttribute("x", "y"); },
+                                                             [&] { none.clone(); },
+                                                             [&] { none.append(doc.root()); },
+                                                             [&] { doc.root().append(none); },
+                                                             [&] { none.insertBefore(doc.root(), none); },
+                                                             [&] { none.appendElement("x"); },
+                                                             [&] { none.remove(); }})
     EXPECT_EQ(errorOf(call), RuntimeError::NothingThere);
 }
 

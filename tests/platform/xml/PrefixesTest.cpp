@@ -11,16 +11,15 @@ using testing::HasSubstr;
 constexpr const char* kPlain =
     R"(<comm:dtm xmlns:comm="x-schema:TAVCommunicationSchema.xml"><comm:communicationResponse name="r"><comm:item name="i"><comm:floatVal>1.5</comm:floatVal></comm:item></comm:communicationResponse></comm:dtm>)";
 
-TEST(Prefixes, ADocumentInTheUsualOnesStaysAsItIs) {
-  EXPECT_EQ(Document::read(kPlain).xml(), kPlain);
-}
+TEST(Prefixes, ADocumentInTheUsualOnesStaysAsItIs) { EXPECT_EQ(Document::read(kPlain).xml(), kPlain); }
 
 TEST(Prefixes, OtherPrefixesAndADefaultNamespaceReadTheSame) {
-  for (const char* text :
-       {R"(<c:dtm xmlns:c="x-schema:TAVCommunicationSchema.xml"><c:communicationResponse name="r"><c:item name="i"><c:floatVal>1.5</c:floatVal></c:item></c:communicationResponse></c:dtm>)",
-        R"(<dtm xmlns="x-schema:TAVCommunicationSchema.xml"><communicationResponse name="r"><item name="i"><floatVal>1.5</floatVal></item></communicationResponse></dtm>)",
-        R"(<dtm xmlns="x-schema&#58;TAVCommunicationSchema.xml"><communicationResponse name="r"><item name="i"><floatVal>1.5</floatVal></item></communicationResponse></dtm>)",
-        R"(<data:dtm xmlns:data="x-schema:TAVCommunicationSchema.xml"><data:communicationResponse name="r"><data:item name="i"><data:floatVal>1.5</data:floatVal></data:item></data:communicationResponse></data:dtm>)"}) {
+  for (
+      const char* text :
+      {R"(<c:dtm xmlns:c="x-schema:TAVCommunicationSchema.xml"><c:communicationResponse name="r"><c:item name="i"><c:floatVal>1.5</c:floatVal></c:item></c:communicationResponse></c:dtm>)",
+       R"(<dtm xmlns="x-schema:TAVCommunicationSchema.xml"><communicationResponse name="r"><item name="i"><floatVal>1.5</floatVal></item></communicationResponse></dtm>)",
+       R"(<dtm xmlns="x-schema&#58;TAVCommunicationSchema.xml"><communicationResponse name="r"><item name="i"><floatVal>1.5</floatVal></item></communicationResponse></dtm>)",
+       R"(<data:dtm xmlns:data="x-schema:TAVCommunicationSchema.xml"><data:communicationResponse name="r"><data:item name="i"><data:floatVal>1.5</data:floatVal></data:item></data:communicationResponse></data:dtm>)"}) {
     const Document doc = Document::read(text);
     EXPECT_EQ(doc.xml(), kPlain) << text;
     EXPECT_EQ(item(doc, "i").child("comm:floatVal").text(), "1.5") << text;
@@ -32,7 +31,9 @@ TEST(Prefixes, BothSpellingsInOneDocument) {
   const Document doc = Document::read(
       R"(<dtm xmlns="x-schema:TAVCommunicationSchema.xml" xmlns:comm="x-schema:TAVCommunicationSchema.xml"><comm:communicationResponse><item name="a"/></comm:communicationResponse></dtm>)");
   EXPECT_TRUE(item(doc, "a"));
-  EXPECT_EQ(doc.xml(), R"(<comm:dtm xmlns:comm="x-schema:TAVCommunicationSchema.xml"><comm:communicationResponse><comm:item name="a"/></comm:communicationResponse></comm:dtm>)");
+  EXPECT_EQ(
+      doc.xml(),
+      R"(<comm:dtm xmlns:comm="x-schema:TAVCommunicationSchema.xml"><comm:communicationResponse><comm:item name="a"/></comm:communicationResponse></comm:dtm>)");
 }
 
 TEST(Prefixes, DeclarationsBelowTheRootHoldInTheirElementOnly) {
@@ -60,7 +61,8 @@ TEST(Prefixes, NestedDeclarationsOfOnePrefix) {
 }
 
 TEST(Prefixes, CommOfAForeignNamespaceIsNotOurs) {
-  const Document doc = Document::read(R"(<comm:dtm xmlns:comm="urn:other"><comm:communicationResponse><comm:item name="i"/></comm:communicationResponse></comm:dtm>)");
+  const Document doc =
+      Document::read(R"(<comm:dtm xmlns:comm="urn:other"><comm:communicationResponse><comm:item name="i"/></comm:communicationResponse></comm:dtm>)");
   EXPECT_FALSE(item(doc, "i"));
   EXPECT_FALSE(response(doc));
   EXPECT_FALSE(doc.select("//comm:item"));
@@ -70,7 +72,8 @@ TEST(Prefixes, CommOfAForeignNamespaceIsNotOurs) {
 TEST(Prefixes, OursBesideAForeignCommInAnyOrder) {
   for (const char* declarations : {R"(xmlns:c="x-schema:TAVCommunicationSchema.xml" xmlns:comm="urn:other")",
                                    R"(xmlns:comm="urn:other" xmlns:c="x-schema:TAVCommunicationSchema.xml")"}) {
-    const Document doc = Document::read("<c:dtm " + std::string(declarations) + "><c:communicationResponse><comm:x/><c:item name='i'/></c:communicationResponse></c:dtm>");
+    const Document doc = Document::read("<c:dtm " + std::string(declarations) +
+                                        "><c:communicationResponse><comm:x/><c:item name='i'/></c:communicationResponse></c:dtm>");
     EXPECT_TRUE(item(doc, "i")) << declarations;
     EXPECT_EQ(doc.root().findAttribute("xmlns:comm"), "x-schema:TAVCommunicationSchema.xml") << declarations;
     EXPECT_EQ(doc.root().findAttribute("xmlns:foreign-comm"), "urn:other") << declarations;
@@ -89,7 +92,8 @@ TEST(Prefixes, AForeignCommInsideHoldsForItsElementOnly) {
 TEST(Prefixes, WithoutDeclarationsTheyAreReadByName) {
   const Document doc = Document::read("<comm:dtm><comm:communicationResponse><comm:item name='i'/></comm:communicationResponse></comm:dtm>");
   EXPECT_TRUE(item(doc, "i"));
-  const Document data = Document::read("<data:dtm><data:mappedParams><data:mappedParam name='m'/></data:mappedParams><typeInfo:internalInfo busCategory='HART'/></data:dtm>");
+  const Document data = Document::read(
+      "<data:dtm><data:mappedParams><data:mappedParam name='m'/></data:mappedParams><typeInfo:internalInfo busCategory='HART'/></data:dtm>");
   EXPECT_TRUE(mapping(data, "m"));
   EXPECT_EQ(data.selectText("//typeInfo:internalInfo/@busCategory"), "HART");
 }
@@ -110,7 +114,8 @@ TEST(Prefixes, OfAttributesFollowTheirNamespaceToo) {
 }
 
 TEST(Prefixes, TheWordInATextIsNoDeclaration) {
-  const Document doc = Document::read(R"(<comm:dtm xmlns:comm="x-schema:TAVCommunicationSchema.xml"><!-- xmlns:comm="x" --><comm:a>xmlns="y"</comm:a></comm:dtm>)");
+  const Document doc =
+      Document::read(R"(<comm:dtm xmlns:comm="x-schema:TAVCommunicationSchema.xml"><!-- xmlns:comm="x" --><comm:a>xmlns="y"</comm:a></comm:dtm>)");
   EXPECT_TRUE(doc.select("/comm:dtm/comm:a"));
 }
 

@@ -10,9 +10,10 @@ namespace ostrand {
 namespace {
 
 Document dataSet(const std::string& parameters, const std::string& groups = "") {
-  return Document::read("<data:dtm><data:persistentData><data:parameters>" + parameters +
-                        "</data:parameters></data:persistentData><data:mappedParams><data:mappedParam name=\"m\"/></data:mappedParams><data:requestGroups>" + groups +
-                        "</data:requestGroups></data:dtm>");
+  return Document::read(
+      "<data:dtm><data:persistentData><data:parameters>" + parameters +
+      "</data:parameters></data:persistentData><data:mappedParams><data:mappedParam name=\"m\"/></data:mappedParams><data:requestGroups>" + groups +
+      "</data:requestGroups></data:dtm>");
 }
 
 Document answer(const std::string& items) {
@@ -60,8 +61,9 @@ TEST(Vocabulary, AnEmptyNameIsANameToo) {
 }
 
 TEST(Vocabulary, ADocumentWithoutTheExpectedRootHoldsNothing) {
-  for (const char* text : {"<a/>", "<dtm><persistentData><parameters><parameter name='a'/></parameters></persistentData></dtm>",
-                           "<comm:dtm><data:persistentData><data:parameters><data:parameter name='a'/></data:parameters></data:persistentData></comm:dtm>"}) {
+  for (const char* text :
+       {"<a/>", "<dtm><persistentData><parameters><parameter name='a'/></parameters></persistentData></dtm>",
+        "<comm:dtm><data:persistentData><data:parameters><data:parameter name='a'/></data:parameters></data:persistentData></comm:dtm>"}) {
     const Document doc = Document::read(text);
     EXPECT_FALSE(parameter(doc, "a")) << text;
     EXPECT_FALSE(mapping(doc, "a"));
@@ -108,7 +110,8 @@ TEST(Vocabulary, FindsTheResponse) {
   const Document second = Document::read("<comm:dtm><a/><comm:communicationResponse name='second'/></comm:dtm>");
   EXPECT_EQ(response(second).attribute("name"), "second");
   EXPECT_EQ(responseAnywhere(second).attribute("name"), "second");
-  const Document nested = Document::read("<comm:communicationResponse name='out'><comm:communicationResponse name='in'/></comm:communicationResponse>");
+  const Document nested =
+      Document::read("<comm:communicationResponse name='out'><comm:communicationResponse name='in'/></comm:communicationResponse>");
   EXPECT_EQ(responseAnywhere(nested).attribute("name"), "out");
   const Document instruction = Document::read("<comm:dtm><?comm:communicationResponse x?><comm:communicationResponse name='r'/></comm:dtm>");
   EXPECT_EQ(response(instruction).attribute("name"), "r");
@@ -118,8 +121,8 @@ TEST(Vocabulary, FindsTheResponse) {
 }
 
 std::string included(const std::string& group, const std::string& clone) {
-  return "<data:requestGroup name='" + group + "'><data:includedParam name='other'/><data:includedParam name='p'" + (clone.empty() ? "" : " clone='" + clone + "'") +
-         "/></data:requestGroup>";
+  return "<data:requestGroup name='" + group + "'><data:includedParam name='other'/><data:includedParam name='p'" +
+         (clone.empty() ? "" : " clone='" + clone + "'") + "/></data:requestGroup>";
 }
 
 TEST(HomeGroup, IsTheOnlyGroupWhateverItsClone) {
@@ -142,7 +145,8 @@ TEST(HomeGroup, IsNoneForACloneInAllGroupsAndForAStranger) {
 }
 
 TEST(HomeGroup, TwiceInOneGroupIsTwo) {
-  const std::string twice = "<data:requestGroup name='a'><data:includedParam name='p' clone='1'/><data:includedParam name='p' clone='1'/></data:requestGroup>";
+  const std::string twice =
+      "<data:requestGroup name='a'><data:includedParam name='p' clone='1'/><data:includedParam name='p' clone='1'/></data:requestGroup>";
   EXPECT_EQ(homeGroup(dataSet("", twice), "p"), "");
 }
 

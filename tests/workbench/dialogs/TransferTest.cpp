@@ -50,7 +50,8 @@ TEST_F(TransferTest, AComparisonShowsTheDifferenceAndWritesWhatIsTicked) {
   EXPECT_EQ(cell(table, "damping", 2), QStringLiteral("2.0 s"));
   EXPECT_EQ(cell(table, "damping", 3), QStringLiteral("-3.5"));
   EXPECT_LT(shownRows(table), table.rowCount());
-  if (const char* const folder = std::getenv("OSTRAND_PICTURES")) window->transfers().compareDialog()->grab().save(QString::fromLatin1(folder) + "/compare.png");
+  if (const char* const folder = std::getenv("OSTRAND_PICTURES"))
+    window->transfers().compareDialog()->grab().save(QString::fromLatin1(folder) + "/compare.png");
 
   window->transfers().compareDialog()->tick("damping", true);
   window->transfers().compareDialog()->writeTicked();

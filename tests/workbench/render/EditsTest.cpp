@@ -52,7 +52,8 @@ class EditsTest : public PanelBench {
     QTest::keyClicks(&field(control), text);
   }
   void wheel(QWidget& over) {
-    QWheelEvent event(QPointF(5, 5), over.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QWheelEvent event(QPointF(5, 5), over.mapToGlobal(QPointF(5, 5)), QPoint(), QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(&over, &event);
     settle();
   }

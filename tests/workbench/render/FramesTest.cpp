@@ -120,10 +120,12 @@ class FramesTest : public PanelBench {
     const QFontMetrics metrics(table.font());
     for (int column = 0; column < table.model()->columnCount(); ++column) {
       const QString head = table.model()->headerData(column, Qt::Horizontal).toString();
-      EXPECT_LE(QFontMetrics(table.horizontalHeader()->font()).horizontalAdvance(head) + 2 * panel.theme().px(13), table.columnWidth(column)) << where << head.toStdString();
+      EXPECT_LE(QFontMetrics(table.horizontalHeader()->font()).horizontalAdvance(head) + 2 * panel.theme().px(13), table.columnWidth(column))
+          << where << head.toStdString();
       for (int row = 0; row < table.model()->rowCount(); ++row) {
         const QModelIndex cell = table.model()->index(row, column);
-        EXPECT_LE(metrics.horizontalAdvance(cell.data().toString()) + 2 * panel.theme().px(10), table.columnWidth(column)) << where << cell.data().toString().toStdString();
+        EXPECT_LE(metrics.horizontalAdvance(cell.data().toString()) + 2 * panel.theme().px(10), table.columnWidth(column))
+            << where << cell.data().toString().toStdString();
         EXPECT_GE(Theme::contrast(cell.data(Qt::ForegroundRole).value<QBrush>().color(), panel.theme().surface), 4.5) << where;
       }
     }

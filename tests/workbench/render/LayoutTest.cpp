@@ -28,7 +28,8 @@ class LayoutTest : public PanelBench {
 TEST_F(LayoutTest, AHiddenRowLeavesNoGap) {
   show([](TestView& at, Form& form) {
     FrameForm frame = at.frame(form, "one", "date_one");
-    for (const char* name : {"1", "2", "3"}) frame.row(at.make<Label>(std::string("lbl") + name), name, at.make<CtrTextEdit>(std::string("cte") + name), "");
+    for (const char* name : {"1", "2", "3"})
+      frame.row(at.make<Label>(std::string("lbl") + name), name, at.make<CtrTextEdit>(std::string("cte") + name), "");
   });
   const QRect second = place("cte2");
   ASSERT_LT(second.bottom(), place("cte3").top());
@@ -45,7 +46,10 @@ TEST_F(LayoutTest, AHiddenRowLeavesNoGap) {
 
 TEST_F(LayoutTest, WhatWasHiddenHasARowOnceItIsShown) {
   show([](TestView& at, Form& form) {
-    at.frame(form, "one", "date_one").row(at.make<CtrTextEdit>("cte1"), "").hidden(at.make<CtrTextEdit>("cte2"), "").row(at.make<CtrTextEdit>("cte3"), "");
+    at.frame(form, "one", "date_one")
+        .row(at.make<CtrTextEdit>("cte1"), "")
+        .hidden(at.make<CtrTextEdit>("cte2"), "")
+        .row(at.make<CtrTextEdit>("cte3"), "");
   });
   EXPECT_EQ(place("cte2"), QRect());
   const QRect third = place("cte3");
@@ -57,7 +61,10 @@ TEST_F(LayoutTest, WhatWasHiddenHasARowOnceItIsShown) {
 
 TEST_F(LayoutTest, StackedControlsStandOnOneSpot) {
   show([](TestView& at, Form& form) {
-    at.frame(form, "one", "date_one").row(at.make<Label>("lbl"), "l", at.make<CtrTextEdit>("cte1"), "").over(at.make<CtrTextEdit>("cte2"), "").cell(at.make<CtrTextEdit>("cte3"), "");
+    at.frame(form, "one", "date_one")
+        .row(at.make<Label>("lbl"), "l", at.make<CtrTextEdit>("cte1"), "")
+        .over(at.make<CtrTextEdit>("cte2"), "")
+        .cell(at.make<CtrTextEdit>("cte3"), "");
   });
   const QRect first = place("cte1"), beside = place("cte3");
   control("cte1").Visible(false);

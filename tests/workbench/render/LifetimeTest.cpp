@@ -139,7 +139,11 @@ TEST_F(LifetimeTest, PlainControlsWork) {
     slider->designRange(0, 100, 5, 20);
     text = &at.make<TextBox>("text");
     for (const char* name : {"a", "b", "c"}) options.push_back(&at.make<OptionButton>(name));
-    at.frame(form, "one", "date_one").row(*box, "box").row(*slider, "").row(*text, "ctr_t").group(at.make<PictureBox>("holder"), {{options[0], "a"}, {options[1], "b"}, {options[2], "c"}});
+    at.frame(form, "one", "date_one")
+        .row(*box, "box")
+        .row(*slider, "")
+        .row(*text, "ctr_t")
+        .group(at.make<PictureBox>("holder"), {{options[0], "a"}, {options[1], "b"}, {options[2], "c"}});
   });
   text->Text("shown");
   box->Caption("Tick & go");

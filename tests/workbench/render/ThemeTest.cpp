@@ -27,7 +27,8 @@ TEST(ThemeTest, EveryTextCanBeReadOnWhatItStandsOn) {
   for (const Theme::Kind kind : kKinds) {
     const Theme theme = Theme::make(kind);
     for (const QColor& ground : {theme.window, theme.surface, theme.field, theme.fieldDisabled, theme.raised, theme.selection})
-      for (const QColor& text : {theme.text, theme.secondaryText, theme.error, theme.edited, theme.corrected, theme.disabledText, theme.good, theme.caution, theme.neutral})
+      for (const QColor& text : {theme.text, theme.secondaryText, theme.error, theme.edited, theme.corrected, theme.disabledText, theme.good,
+                                 theme.caution, theme.neutral})
         EXPECT_GE(Theme::contrast(text, ground), 4.5) << text.name().toStdString() << " on " << ground.name().toStdString();
     EXPECT_GE(Theme::contrast(theme.accentText, theme.accent), 4.5);
     EXPECT_GE(Theme::contrast(theme.accentText, theme.accentHover), 4.5);

@@ -23,7 +23,8 @@ TEST(TourTest, WithoutADisplayTheTourCalibratesATransmitterAndTakesItsPictures) 
   const QString told = QString::fromUtf8(program.readAllStandardOutput());
   EXPECT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
 
-  const QRegularExpressionMatch proof = QRegularExpression(QStringLiteral("has measured ([0-9.]+) %Cs, the laboratory finds ([0-9.]+) %Cs")).match(told);
+  const QRegularExpressionMatch proof =
+      QRegularExpression(QStringLiteral("has measured ([0-9.]+) %Cs, the laboratory finds ([0-9.]+) %Cs")).match(told);
   ASSERT_TRUE(proof.hasMatch());
   EXPECT_NEAR(proof.captured(1).toDouble(), proof.captured(2).toDouble(), 0.03);
   EXPECT_EQ(told.count(QStringLiteral("   picture: ")), QDir(folder.filePath(QStringLiteral("out"))).entryList({QStringLiteral("*.png")}).size());

@@ -78,7 +78,8 @@ TEST_F(BadInputTest, AFullDiskLeavesTheOldFileWhole) {
   std::signal(SIGXFSZ, handler);
   EXPECT_THAT(asked, ElementsAre(HasSubstr("could not be saved")));
   EXPECT_TRUE(readWholeFile(file) == whole);
-  for (const auto& each : std::filesystem::directory_iterator(file.parent_path())) EXPECT_EQ(each.path().extension(), ".xml") << "a half-written file stays behind";
+  for (const auto& each : std::filesystem::directory_iterator(file.parent_path()))
+    EXPECT_EQ(each.path().extension(), ".xml") << "a half-written file stays behind";
   expectStillThere();
 }
 

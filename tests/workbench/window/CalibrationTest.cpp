@@ -83,7 +83,8 @@ TEST_P(CalibrationTest, TheReadingMovesToTheLaboratorysValue) {
   EXPECT_LT(std::abs(after - laboratory(1)), off / 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Transmitters, CalibrationTest, testing::Values("hartBlade", "profibusBlade"), [](const auto& each) { return std::string(each.param); });
+INSTANTIATE_TEST_SUITE_P(Transmitters, CalibrationTest, testing::Values("hartBlade", "profibusBlade"),
+                         [](const auto& each) { return std::string(each.param); });
 
 }  // namespace
 }  // namespace ostrand::test

@@ -27,7 +27,8 @@ class AskingView : public View {
 
  protected:
   void declare(Form& form) override {
-    for (const char* const key : {"deviceStatus", "loopTest", "eventLog"}) frame(form, key, std::string("date_") + key).button(mButtons.emplace_back("cmdStart"), "startTest", "Start");
+    for (const char* const key : {"deviceStatus", "loopTest", "eventLog"})
+      frame(form, key, std::string("date_") + key).button(mButtons.emplace_back("cmdStart"), "startTest", "Start");
     frame(form, "resetingEventLog", "date_eventLog").button(button, "reset", "Reset");
   }
   void initialize() override {

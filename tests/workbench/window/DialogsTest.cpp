@@ -29,9 +29,13 @@ class DialogsTest : public WindowBench {
     workbench->prompt().standIn = nullptr;
   }
   static void picture(QWidget& dialog, const char* name) {
-    if (const char* const folder = std::getenv("OSTRAND_PICTURES")) dialog.grab().save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name));
+    if (const char* const folder = std::getenv("OSTRAND_PICTURES"))
+      dialog.grab().save(QString::fromLatin1(folder) + QLatin1Char('/') + QLatin1String(name));
   }
-  int ask() { return workbench->prompt().ask("Sampling", "Sampling is running and will be stopped if you leave this page. Do you want to leave?", {"Leave", "Stay here"}); }
+  int ask() {
+    return workbench->prompt().ask("Sampling", "Sampling is running and will be stopped if you leave this page. Do you want to leave?",
+                                   {"Leave", "Stay here"});
+  }
 };
 
 TEST_F(DialogsTest, YesGoesOn) {
@@ -76,7 +80,8 @@ TEST_F(DialogsTest, AMessageWaitsForTheUser) {
     picture(dialog, "message.png");
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
-  window->user().tell(QStringLiteral("copy.xml could not be saved; the file is as it was"), QStringLiteral("/full/copy.xml: no space left on the device"));
+  window->user().tell(QStringLiteral("copy.xml could not be saved; the file is as it was"),
+                      QStringLiteral("/full/copy.xml: no space left on the device"));
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
@@ -125,15 +130,17 @@ TEST_F(DialogsTest, AnswersAreReadWholeAtTwiceTheSize) {
   workbench->setLanguage("de");
   workbench->setTheme(Theme::Kind::Light, 2.0);
   inDialog([](QWidget& dialog) {
-    for (const QPushButton* const button : dialog.findChildren<QPushButton*>()) EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+    for (const QPushButton* const button : dialog.findChildren<QPushButton*>())
+      EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
     for (const QLabel* const label : dialog.findChildren<QLabel*>()) {
       const int right = label->mapTo(&dialog, QPoint(label->width(), 0)).x();
       EXPECT_TRUE(!label->isVisible() || right <= dialog.width()) << label->text().toStdString();
     }
     QTest::keyClick(&dialog, Qt::Key_Escape);
   });
-  EXPECT_EQ(workbench->prompt().choose(QStringLiteral("Es läuft noch etwas"), QStringLiteral("QC-1201: Ein Ausgang ist womöglich vorgegeben, oder eine Probenahme läuft."),
-                                       {QStringLiteral("Beenden und schließen"), QStringLiteral("Schließen und weiterlaufen lassen"), QStringLiteral("Hier bleiben")}),
+  EXPECT_EQ(workbench->prompt().choose(
+                QStringLiteral("Es läuft noch etwas"), QStringLiteral("QC-1201: Ein Ausgang ist womöglich vorgegeben, oder eine Probenahme läuft."),
+                {QStringLiteral("Beenden und schließen"), QStringLiteral("Schließen und weiterlaufen lassen"), QStringLiteral("Hier bleiben")}),
             2u);
 }
 
@@ -178,7 +185,8 @@ TEST_F(DialogsTest, EveryWordOfTheWindowIsInTheTable) {
     for (const char* const text : {each.fi, each.sv, each.de})
       EXPECT_EQ(QString::fromUtf8(each.en).count(QLatin1Char('%')), QString::fromUtf8(text).count(QLatin1Char('%'))) << text;
   }
-  const QRegularExpression spoken(QStringLiteral("(?:\\bsay|asks)\\(\"((?:[^\"\\\\]|\\\\.)*)\"|(?:speak|DeviceDialog)\\([^;]*?\",\\s*\"((?:[^\"\\\\]|\\\\.)*)\""));
+  const QRegularExpression spoken(
+      QStringLiteral("(?:\\bsay|asks)\\(\"((?:[^\"\\\\]|\\\\.)*)\"|(?:speak|DeviceDialog)\\([^;]*?\",\\s*\"((?:[^\"\\\\]|\\\\.)*)\""));
   int found = 0;
   for (const auto& file : std::filesystem::recursive_directory_iterator(std::string(OSTRAND_SOURCE_DIR) + "/workbench")) {
     if (!file.is_regular_file()) continue;

@@ -135,7 +135,8 @@ TEST_F(LoopTestTest, ARefusedStopProvesNothingOfAValueThatWasNotAnswered) {
   ASSERT_TRUE(banner().isVisible());
   simulated().setFault("none", "");
   simulated().setFault("refuse", "loopTest");
-  const char* const stop = "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item></communicationRequest>";
+  const char* const stop =
+      "<communicationRequest name=\"loopTest\" access=\"write\"><item name=\"loopTestValue\" unit=\"mA\"><floatVal>0</floatVal></item></communicationRequest>";
   EXPECT_EQ(workbench->host().exchange().submit("", stop, "loopTest", "", 0, 0), "");
   settle();
   EXPECT_TRUE(workbench->current().status().answers());

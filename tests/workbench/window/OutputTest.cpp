@@ -155,7 +155,8 @@ TEST_F(OutputTest, AQuestionOfAPageIsAnsweredByWhatItsButtonsSay) {
   workbench->prompt().standIn = nullptr;
   inDialog([](QWidget& dialog) {
     QStringList answers;
-    for (const QPushButton* const button : dialog.findChildren<QPushButton*>()) answers << button->text() + (button->isDefault() ? QStringLiteral("*") : QString());
+    for (const QPushButton* const button : dialog.findChildren<QPushButton*>())
+      answers << button->text() + (button->isDefault() ? QStringLiteral("*") : QString());
     EXPECT_EQ(answers, (QStringList{QStringLiteral("Start the test"), QStringLiteral("Start nothing*")}));
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
@@ -176,7 +177,8 @@ TEST_F(OutputTest, ASampleThatRunsLeavesNothingToBeWritten) {
 TEST_F(OutputTest, ASimulationIsWatchedAskedForAndFreed) {
   PlantDevice& block = device("profibusBlade");
   ASSERT_TRUE(show(block, "measurement", "activeRecipe"));
-  const char* const on = "<communicationRequest name=\"simulation\" access=\"write\"><item name=\"simulation\" unit=\"noUnit\"><integerVal>1</integerVal></item></communicationRequest>";
+  const char* const on =
+      "<communicationRequest name=\"simulation\" access=\"write\"><item name=\"simulation\" unit=\"noUnit\"><integerVal>1</integerVal></item></communicationRequest>";
   ASSERT_EQ(block.host().exchange().submit("", on, "simulation", "", 0, 0), "");
   settle();
   ASSERT_TRUE(bannerOf(block).isVisible());

@@ -78,7 +78,8 @@ TEST_F(UnitsTest, AnEditStaysTheSameUnderAnotherUnitLanguageAndSeparator) {
 }
 
 TEST_F(UnitsTest, TheTooltipHoldsLimitsInTheUsersUnitAndWhatTheDeviceHas) {
-  EXPECT_THAT(tooltip(), AllOf(HasSubstr("-20.0 – 20.0 °C"), HasSubstr("temperatureCalibrationCorrection"), HasSubstr("Raw value"), HasSubstr("Last read")));
+  EXPECT_THAT(tooltip(),
+              AllOf(HasSubstr("-20.0 – 20.0 °C"), HasSubstr("temperatureCalibrationCorrection"), HasSubstr("Raw value"), HasSubstr("Last read")));
   window->settingsMenu().setUnit("temperature", "degF");
   settle();
   EXPECT_THAT(tooltip(), AllOf(HasSubstr("-4.0 – 68.0 °F"), HasSubstr("degC"), Not(HasSubstr("°C")))) << "the raw value keeps the device's unit";
