@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "host/transcript/ChartText.h"
 #include "host/transcript/ControlPath.h"
 #include "platform/base/Characters.h"
 #include "platform/base/RuntimeError.h"
+#include "platform/controls/Chart.h"
 #include "platform/controls/ChoiceEdit.h"
 #include "platform/controls/Component.h"
 #include "platform/controls/EditControl.h"
@@ -25,7 +27,7 @@ constexpr KindWord kKindWords[] = {
     {"Frame", "frame"},          {"Label", "label"},          {"TextBox", "text"},       {"CheckBox", "check"},       {"OptionButton", "option"},
     {"CommandButton", "button"}, {"ListView", "list"},        {"PictureBox", "picture"}, {"Slider", "slider"},        {"CtrTextEdit", "edit"},
     {"CtrComboEdit", "combo"},   {"CtrDateEdit", "date"},     {"CtrTimeEdit", "time"},   {"CtrOptionEdit", "choice"}, {"CtrCheckEdit", "check"},
-    {"CtrDateLabel", "stamp"},   {"CtrFocusTransfer", "tab"},
+    {"CtrDateLabel", "stamp"},   {"CtrFocusTransfer", "tab"}, {"Chart", "chart"},        {"CtrGraphMenu", "menu"},
 };
 
 std::string kindWord(const Control& control) {
@@ -52,6 +54,7 @@ std::string content(const Control& control) {
     const int rows = asInt(control.get("Count", {}));
     return std::to_string(rows) + (rows == 1 ? " row" : " rows");
   }
+  if (const auto* const chart = dynamic_cast<const Chart*>(&control)) return chartInWords(*chart);
   if (const auto value = property(control, "Value")) {
     const auto caption = property(control, "Caption");
     return (caption ? toText(*caption) + " " : "") + toText(*value);

@@ -22,8 +22,8 @@ class Control;
 //   CtrFocusTransfer2         tab
 //
 // Columns: the name as transcripts call it; what the control is, in one word; what the user reads on it; its state. What the
-// user reads is a caption, a value with its unit behind it, true or false, the position of a slider, or the number of rows
-// of a list. The state tells, in this order and where it is so: how many choices a combo offers, hidden, disabled, read
+// user reads is a caption, a value with its unit behind it, true or false, the position of a slider, the number of rows of
+// a list, or how many marks and curves a chart shows and what it says in its middle. The state tells, in this order and where it is so: how many choices a combo offers, hidden, disabled, read
 // only, held back (it is not collected with the host's changes), edited, wrong, the key of a failed read or write, focused.
 // The controls of a nested component follow the line of its place.
 std::vector<std::string> frontAsText(const Component& component);

@@ -77,6 +77,7 @@ constexpr TranscriptCommand kCommands[] = {
     {"selected",    "",                                      "",                                  kNo,   &inputs::selected},
     {"focused",     "",                                      "",                                  kNo,   &inputs::focused},
     {"show",        "",                                      "",                                  kNo,   &inputs::show},
+    {"chart",       "CONTROL [SERIES [POINT...]]",           "w?ii*",                             kNo,   &inputs::chart},
     {"document",    "N [XPATH]",                             "i?w",                               kNo,   &inputs::document},
     {"file",        "NAME",                                  "w",                                 kNo,   &inputs::file},
     {"now",         "",                                      "",                                  kNo,   &inputs::now},

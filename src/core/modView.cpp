@@ -140,6 +140,7 @@ void Localize(Component& view, Ref<ITextTable> textTable) {
       }
       case Kind::Frame:
       case Kind::PictureBox:
+      case Kind::Chart:
       case Kind::NoData:
       case Kind::DateLabel: break;
       default:

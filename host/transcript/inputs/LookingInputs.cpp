@@ -2,10 +2,12 @@
 
 #include <set>
 
+#include "host/transcript/ChartText.h"
 #include "host/transcript/ControlText.h"
 #include "host/transcript/TranscriptStage.h"
 #include "platform/base/File.h"
 #include "platform/base/NumberText.h"
+#include "platform/controls/Chart.h"
 #include "platform/types/ITaviDeviceSpecific.h"
 
 namespace ostrand::inputs {
@@ -69,6 +71,22 @@ void show(TranscriptStage& stage, const TranscriptInput&) {
   const Component* const view = stage.component();
   if (!view) return;
   for (std::string& line : frontAsText(*view)) stage.output.printValue(std::move(line));
+}
+
+void chart(TranscriptStage& stage, const TranscriptInput& input) {
+  const TranscriptOutput::Quiet quiet(stage.output);
+  const Control& control = stage.control(input.words[1].text);
+  const auto* const chart = dynamic_cast<const Chart*>(&control);
+  if (!chart) throw RuntimeError(RuntimeError::PermissionDenied, control.name() + " is no chart");
+  std::vector<std::string> lines;
+  if (input.words.size() == 2) {
+    lines = chartAsText(*chart);
+  } else {
+    std::vector<int> points;
+    for (std::size_t i = 3; i < input.words.size(); ++i) points.push_back(numberOf(input.words[i]));
+    lines = pointsAsText(*chart, numberOf(input.words[2]), points);
+  }
+  for (std::string& line : lines) stage.output.printValue(std::move(line));
 }
 
 void document(TranscriptStage& stage, const TranscriptInput& input) {

@@ -14,6 +14,7 @@ void front(TranscriptStage& stage, const TranscriptInput& input);
 void selected(TranscriptStage& stage, const TranscriptInput& input);
 void focused(TranscriptStage& stage, const TranscriptInput& input);
 void show(TranscriptStage& stage, const TranscriptInput& input);
+void chart(TranscriptStage& stage, const TranscriptInput& input);
 void document(TranscriptStage& stage, const TranscriptInput& input);
 void file(TranscriptStage& stage, const TranscriptInput& input);
 void now(TranscriptStage& stage, const TranscriptInput& input);

@@ -5,6 +5,7 @@
 #include "host/transcript/TranscriptStage.h"
 #include "platform/base/NumberText.h"
 #include "platform/controls/CtrComboEdit.h"
+#include "platform/controls/CtrGraphMenu.h"
 #include "platform/controls/CtrTextEdit.h"
 #include "platform/controls/ListView.h"
 
@@ -22,6 +23,8 @@ struct Operation {
   std::string_view form;  // an argument each: i a whole number, t a text, b a flag
   Answer (*call)(T&, const Values&);
 };
+
+float single(const Value& value) { return static_cast<float>(requireNumber(asText(value), '.')); }
 
 // clang-format off
 const Operation<Control> kOfControls[] = {
@@ -51,6 +54,18 @@ const Operation<ListView> kOfLists[] = {
     {"AddRow",           "",     [](ListView& at, const Values&) -> Answer { at.AddRow(); return {}; }},
     {"RemoveRow",        "i",    [](ListView& at, const Values& v) -> Answer { at.RemoveRow(asInt(v[0])); return {}; }},
     {"Clear",            "",     [](ListView& at, const Values&) -> Answer { at.Clear(); return {}; }},
+};
+const Operation<Chart> kOfCharts[] = {
+    {"XValue",           "iit",  [](Chart& at, const Values& v) -> Answer { at.XValue(asInt(v[0]), asInt(v[1]), single(v[2])); return {}; }},
+    {"YValue",           "iit",  [](Chart& at, const Values& v) -> Answer { at.YValue(asInt(v[0]), asInt(v[1]), single(v[2])); return {}; }},
+    {"PointType",        "iii",  [](Chart& at, const Values& v) -> Answer { at.PointType(asInt(v[0]), asInt(v[1]), asInt(v[2])); return {}; }},
+    {"SeriesLabel",      "it",   [](Chart& at, const Values& v) -> Answer { at.SeriesLabel(asInt(v[0]), asText(v[1])); return {}; }},
+    {"Rebuild",          "i",    [](Chart& at, const Values& v) -> Answer { at.Rebuild(asInt(v[0])); return {}; }},
+    {"Maximize",         "",     [](Chart& at, const Values&) -> Answer { at.Maximize(); return {}; }},
+};
+const Operation<CtrGraphMenu> kOfMenus[] = {
+    {"Enabled",          "i",    [](CtrGraphMenu& at, const Values& v) -> Answer { return Value(at.Enabled(asInt(v[0]))); }},
+    {"Enabled",          "ib",   [](CtrGraphMenu& at, const Values& v) -> Answer { at.Enabled(asInt(v[0]), asBool(v[1])); return {}; }},
 };
 const Operation<ITaviView> kOfViews[] = {
     {"GetSelectedView",   "",    [](ITaviView& at, const Values&) -> Answer { return Value(at.GetSelectedView()); }},
@@ -88,6 +103,8 @@ std::function<Answer()> operationOf(Control& control, std::string_view name, con
   if (auto found = operation<CtrTextEdit>(kOfTextEdits, dynamic_cast<CtrTextEdit*>(&control), name, values)) return found;
   if (auto found = operation<CtrComboEdit>(kOfCombos, dynamic_cast<CtrComboEdit*>(&control), name, values)) return found;
   if (auto found = operation<ListView>(kOfLists, dynamic_cast<ListView*>(&control), name, values)) return found;
+  if (auto found = operation<Chart>(kOfCharts, dynamic_cast<Chart*>(&control), name, values)) return found;
+  if (auto found = operation<CtrGraphMenu>(kOfMenus, dynamic_cast<CtrGraphMenu*>(&control), name, values)) return found;
   if (auto found = operation<ITaviView>(kOfViews, control.view(), name, values)) return found;
   return operation<Control>(kOfControls, &control, name, values);
 }

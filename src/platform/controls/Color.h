@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace ostrand {
 
 // What a colour is for, beside the value that code and tests see. Whoever shows the control maps roles to
@@ -11,6 +13,9 @@ struct Color {
   int rgb = 0xFFFFFF;
 
   friend bool operator==(const Color&, const Color&) = default;
+
+  // As a transcript tells the colours of a chart: "0xFF0000" is blue; eight digits for a colour of the system.
+  std::string inDigits() const;
 
   static constexpr Color window() { return {Role::Window, 0xFFFFFF}; }
   static constexpr Color text() { return {Role::Text, 0x000000}; }

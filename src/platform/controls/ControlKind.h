@@ -15,6 +15,7 @@ enum class ControlKind {
   CommandButton,
   ListView,
   PictureBox,
+  Chart,
   NoData,
   TextEdit,
   ComboEdit,

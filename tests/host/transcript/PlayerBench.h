@@ -12,27 +12,22 @@
 #include "platform/controls/CtrCheckEdit.h"
 #include "platform/controls/CtrComboEdit.h"
 #include "platform/controls/CtrDateEdit.h"
+#include "platform/controls/CtrGraphMenu.h"
 #include "platform/controls/CtrMonitoring.h"
 #include "platform/controls/CtrOptionEdit.h"
 #include "platform/controls/CtrTextEdit.h"
 #include "platform/controls/Form.h"
 #include "platform/controls/ListView.h"
 #include "platform/controls/Slider.h"
-#include "platform/controls/UserActions.h"
 #include "platform/types/ITaviDeviceSpecific.h"
 #include "support/TestView.h"
 
 namespace ostrand::test {
 
-// A control that takes the actions of a chart.
-class TestChart : public PictureBox, public UserActions {
+// A chart whose second button does nothing.
+class TestChart : public Chart {
  public:
-  using PictureBox::PictureBox;
-  std::function<void(const std::string&)> heard;
-
-  void hotspot(int series, int point, bool twice) override {
-    heard("hotspot " + std::to_string(series) + " " + std::to_string(point) + (twice ? " twice" : ""));
-  }
+  using Chart::Chart;
   void menu() override { throw RuntimeError(RuntimeError::PermissionDenied, "the chart is covered"); }
 };
 
@@ -88,7 +83,7 @@ class TestComponents : public ComponentSource {
         .row(box, "box")
         .row(slider, "slider")
         .button(button, "nothing", "Nothing");
-    view.frame(form, "second", "date_second").row(list, "list").row(chart, "chart");
+    view.frame(form, "second", "date_second").row(list, "list").row(chart, "chart").hidden(view.make<CtrGraphMenu>("cgmMenu"), "");
     form.nested(nested, "monitoringVariables");
     view.mFocusOn = {{"first", &text}, {"monitoringVariables", &nested}};
 
@@ -102,7 +97,10 @@ class TestComponents : public ComponentSource {
     list.AddRow();
     list.Cell(1, 2, "cell");
     list.CellColor(1, 2, Color::errorText());
-    chart.heard = log;
+    chart.DataHotSpot.connect([log](bool twice, int series, int point) {
+      log("hotspot " + std::to_string(series) + " " + std::to_string(point) + (twice ? " twice" : ""));
+    });
+    chart.SeriesStyle(0, Chart::Style::Marks);
     if (listens)
       view.received = [log, name = made == 1 ? "one" : "two"](const std::string& tag, const std::string& value) {
         if (tag == "throw") throw RuntimeError(RuntimeError::NotConvertible, name);

@@ -9,7 +9,7 @@ using Kind = ControlKind;
 
 TEST(ControlKind, EveryKindIsPlainAnEditOrHasAnObjectOfItsOwn) {
   for (Kind kind : {Kind::Label, Kind::TextBox, Kind::Frame, Kind::CheckBox, Kind::OptionButton, Kind::CommandButton, Kind::ListView,
-                    Kind::PictureBox, Kind::NoData})
+                    Kind::PictureBox, Kind::Chart, Kind::NoData})
     EXPECT_TRUE(isPlain(kind) && !isEdit(kind) && !isChoice(kind)) << static_cast<int>(kind);
   for (Kind kind : {Kind::TextEdit, Kind::DateEdit, Kind::TimeEdit})
     EXPECT_TRUE(!isPlain(kind) && isEdit(kind) && !isChoice(kind)) << static_cast<int>(kind);

@@ -33,6 +33,7 @@ TEST_F(UserInputsTest, TheUserReachesEachKindOfControl) {
       "> hotspot picChart 0 3 double\nLog 77 \"hotspot 0 3 twice\"\n"
       "> hotspot picChart 1 2\nLog 77 \"hotspot 1 2\"\n"
       "> menu picChart\nRejected \"the chart is covered\"\n"
+      "> choose cgmMenu copy\nRejected \"cgmMenu does not offer copy\"\n"
       "> click picChart\nRejected \"it does not take the action click\"\n"
       "> type chkBox \"x\"\nRejected \"chkBox is a CheckBox and does not take this action\"\n");
 }
