@@ -1,7 +1,6 @@
 #include "simulator/BladeTransmitter.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "simulator/BladeNames.h"
 #include "simulator/Damping.h"
@@ -9,8 +8,6 @@
 namespace ostrand::simulator {
 
 namespace {
-
-constexpr double kLargestTemperatureCorrection = 10.0;  // degC
 
 // What is written to executeAction.
 enum Action {
@@ -30,13 +27,13 @@ int actionOf(double number) { return static_cast<int>(std::clamp(number, 0.0, 99
 }  // namespace
 
 BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataSet, const Settings& settings, unsigned seed)
-    : BasicTransmitter(desktop, dataSet, settings.line, seed, {{"sensor", "statusSensorFailure", "eventSensorFailure", true}}),
+    : ConsistencyTransmitter(desktop, dataSet, settings.line, seed, {{"sensor", "statusSensorFailure", "eventSensorFailure", true}},
+                             {"shearForce", "statusShearForceOutOfLimits", "eventShearForceHigh"}),
       mBus(settings.bus),
       mCurve(mTable, settings.blade),
       mProcess(mFlow, mCurve.blade(), seed),
       mFlushing(mTable),
-      mSampling(mTable, mLog, mCurve, mFlushing, mProcess, mFlow),
-      mOutput(mTable) {
+      mSampling(mTable, mLog, mCurve, mFlushing, mProcess, mFlow) {
   if (mBus == Bus::Profibus) {
     mActionStatus.emplace(mTable);
     for (const int sample : {1, 2}) {
@@ -53,9 +50,8 @@ BladeTransmitter::BladeTransmitter(const Desktop& desktop, const Document& dataS
 void BladeTransmitter::powerUp() {
   mSampling.forget();
   if (mActionStatus) mActionStatus->clear();
-  mOutput.powerUp();
   mFlushing.begin(now());
-  BasicTransmitter::powerUp();
+  ConsistencyTransmitter::powerUp();
 }
 
 // --- Measurement ---
@@ -64,53 +60,13 @@ double BladeTransmitter::dampedForce(std::int64_t tick) const {
   return damped(mTable.number("damping", 0), [&](std::int64_t back) { return mProcess.shearForce(tick - back); });
 }
 
-void BladeTransmitter::look() {
-  showMeasurement();
-  const CurrentOutput current = mOutput.current(mTable.number("consistency"), isFailSafe());
-  mTable.set("outputPercent", current.percent);
-  mTable.set("outputCurrent", current.current);
-  showStatus(current);
-  const bool isOutOfService = failed("electronics") || failed("memory");
-  mOutput.showFunctionBlock({isFailSafe(), isOutOfService, isOutOfLimits("consistency")});
-}
-
-void BladeTransmitter::hold() { mOutput.keepLast(); }
-
-void BladeTransmitter::showMeasurement() {
-  const std::int64_t tick = mFlushing.undisturbed(now());
+double BladeTransmitter::measure() {
+  const std::int64_t tick = measuringTick();
   const bool blind = failed("sensor");
   const double force = mProcess.shearForce(tick);
-  double consistency = blind ? kNothing : mCurve.reading(mCurve.activeRecipe(), dampedForce(tick));
   mTable.set("shearForce", blind ? kNothing : force);
   mTable.set("consistencyUnfiltered", blind ? kNothing : mCurve.reading(mCurve.activeRecipe(), force));
-  if (isFailSafe()) {
-    const std::string_view type = mTable.key("failSafeType");
-    if (type == "failSafeTypeDefaultValue") consistency = mTable.number("failSafeDefaultValue", 0);
-    if (type == "failSafeTypeLastValidValue") consistency = mOutput.lastConsistency();
-  }
-  if (mOutput.isSimulated()) consistency = mTable.number("simulationValue", 0);
-  mTable.set("consistency", consistency);
-  showTemperatures(tick, mProcessCorrection, mElectronicsCorrection);
-}
-
-// --- Status ---
-
-void BladeTransmitter::showStatus(const CurrentOutput& out) {
-  const bool isOtherOut = watch({{"shearForce", "statusShearForceOutOfLimits", "eventShearForceHigh"}});
-  raise("statusLoopTestActive", mOutput.isTested());
-  raise("statusSamplingActive", mSampling.running() != 0);
-  raise("statusSimulationActive", mOutput.isSimulated());
-  raise("statusFlushingActive", mFlushing.undisturbed(now()) != now());
-
-  const double consistency = mTable.number("consistency");
-  // Without a current output there is no other range than that of the sensor.
-  const double highest = mTable.number("upperRangeValue", mTable.number("upperSensorLimit"));
-  const double lowest = mTable.number("lowerRangeValue", mTable.number("lowerSensorLimit"));
-  mLog.follow(EventLog::Kind::Warning, "eventConsistencyAboveRange", consistency > highest);
-  mLog.follow(EventLog::Kind::Warning, "eventConsistencyBelowRange", consistency < lowest);
-  mLog.follow(EventLog::Kind::Warning, "eventOutputSaturated", out.isSaturated && mTable.find("outputCurrent"));
-
-  showBusStatus({mOutput.sideOfSensorLimits(consistency) != 0, isOtherOut, out.isSaturated, out.isFixed});
+  return blind ? kNothing : mCurve.reading(mCurve.activeRecipe(), dampedForce(tick));
 }
 
 // --- Reads ---
@@ -132,7 +88,7 @@ void BladeTransmitter::beginRead(const std::vector<const Parameter*>& asked) {
 std::string BladeTransmitter::read(const Parameter& parameter) {
   // Of a sample that is running, the average so far.
   if (mSampling.running() != 0 && parameter.name.starts_with(sampleName(mSampling.running(), ""))) mSampling.show(moment());
-  return BasicTransmitter::read(parameter);
+  return ConsistencyTransmitter::read(parameter);
 }
 
 // --- Writes ---
@@ -154,7 +110,6 @@ Verdict BladeTransmitter::verdictOnAction(int action) const {
 
 Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Writing>& writings) {
   bool isSpecialGrade = false;
-  std::vector<std::string> range;
   for (const Writing& writing : writings) {
     const std::string& name = writing.parameter->name;
     const double number = writing.value.number;
@@ -168,16 +123,12 @@ Judgement BladeTransmitter::judge(std::string_view command, const std::vector<Wr
     } else if (name == "executeAction") {
       const Verdict verdict = verdictOnAction(actionOf(number));
       if (verdict != Verdict::Accepted) return {verdict, {name}};
-    } else if (name == "temperatureCalibrationCorrection") {
-      if (std::abs(number) > kLargestTemperatureCorrection) return {Verdict::TemperatureCorrectionTooLarge, {name}};
-    } else if (writing.parameter->unit == "mA" && (name == "loopTestValue" || name == "mACalibrationFixedCurrent")) {
-      if (number != 0 && number < CurrentOutput::kLowestTest) return {Verdict::TooSmall, {name}};
-    } else if (name == "lowerRangeValue" || name == "upperRangeValue") {
-      range.push_back(name);
+    } else if (const Verdict verdict = verdictOn(writing); verdict != Verdict::Accepted) {
+      return {verdict, {name}};
     }
     isSpecialGrade = isSpecialGrade || name.starts_with("consistencyValue");
   }
-  if (!range.empty() && isTooNarrow("lowerRangeValue", "upperRangeValue", mTable.number("minimumSpan", 0))) return {Verdict::SpanTooSmall, range};
+  if (Judgement onRange = verdictOnRange(writings); onRange.isRefusal()) return onRange;
   if (isSpecialGrade && mCurve.verdictOnSpecialGrade() != Verdict::Accepted) {
     std::vector<std::string> points;
     for (const Writing& writing : writings) points.push_back(writing.parameter->name);
@@ -199,30 +150,14 @@ void BladeTransmitter::judged(std::string_view command, const Judgement& judgeme
 
 void BladeTransmitter::takeEffect(const Writing& writing) {
   const std::string& name = writing.parameter->name;
-  const double number = writing.value.number;
-  const auto record = [&](std::string_view event) { mLog.count(EventLog::Kind::Info, event); };
-  if (name == "activeRecipe") {
-    record("eventActiveRecipeChanged");
-  } else if (name == "sampleStart") {
-    mSampling.start(static_cast<int>(number) + 1, moment());
-  } else if (name == "executeAction") {
-    execute(actionOf(number));
-  } else if (name.starts_with("flushing")) {
+  if (name == "sampleStart")
+    mSampling.start(static_cast<int>(writing.value.number) + 1, moment());
+  else if (name == "executeAction")
+    execute(actionOf(writing.value.number));
+  else if (name.starts_with("flushing"))
     mFlushing.begin(now());
-  } else if (name == "targetMode") {
-    mOutput.hold();
-  } else if (name == "loopTestValue") {
-    if (!mOutput.isTested() && number != 0) record("eventLoopTestRun");
-    mOutput.test(number);
-  } else if (name == "mACalibrationFixedCurrent") {
-    mOutput.fixCurrent(number);
-  } else if (name == "mACalibrationLowCurrent" || name == "mACalibrationHighCurrent") {
-    record("eventCurrentOutputCalibrated");
-  } else if (name == "temperatureCalibrationCorrection") {
-    const bool isProcess = mTable.key("temperatureCalibrationMeasurement") != "electronicsTemperature";
-    (isProcess ? mProcessCorrection : mElectronicsCorrection) = number;
-    record("eventTemperatureCalibrated");
-  }
+  else
+    ConsistencyTransmitter::takeEffect(writing);
 }
 
 void BladeTransmitter::execute(int action) {

@@ -3,19 +3,18 @@
 #include <optional>
 
 #include "simulator/ActionStatus.h"
-#include "simulator/BasicTransmitter.h"
 #include "simulator/BladeCurve.h"
 #include "simulator/BladeFlushing.h"
-#include "simulator/BladeOutput.h"
 #include "simulator/BladeProcess.h"
 #include "simulator/BladeSampling.h"
+#include "simulator/ConsistencyTransmitter.h"
 
 namespace ostrand::simulator {
 
 // A blade transmitter: the shear force on its blade becomes a consistency by the curve of the active recipe (BladeCurve), is
-// damped, and drives the output (BladeOutput). Samples average it, and a laboratory calibration turns their averages into a
+// damped, and drives the output. Samples average it, and a laboratory calibration turns their averages into a
 // recipe's slope and offset (BladeSampling).
-class BladeTransmitter : public BasicTransmitter {
+class BladeTransmitter : public ConsistencyTransmitter {
  public:
   // On HART a write is refused at once, and a read of a sample's own values ends it. On PROFIBUS samples are started and
   // stopped by actions, and every write leaves an action status.
@@ -29,7 +28,6 @@ class BladeTransmitter : public BasicTransmitter {
 
   BladeTransmitter(const Desktop& desktop, const Document& dataSet, const Settings& settings, unsigned seed);
 
-  void look() override;
   void beginRead(const std::vector<const Parameter*>& asked) override;
   std::string read(const Parameter& parameter) override;
   void judged(std::string_view command, const Judgement& judgement) override;
@@ -39,15 +37,14 @@ class BladeTransmitter : public BasicTransmitter {
   Judgement judge(std::string_view command, const std::vector<Writing>& writings) override;
   void refused(std::string_view command, const std::vector<Writing>& writings, const Judgement& judgement) override;
   void takeEffect(const Writing& writing) override;
-  void hold() override;
   void powerUp() override;
   void setDrift(double part) override { mProcess.setWear(part); }
+  double measure() override;
+  std::int64_t measuringTick() const override { return mFlushing.undisturbed(now()); }
+  bool isSampling() const override { return mSampling.running() != 0; }
 
   BladeSampling::Moment moment() const { return {now(), failed("sensor")}; }
   double dampedForce(std::int64_t tick) const;
-  void showMeasurement();
-  void showStatus(const CurrentOutput& output);
-
   Verdict verdictOnAction(int action) const;
   void execute(int action);
 
@@ -56,10 +53,7 @@ class BladeTransmitter : public BasicTransmitter {
   BladeProcess mProcess;
   BladeFlushing mFlushing;
   BladeSampling mSampling;
-  BladeOutput mOutput;
   std::optional<ActionStatus> mActionStatus;
-  double mProcessCorrection = 0;      // degC
-  double mElectronicsCorrection = 0;  // degC
 };
 
 }  // namespace ostrand::simulator

@@ -1,20 +1,26 @@
-#include "simulator/BladeOutput.h"
+#include "simulator/ConsistencyOutput.h"
 
 #include <cmath>
 
 namespace ostrand::simulator {
 
-void BladeOutput::hold() {
+void ConsistencyOutput::hold() {
   if (!isHeld()) mHeld = mTable.number("consistency", mHeld);
 }
 
-void BladeOutput::keepLast() {
+void ConsistencyOutput::keepLast() {
   mLastConsistency = mTable.number("consistency", 0);
   mLastCurrent = mTable.number("outputCurrent", 4);
   hold();
 }
 
-CurrentOutput BladeOutput::current(double consistency, bool isFailSafe) const {
+double ConsistencyOutput::failSafe(double measured) const {
+  const std::string_view type = mTable.key("failSafeType");
+  if (type == "failSafeTypeDefaultValue") return mTable.number("failSafeDefaultValue", 0);
+  return type == "failSafeTypeLastValidValue" ? mLastConsistency : measured;
+}
+
+CurrentOutput ConsistencyOutput::current(double consistency, bool isFailSafe) const {
   CurrentOutput out = CurrentOutput::of(consistency, mTable.number("lowerRangeValue", 0), mTable.number("upperRangeValue", 100));
   const bool isUnknown = std::isnan(out.percent);
   const bool hasNoChoice = !mTable.find("failSafeType");
@@ -26,11 +32,11 @@ CurrentOutput BladeOutput::current(double consistency, bool isFailSafe) const {
   return out;
 }
 
-int BladeOutput::sideOfSensorLimits(double consistency) const {
+int ConsistencyOutput::sideOfSensorLimits(double consistency) const {
   return consistency < mTable.number("lowerSensorLimit") ? -1 : consistency > mTable.number("upperSensorLimit") ? 1 : 0;
 }
 
-void BladeOutput::showFunctionBlock(const Health& health) {
+void ConsistencyOutput::showFunctionBlock(const Health& health) {
   if (!mTable.find("outputValue")) return;
   mTable.setKey("actualMode", health.isOutOfService ? "modeOutOfService" : mTable.key("targetMode"));
   const bool isOutOfService = mTable.key("actualMode") == "modeOutOfService";

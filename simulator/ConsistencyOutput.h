@@ -5,9 +5,9 @@
 
 namespace ostrand::simulator {
 
-// What a blade transmitter puts out: the current, and on PROFIBUS a function block that stands between the measurement and
+// What a transmitter of one consistency puts out: the current, and on PROFIBUS a function block that stands between the measurement and
 // the master, which simulates, holds, or is out of service.
-class BladeOutput {
+class ConsistencyOutput {
  public:
   // What the transmitter knows of itself.
   struct Health {
@@ -16,7 +16,7 @@ class BladeOutput {
     bool isOutOfLimits;   // the consistency
   };
 
-  explicit BladeOutput(ParameterTable& table) : mTable(table), mHeld(mTable.number("outputValue", 0)) {}
+  explicit ConsistencyOutput(ParameterTable& table) : mTable(table), mHeld(mTable.number("outputValue", 0)) {}
 
   bool isTested() const { return mLoopTest != 0; }
   bool isSimulated() const { return mTable.key("simulation") == "on"; }
@@ -28,7 +28,8 @@ class BladeOutput {
   void hold();
   // What is replaced by its last value at a failure is replaced by what is there now.
   void keepLast();
-  double lastConsistency() const { return mLastConsistency; }
+  // What stands for the measured value at a failure, %Cs.
+  double failSafe(double measured) const;
   void powerUp() { mLoopTest = mFixedCurrent = 0; }
 
   CurrentOutput current(double consistency, bool isFailSafe) const;
