@@ -68,7 +68,12 @@ bool PlantDevice::show(const std::string& branch, const std::string& frame) {
 
 std::string PlantDevice::branch() { return mHost.views().front() ? mHost.views().front()->tag() : std::string(); }
 
-std::string PlantDevice::frame() { return mHost.views().front() ? mHost.views().front()->selected() : std::string(); }
+std::string PlantDevice::frame() {
+  const ViewSite* const front = mHost.views().front();
+  if (!front) return {};
+  const std::string selected = front->selected();
+  return selected.empty() ? front->tag() : selected;
+}
 
 void PlantDevice::reopen() {
   const std::string branch = this->branch();

@@ -52,6 +52,7 @@ class PlantDevice {
   bool show(const std::string& branch, const std::string& frame);
   // The branch of the view in front; empty if there is none.
   std::string branch();
+  // The frame in front, or the branch again where its view has no frames: the name of the page, and of its group.
   std::string frame();
   // Releases the view in front and opens it anew, as a recording needs it.
   void reopen();

@@ -41,7 +41,9 @@ void PlantTree::addDevice(PlantDevice& device) {
     const std::string name(branch.findAttribute("name").value_or(""));
     const bool exists = !device.classFor(name).empty();
     auto* const branchItem = new QTreeWidgetItem(item);
-    mRows.push_back({branchItem, {&device, name, {}}, name, exists});
+    // A view without frames is a page by itself.
+    const bool isPage = !branch.child("node");
+    mRows.push_back({branchItem, {&device, name, isPage ? name : std::string()}, name, exists});
     for (Node node = branch.firstChild(); node; node = node.nextSibling()) {
       const std::string frame(node.findAttribute("name").value_or(""));
       if (node.name() == "node" && !frame.empty()) mRows.push_back({new QTreeWidgetItem(branchItem), {&device, name, frame}, frame, exists});

@@ -12,7 +12,7 @@ struct ViewClasses {
   std::string family;
   std::string bus;
 
-  // The class for a branch ("measurement"); empty if the family has none.
+  // The class for a branch ("measurement", "recipe2"); empty if the family has none.
   std::string_view of(std::string_view branch) const;
   // The class with the family's pictures; empty if the family is not known.
   std::string_view pictures() const;
