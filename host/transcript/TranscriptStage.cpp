@@ -106,7 +106,18 @@ void TranscriptStage::create(const std::string& className, const std::string& na
   // From here on it can be asked for: a trace begins with its first step.
   mCurrent = mViews.emplace_back(std::move(made)).get();
   const Ref<IPlaceable> placeable = need<IPlaceable>("IPlaceable");
+  listen(placeable);
   onView([&] { placeable->Place(desktop, container, tag); });
+}
+
+void TranscriptStage::listen(const Ref<IPlaceable>& placeable) {
+  if (auto* const component = dynamic_cast<Component*>(placeable.get()))
+    component->listenToEvents([this](std::string_view event, const MemberArguments& arguments) {
+      CallText text{std::string(event), {}, {}, {}, true};
+      for (const Value& each : arguments) text.arguments += (text.arguments.empty() ? "" : " ") + toText(each);
+      if (!arguments.empty() && std::holds_alternative<std::string>(arguments.front())) text.firstArgument = asText(arguments.front());
+      listenedTo(output, text, [] {});
+    });
 }
 
 void TranscriptStage::turnTo(const std::string& name) {
@@ -157,6 +168,7 @@ void TranscriptStage::connect(const std::string& deviceName, unsigned seed) {
     mMade->object = Ref<IObject>(site.component());
     mMade->messenger = device->messengerOf(site);
     mCurrent = mViews.emplace_back(std::move(mMade)).get();
+    listen(query<IPlaceable>(mCurrent->object.get()));
   };
   const auto handedIn = [this](const Document& each) { documents.push_back(each); };
   auto host =

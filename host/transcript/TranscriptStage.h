@@ -88,6 +88,8 @@ class TranscriptStage {
 
  private:
   TranscriptOutput::Views viewsFor(std::function<void(const TranscriptInput&)> carryOut);
+  // The events of a component that stands by itself are put out.
+  void listen(const Ref<IPlaceable>& component);
   void endView(View& view);
   void forget(View& view);
 

@@ -1,5 +1,6 @@
 #include "component/Classes.h"
 
+#include "anyedit/CtrAnyEdit.h"
 #include "calibration/VwCalibration.h"
 #include "calibration/VwCalibrationFjell.h"
 #include "diagnostics/VwDiagnostics.h"
@@ -49,6 +50,7 @@ const ComponentClass kClasses[] = {
     OSTRAND_CLASS(CtrDeviceSpecifcFjell, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e210f", "Low-consistency blade: the device's picture and its mark"),
     OSTRAND_CLASS(CtrDeviceSpecificGYRE, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2110", "GYRE transmitters: the device's picture and its mark"),
     OSTRAND_CLASS(CtrDeviceSpecificQX5,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2111", "Optical transmitter: the device's picture and its mark"),
+    OSTRAND_CLASS(CtrAnyEdit,            "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2112", "One editor behind many values"),
 };
 // clang-format on
 

@@ -8,54 +8,47 @@
 #include "platform/controls/CtrGraphMenu.h"
 #include "platform/controls/CtrTextEdit.h"
 #include "platform/controls/ListView.h"
+#include "platform/controls/Members.h"
+#include "platform/controls/Nested.h"
+#include "platform/types/Query.h"
 
 namespace ostrand::inputs {
 
 namespace {
 
-using Values = std::vector<Value>;
-// What a member answers: nothing, a value, or a node.
-using Answer = std::variant<std::monostate, Value, Node>;
-
-template <class T>
-struct Operation {
-  std::string_view name;
-  std::string_view form;  // an argument each: i a whole number, t a text, b a flag
-  Answer (*call)(T&, const Values&);
-};
+using Values = MemberArguments;
+using Answer = MemberAnswer;
 
 float single(const Value& value) { return static_cast<float>(requireNumber(asText(value), '.')); }
 
 // clang-format off
-const Operation<Control> kOfControls[] = {
+const Member<Control> kOfControls[] = {
     {"Move",             "iiii", [](Control& at, const Values& v) -> Answer { at.Move(asInt(v[0]), asInt(v[1]), asInt(v[2]), asInt(v[3])); return {}; }},
     {"ZOrder",           "i",    [](Control& at, const Values& v) -> Answer { at.ZOrder(asInt(v[0])); return {}; }},
     {"SetFocus",         "",     [](Control& at, const Values&) -> Answer { at.SetFocus(); return {}; }},
     {"handleError",      "t",    [](Control& at, const Values& v) -> Answer { at.handleError(asText(v[0])); return {}; }},
 };
-const Operation<EditControl> kOfEdits[] = {
+const Member<EditControl> kOfEdits[] = {
     {"MarkEdited",       "b",    [](EditControl& at, const Values& v) -> Answer { at.MarkEdited(asBool(v[0])); return {}; }},
     {"ValueIsValid",     "",     [](EditControl& at, const Values&) -> Answer { return Value(at.ValueIsValid()); }},
     {"HasParameter",     "",     [](EditControl& at, const Values&) -> Answer { return Value(at.HasParameter()); }},
-    {"GetXmlItem",       "",     [](EditControl& at, const Values&) -> Answer { return at.GetXmlItem(); }},
-    {"GetXmlItem",       "b",    [](EditControl& at, const Values& v) -> Answer { return at.GetXmlItem(asBool(v[0])); }},
 };
-const Operation<CtrTextEdit> kOfTextEdits[] = {
+const Member<CtrTextEdit> kOfTextEdits[] = {
     {"SetTextOption",       "b",  [](CtrTextEdit& at, const Values& v) -> Answer { at.SetTextOption(asBool(v[0])); return {}; }},
     {"ClearValueRelations", "",   [](CtrTextEdit& at, const Values&) -> Answer { at.ClearValueRelations(); return {}; }},
 };
-const Operation<CtrComboEdit> kOfCombos[] = {
+const Member<CtrComboEdit> kOfCombos[] = {
     {"SetAllItemsAllowed", "b",   [](CtrComboEdit& at, const Values& v) -> Answer { at.SetAllItemsAllowed(asBool(v[0])); return {}; }},
     {"SetItemAllowed",     "tb",  [](CtrComboEdit& at, const Values& v) -> Answer { at.SetItemAllowed(asText(v[0]), asBool(v[1])); return {}; }},
     {"ApplyItemFilter",    "",    [](CtrComboEdit& at, const Values&) -> Answer { at.ApplyItemFilter(); return {}; }},
 };
-const Operation<ListView> kOfLists[] = {
+const Member<ListView> kOfLists[] = {
     {"AddColumn",        "ti",   [](ListView& at, const Values& v) -> Answer { at.AddColumn(asText(v[0]), asInt(v[1])); return {}; }},
     {"AddRow",           "",     [](ListView& at, const Values&) -> Answer { at.AddRow(); return {}; }},
     {"RemoveRow",        "i",    [](ListView& at, const Values& v) -> Answer { at.RemoveRow(asInt(v[0])); return {}; }},
     {"Clear",            "",     [](ListView& at, const Values&) -> Answer { at.Clear(); return {}; }},
 };
-const Operation<Chart> kOfCharts[] = {
+const Member<Chart> kOfCharts[] = {
     {"XValue",           "iit",  [](Chart& at, const Values& v) -> Answer { at.XValue(asInt(v[0]), asInt(v[1]), single(v[2])); return {}; }},
     {"YValue",           "iit",  [](Chart& at, const Values& v) -> Answer { at.YValue(asInt(v[0]), asInt(v[1]), single(v[2])); return {}; }},
     {"PointType",        "iii",  [](Chart& at, const Values& v) -> Answer { at.PointType(asInt(v[0]), asInt(v[1]), asInt(v[2])); return {}; }},
@@ -63,50 +56,43 @@ const Operation<Chart> kOfCharts[] = {
     {"Rebuild",          "i",    [](Chart& at, const Values& v) -> Answer { at.Rebuild(asInt(v[0])); return {}; }},
     {"Maximize",         "",     [](Chart& at, const Values&) -> Answer { at.Maximize(); return {}; }},
 };
-const Operation<CtrGraphMenu> kOfMenus[] = {
+const Member<CtrGraphMenu> kOfMenus[] = {
     {"Enabled",          "i",    [](CtrGraphMenu& at, const Values& v) -> Answer { return Value(at.Enabled(asInt(v[0]))); }},
     {"Enabled",          "ib",   [](CtrGraphMenu& at, const Values& v) -> Answer { at.Enabled(asInt(v[0]), asBool(v[1])); return {}; }},
 };
-const Operation<ITaviView> kOfViews[] = {
+const Member<ITaviView> kOfViews[] = {
     {"GetSelectedView",   "",    [](ITaviView& at, const Values&) -> Answer { return Value(at.GetSelectedView()); }},
     {"SetSelectedView",   "t",   [](ITaviView& at, const Values& v) -> Answer { at.SetSelectedView(asText(v[0])); return {}; }},
     {"LeaveSelectedView", "",    [](ITaviView& at, const Values&) -> Answer { return Value(at.LeaveSelectedView()); }},
     {"RequestFocus",      "",    [](ITaviView& at, const Values&) -> Answer { at.RequestFocus(); return {}; }},
     {"PrepareToRelease",  "",    [](ITaviView& at, const Values&) -> Answer { at.PrepareToRelease(); return {}; }},
 };
+const Member<ITaviDataEditor> kOfDataEditors[] = {
+    {"GetXmlItem",        "",    [](ITaviDataEditor& at, const Values&) -> Answer { return at.GetXmlItem(false); }},
+    {"GetXmlItem",        "b",   [](ITaviDataEditor& at, const Values& v) -> Answer { return at.GetXmlItem(asBool(v[0])); }},
+};
 // clang-format on
 
-bool hasForm(std::string_view form, const Values& values) {
-  if (form.size() != values.size()) return false;
-  for (std::size_t i = 0; i < form.size(); ++i)
-    if (form[i] != (std::holds_alternative<bool>(values[i]) ? 'b' : std::holds_alternative<int>(values[i]) ? 'i' : 't')) return false;
-  return true;
+// Of a component: what its class offers by name, and its interfaces.
+std::function<Answer()> operationOf(IObject* object, std::string_view name, const Values& values) {
+  const Ref<IPlaceable> placeable = query<IPlaceable>(object);
+  if (auto* const component = dynamic_cast<Component*>(placeable.get()))
+    if (auto found = component->member(name, values)) return found;
+  if (auto found = findMember<ITaviView>(kOfViews, query<ITaviView>(object).get(), name, values)) return found;
+  return findMember<ITaviDataEditor>(kOfDataEditors, query<ITaviDataEditor>(object).get(), name, values);
 }
 
 [[noreturn]] void reject(const std::string& why) { throw RuntimeError(RuntimeError::NoSuchMember, why); }
 
-// The operation of this name; empty if there is none. An operation with other arguments is rejected.
-template <class T>
-std::function<Answer()> operation(std::span<const Operation<T>> all, T* target, std::string_view name, const Values& values) {
-  bool isKnown = false;
-  for (const Operation<T>& each : all) {
-    if (!target || each.name != name) continue;
-    if (hasForm(each.form, values)) return [&each, target, values] { return each.call(*target, values); };
-    isKnown = true;
-  }
-  if (isKnown) reject(std::string(name) + " takes other arguments");
-  return nullptr;
-}
-
 std::function<Answer()> operationOf(Control& control, std::string_view name, const Values& values) {
-  if (auto found = operation<EditControl>(kOfEdits, dynamic_cast<EditControl*>(&control), name, values)) return found;
-  if (auto found = operation<CtrTextEdit>(kOfTextEdits, dynamic_cast<CtrTextEdit*>(&control), name, values)) return found;
-  if (auto found = operation<CtrComboEdit>(kOfCombos, dynamic_cast<CtrComboEdit*>(&control), name, values)) return found;
-  if (auto found = operation<ListView>(kOfLists, dynamic_cast<ListView*>(&control), name, values)) return found;
-  if (auto found = operation<Chart>(kOfCharts, dynamic_cast<Chart*>(&control), name, values)) return found;
-  if (auto found = operation<CtrGraphMenu>(kOfMenus, dynamic_cast<CtrGraphMenu*>(&control), name, values)) return found;
-  if (auto found = operation<ITaviView>(kOfViews, control.view(), name, values)) return found;
-  return operation<Control>(kOfControls, &control, name, values);
+  if (auto found = findMember<EditControl>(kOfEdits, dynamic_cast<EditControl*>(&control), name, values)) return found;
+  if (auto found = findMember<CtrTextEdit>(kOfTextEdits, dynamic_cast<CtrTextEdit*>(&control), name, values)) return found;
+  if (auto found = findMember<CtrComboEdit>(kOfCombos, dynamic_cast<CtrComboEdit*>(&control), name, values)) return found;
+  if (auto found = findMember<ListView>(kOfLists, dynamic_cast<ListView*>(&control), name, values)) return found;
+  if (auto found = findMember<Chart>(kOfCharts, dynamic_cast<Chart*>(&control), name, values)) return found;
+  if (auto found = findMember<CtrGraphMenu>(kOfMenus, dynamic_cast<CtrGraphMenu*>(&control), name, values)) return found;
+  if (auto found = operationOf(control.Object(), name, values)) return found;
+  return findMember<Control>(kOfControls, &control, name, values);
 }
 
 // As a trace tells the property: "Cell(2,1)".
@@ -179,8 +165,7 @@ void call(TranscriptStage& stage, const TranscriptInput& input) {
   for (std::size_t i = 2; i < input.words.size(); ++i) values.push_back(valueOf(input.words[i]));
 
   if (point == text.npos) {
-    const Ref<ITaviView> view = query<ITaviView>(stage.current().object.get());
-    const std::function<Answer()> found = operation<ITaviView>(kOfViews, view.get(), member, values);
+    const std::function<Answer()> found = operationOf(stage.current().object.get(), member, values);
     if (!found) reject(stage.current().className + " has no " + member);
     return stage.onView([&] { printAnswer(stage.output, found()); });
   }

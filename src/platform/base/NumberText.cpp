@@ -14,6 +14,8 @@ enum class Parsed { Number, NoNumber, TooLarge };
 
 constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int kDigitsOfDouble = 15;
+constexpr int kDigitsOfSingle = 7;
 constexpr int kExactDigits = 15;  // whole numbers of so many digits are exact in a double, and so are the powers above
 
 // Nearly every number of a document: an optional minus, a few digits, perhaps a fraction. Both parts are
@@ -105,10 +107,11 @@ Decimal decimalOf(Float value, int significant) {
   return decimal;
 }
 
-std::string plain(const Decimal& number, char separator) {
+// `significant` digits are as many as a number without an exponent may have before its point.
+std::string plain(const Decimal& number, int significant, char separator) {
   std::string text = number.negative ? "-" : "";
   const int count = static_cast<int>(number.digits.size());
-  if (number.exponent >= 15 || number.exponent < -4) {
+  if (number.exponent >= significant || number.exponent < -4) {
     text += number.digits[0];
     if (count > 1) (text += separator) += number.digits.substr(1);
     const int size = std::abs(number.exponent);
@@ -187,19 +190,19 @@ std::optional<long long> parseInteger(std::string_view text) {
 
 std::string plainText(double value, char separator) {
   if (!std::isfinite(value)) return special(value);
-  return plain(decimalOf(value, 15), separator);
+  return plain(decimalOf(value, kDigitsOfDouble), kDigitsOfDouble, separator);
 }
 
 std::string plainTextOfSingle(float value, char separator) {
   if (!std::isfinite(value)) return special(value);
-  return plain(decimalOf(value, 7), separator);
+  return plain(decimalOf(value, kDigitsOfSingle), kDigitsOfSingle, separator);
 }
 
 std::string fixedText(double value, int decimals, char separator) {
   if (!std::isfinite(value)) return special(value);
   decimals = std::clamp(decimals, 0, 99);
   if (std::string text; fixedShort(value, decimals, separator, text)) return text;
-  Decimal number = decimalOf(value, 15);
+  Decimal number = decimalOf(value, kDigitsOfDouble);
   // Where the last shown decimal stands among the digits.
   const int keep = number.exponent + 1 + decimals;
   if (keep < 0) {

@@ -20,7 +20,7 @@ double requireNumber(std::string_view text, char separator);
 std::optional<long long> parseInteger(std::string_view text);
 
 // The plain text: up to 15 significant digits (of a single: 7) in the shortest form that shows them, with
-// an exponent ("1.5E-05", "1E+15") outside 1E-4 to 1E15.
+// an exponent ("1.5E-05", "1E+15") outside 1E-4 to 1E15 (of a single: 1E7).
 std::string plainText(double value, char separator);
 std::string plainTextOfSingle(float value, char separator);
 

@@ -54,6 +54,8 @@ void Component::Terminate() {
   mParent = nullptr;
 }
 
+std::function<MemberAnswer()> Component::member(std::string_view, const MemberArguments&) { return nullptr; }
+
 Desktop& Component::desktop() const {
   if (!mDesktop) throwNothingThere("the desktop");
   return *mDesktop;

@@ -6,6 +6,7 @@
 
 #include "platform/controls/Control.h"
 #include "platform/controls/FormModel.h"
+#include "platform/controls/Members.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/trap/Procedure.h"
 #include "platform/types/IPlaceable.h"
@@ -30,7 +31,8 @@ class Component : public IPlaceable, public Reporter {
   // Error 91 before the component is placed.
   Desktop& desktop() const;
   const Ref<IHostContainer>& parent() const { return mParent; }
-  const std::string& tag() const { return mTag; }
+  // Where it is nested, that of the control in which it stands, in whatever moment.
+  const std::string& tag() const { return mPlace ? mPlace->mTag : mTag; }
   const ControlCollection& controls() const { return mControls; }
   int width() const { return mWidth; }
   int height() const { return mHeight; }
@@ -47,8 +49,14 @@ class Component : public IPlaceable, public Reporter {
   Control* focused() const { return outermost().mFocused; }
   // Moves the focus; the control that had it hears that it lost it.
   void moveFocus(Control* control);
-  // What is behind the component when it is nested, nullptr otherwise.
-  void setOuter(Component* outer) { mOuter = outer; }
+  // Where the component is nested: the one around it, and there the control in which it stands; nullptr otherwise.
+  void nest(Component* outer, const Control* place) { mOuter = outer, mPlace = place; }
+
+  // The public members that a class has beside its interfaces, for callers that know them by name only: what calls one, or
+  // nothing if there is none of this name. RuntimeError 438 for other arguments.
+  virtual std::function<MemberAnswer()> member(std::string_view name, const MemberArguments& arguments);
+  // Calls `listener` for every event that the class raises, with its name and its arguments.
+  virtual void listenToEvents(EventListener listener) { (void)listener; }
 
   // Held until the component is gone: the component server counts its living objects so.
   void keep(Ref<Counted> token) { mToken = std::move(token); }
@@ -74,6 +82,8 @@ class Component : public IPlaceable, public Reporter {
   // The queryInterface of the class itself, asked first.
   virtual bool offerInterface(const Guid& id, void** out) noexcept = 0;
 
+  // The tag of the component around this one; empty where it stands by itself.
+  std::string containerTag() const { return mOuter ? mOuter->tag() : std::string(); }
   // A call on the host's container: error 91 without one.
   IHostContainer& container() const;
 
@@ -94,6 +104,7 @@ class Component : public IPlaceable, public Reporter {
   Control* mFront = nullptr;
   Control* mFocused = nullptr;
   Component* mOuter = nullptr;
+  const Control* mPlace = nullptr;
   int mWidth = 14400;
   int mHeight = 7200;
   Ref<LastError> mLastError;

@@ -8,18 +8,12 @@
 
 namespace ostrand {
 
-namespace {
-
-// A number in another unit; nothing if the service cannot convert. The units are copies: the service may be the host's, who may
-// change what they were taken from.
 std::optional<double> converted(double value, const std::string from, const std::string to, const UnitSource& units) {
   if (from == to) return value;
   const Ref<IUnitConverter> service = units.converter();
   if (!service || !service->ConvertValue(value, from, to, value)) return std::nullopt;
   return value;
 }
-
-}  // namespace
 
 std::optional<double> typedNumber(const std::string& text) { return parseNumber(withSeparator(text, ',', '.'), '.'); }
 

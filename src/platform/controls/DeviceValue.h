@@ -20,6 +20,10 @@ class UnitSource {
   ~UnitSource() = default;
 };
 
+// A number in another unit; nothing if the service cannot convert. The units are copies: the service may be the host's, who may
+// change what they were taken from.
+std::optional<double> converted(double value, std::string from, std::string to, const UnitSource& units);
+
 // One value of the device between its documents and a screen; it knows no control and no host. Two texts tell it: the stored one
 // as the documents have it (a point, the data set's unit), and what the screen shows (the user's separator, unit and decimals).
 // Between them may stand an edit, what a user typed or code set, in the unit in which it was meant: it is kept as it is, so that

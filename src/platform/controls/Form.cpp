@@ -46,7 +46,7 @@ void Form::position(Control& control, int left, int top, int width, int height) 
 
 void Form::makeNested(NestedControl& at, const std::string& tag) {
   at.make();
-  at.nested()->setOuter(&mComponent);
+  at.nested()->nest(&mComponent, &at);
   at.nested()->Place(mComponent.desktop(), mComponent.parent(), tag);
 }
 

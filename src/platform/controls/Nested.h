@@ -11,7 +11,7 @@ class NestedControl : public Control {
   using Control::Control;
   // The component may be held longer by others.
   ~NestedControl() override {
-    if (mComponent) mComponent->setOuter(nullptr);
+    if (mComponent) mComponent->nest(nullptr, nullptr);
   }
   std::string_view className() const override { return mClassName; }
   IObject* Object() const override { return mComponent.get(); }

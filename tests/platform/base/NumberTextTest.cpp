@@ -212,7 +212,11 @@ TEST(PlainText, ShowsSevenDigitsOfASingle) {
   EXPECT_EQ(plainTextOfSingle(0.1f, '.'), "0.1");
   EXPECT_EQ(plainTextOfSingle(3.14159274f, ','), "3,141593");
   EXPECT_EQ(plainTextOfSingle(1.0f / 3.0f, '.'), "0.3333333");
-  EXPECT_EQ(plainTextOfSingle(16777216.0f, '.'), "16777220");
+  EXPECT_EQ(plainTextOfSingle(9999999.0f, '.'), "9999999");
+  EXPECT_EQ(plainTextOfSingle(1e7f, '.'), "1E+07");
+  EXPECT_EQ(plainTextOfSingle(16777216.0f, ','), "1,677722E+07");
+  EXPECT_EQ(plainTextOfSingle(0.0001f, '.'), "0.0001");
+  EXPECT_EQ(plainTextOfSingle(0.00001f, '.'), "1E-05");
   EXPECT_EQ(plainTextOfSingle(-0.0f, '.'), "0");
   EXPECT_EQ(plainTextOfSingle(std::numeric_limits<float>::max(), '.'), "3.402823E+38");
   EXPECT_EQ(plainTextOfSingle(std::numeric_limits<float>::denorm_min(), '.'), "1.401298E-45");
