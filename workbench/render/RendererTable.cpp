@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "workbench/render/ChartRenderer.h"
 #include "workbench/render/CheckBoxRenderer.h"
 #include "workbench/render/CheckEditRenderer.h"
 #include "workbench/render/ComboEditRenderer.h"
@@ -58,6 +59,7 @@ constexpr ByKind kByKind[] = {
     {Control::Kind::CheckBox,      make<CheckBoxRenderer,      CheckBox>},
     {Control::Kind::OptionButton,  make<OptionButtonRenderer,  OptionButton>},
     {Control::Kind::CommandButton, make<CommandButtonRenderer, CommandButton>},
+    {Control::Kind::Chart,         make<ChartRenderer,         Chart>},
     {Control::Kind::ListView,      make<ListViewRenderer,      ListView>},
     {Control::Kind::TextEdit,      make<LineEditRenderer,      EditControl>},
     {Control::Kind::DateEdit,      make<LineEditRenderer,      EditControl>},

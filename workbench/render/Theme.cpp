@@ -82,6 +82,18 @@ QColor Theme::color(const Color& color) const {
   return QColor(static_cast<QRgb>(color.rgb));
 }
 
+QColor Theme::drawn(const Color& color) const {
+  QColor drawn = this->color(color);
+  constexpr double kStandsOut = 3.0;
+  // In steps of a tenth towards the text, which does.
+  for (int step = 1; step <= 10 && contrast(drawn, surface) < kStandsOut; ++step) {
+    const auto between = [&](float from, float to) { return from + (to - from) * 0.1F * static_cast<float>(step); };
+    const QColor from = this->color(color);
+    drawn = QColor::fromRgbF(between(from.redF(), text.redF()), between(from.greenF(), text.greenF()), between(from.blueF(), text.blueF()));
+  }
+  return drawn;
+}
+
 QFont Theme::font(Text use) const {
   QFont font;
   font.setPointSizeF(kBodyPoints * scale);

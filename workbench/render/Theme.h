@@ -48,6 +48,8 @@ struct Theme {
 
   // A model's colour: its role in this theme; the value itself for Role::Value.
   QColor color(const Color& color) const;
+  // The same for what is drawn on a surface: it stands out from it by at least 3 to 1, darker or lighter if need be.
+  QColor drawn(const Color& color) const;
 
   enum class Text { Body, Title, Small, Strong };
   QFont font(Text use = Text::Body) const;

@@ -28,6 +28,15 @@ enum class PanelWord {
   Checked,
   NothingHere,
   OnDevice,
+  ZoomToSamples,
+  UndoZoom,
+  Maximize,
+  CopyPicture,
+  SavePng,
+  SavePdf,
+  SaveCsv,
+  Print,
+  Chart,
 };
 
 QString word(PanelWord word, const std::string& language);

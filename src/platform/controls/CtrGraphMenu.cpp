@@ -39,7 +39,7 @@ void CtrGraphMenu::choose(int entry) {
     case ZoomToSamples: return mChart->zoomToSamples();
     case UndoZoom: return mChart->undoZoom();
     case Maximize: return mChart->maximize();
-    default: chosen(entry);
+    default: return;
   }
 }
 

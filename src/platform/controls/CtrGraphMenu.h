@@ -27,12 +27,11 @@ class CtrGraphMenu : public Control, public UserActions {
 
   // Whether an entry can be chosen for the chart over which the menu is open.
   bool isOffered(int entry) const;
-  // The user's choice, by number or by its key ("undoZoom"); error 70 if the menu is not open or does not offer it.
+  // The user's choice: the chart does what it knows; the rest is for whoever shows the menu. By number or by its key ("undoZoom"); error 70 if the menu is not open or does not offer it.
   void choose(int entry);
   void choose(const std::string& key) override;
   // The key of an entry.
   static std::string_view keyOf(int entry);
-  Signal<int> chosen;  // an entry that the chart itself does not know: copy, save, print
 
   Value get(std::string_view property, std::span<const int> indices) const override;
   void set(std::string_view property, std::span<const int> indices, const Value& value) override;

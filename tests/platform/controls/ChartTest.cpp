@@ -263,9 +263,7 @@ TEST_F(ChartMenuTest, OpensOverAChartAndOffersWhatIsEnabled) {
 
 TEST_F(ChartMenuTest, DoesToTheChartWhatIsChosen) {
   int copies = 0;
-  std::vector<int> chosen;
   chart().maximizing.connect([&] { ++copies; });
-  menu().chosen.connect([&](int entry) { chosen.push_back(entry); });
   chart().MaximizeAllowed(true);
   chart().zoom({0, 0.5, 0, 0.5});
   EXPECT_EQ(errorOf([&] { menu().choose("maximize"); }), 70) << "it is not open";
@@ -277,7 +275,7 @@ TEST_F(ChartMenuTest, DoesToTheChartWhatIsChosen) {
   menu().choose("maximize");
   EXPECT_EQ(copies, 1);
   menu().choose(CtrGraphMenu::SavePdf);
-  EXPECT_THAT(chosen, ElementsAre(6));
+  EXPECT_EQ(copies, 1) << "saving is not the chart's affair";
   EXPECT_EQ(errorOf([&] { menu().choose("rotate"); }), 70);
 }
 
