@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "benchmarks/workbench/Charts.h"
 #include "benchmarks/workbench/Windows.h"
 #include "workbench/render/Theme.h"
 
@@ -38,6 +39,8 @@ std::vector<Section> sections() {
   for (const int items : {8, 200})
     section.rows.push_back(
         {"a live answer of " + std::to_string(items) + " items", showAnswer(items), "by hand", showAnswerByHand(items), {Figure::Share}});
+  section.rows.push_back({"three curves and 17 samples that move", paintChart(), "a bare plot", paintChartByHand(), {Figure::Share, 1.1}});
+  section.rows.push_back({"paints of the chart for 17 samples at once", {}, "", {}, {Figure::Number, 1}, paintsOfAnAnswer});
   return {section};
 }
 
