@@ -189,7 +189,8 @@ std::optional<std::string> usableValue(const Node& item, const ParameterInfo& in
     const Ref<IUnitConverter> mUnits;
   };
   const auto received = DeviceValue::received(item, info, Held(units));
-  return received && received->usable ? std::optional(received->text) : std::nullopt;
+  // A number that the device does not have yet comes as an empty text too.
+  return received && (received->usable || received->text.empty()) ? std::optional(received->text) : std::nullopt;
 }
 
 std::string groupStamp(LocalTime time) {

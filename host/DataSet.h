@@ -69,7 +69,7 @@ class DataSet {
 
   // Takes over the values of an answer of the device, and the stamp of its group when it is the last answer to a read.
   // What was written is no edit any more. Gives the names of items whose values could not be used: text where a number
-  // belongs, or a unit that cannot be converted. "NaN" is a value.
+  // belongs, or a unit that cannot be converted. "NaN" is a value, and so is an empty text: the device has none yet.
   std::vector<std::string> takeAnswer(const Document& answer, LocalTime now, IUnitConverter* units);
   // A sample that begins anew ("sample1") has no values yet.
   void forgetSample(std::string_view sample);

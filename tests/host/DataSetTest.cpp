@@ -138,6 +138,11 @@ TEST_F(DataSetTest, NamesValuesThatItCannotUse) {
   EXPECT_EQ(set.value("speed"), "NaN");
   EXPECT_TRUE(set.takeAnswer(answer("drive", "read", {{"speed", "\r\n\t2.5\r\n"}}), desktop.now(), nullptr).empty());
   EXPECT_EQ(set.value("speed"), "2.5") << "printed over many lines";
+  const Document none = answer("drive", "read", {{"speed", "1"}});
+  none.select("//comm:item/*").setText("");
+  EXPECT_TRUE(set.takeAnswer(none, desktop.now(), nullptr).empty());
+  EXPECT_EQ(set.value("speed"), "") << "the device has none yet";
+  EXPECT_TRUE(set.synchronised("speed"));
 }
 
 TEST_F(DataSetTest, TellsAValueInItsOwnUnit) {
