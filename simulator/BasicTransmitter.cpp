@@ -23,8 +23,8 @@ double numberWithin(std::string_view fault, std::string_view argument, double lo
 // Writes that are no configuration: they act, or have an event of their own.
 bool isAction(std::string_view name) {
   return name == "activeRecipe" || name == "activeGrade" || name == "sampleStart" || name == "executeAction" || name == "loopTestValue" ||
-         name.ends_with("LoopTestValue") || name.starts_with("mACalibration") || name.starts_with("laboratory") || name == "calibrationType" ||
-         name == "sampleFiller" || name.starts_with("temperatureCalibration");
+         name.ends_with("LoopTestValue") || name.starts_with("mACalibration") || name.starts_with("sampleHistory") || name.starts_with("history") ||
+         name.starts_with("laboratory") || name == "calibrationType" || name == "sampleFiller" || name.starts_with("temperatureCalibration");
 }
 
 }  // namespace
@@ -39,6 +39,8 @@ BasicTransmitter::BasicTransmitter(const Desktop& desktop, const Document& dataS
       {"supplyVoltage", "statusSupplyVoltageFailure", "eventSupplyVoltageLow", false},
   };
   mParts.insert(mParts.end(), std::begin(kOfAll), std::end(kOfAll));
+  for (const char* const name : {"swRevision", "swRevisionNumber"})
+    if (const Parameter* const told = mTable.find(name)) mSoftware[name] = told->value.text;
 }
 
 void BasicTransmitter::powerUp() {
@@ -103,6 +105,8 @@ Judgement BasicTransmitter::write(std::string_view command, const std::vector<Wr
 bool BasicTransmitter::setFault(std::string_view name, std::string_view argument) {
   if (name == "none") {
     mFailures.clear();
+    mLacking.clear();
+    setSoftware({});
     mIsWriteProtected = false;
     mFlow.setUnsteadiness(1);
     mFlow.setHeat(0);
@@ -116,6 +120,12 @@ bool BasicTransmitter::setFault(std::string_view name, std::string_view argument
     }
     mFailures.emplace(argument);
     look();  // it is noticed, and recorded, at once
+  } else if (name == "software" || name == "lacks") {
+    if (argument.empty()) fail("the fault \"" + std::string(name) + "\" needs an argument");
+    if (name == "software")
+      setSoftware(argument);
+    else
+      mLacking.emplace(argument);
   } else if (name == "unsteady") {
     mFlow.setUnsteadiness(numberWithin(name, argument, 0, 1000));
   } else if (name == "heat") {
@@ -130,6 +140,10 @@ bool BasicTransmitter::setFault(std::string_view name, std::string_view argument
     return false;
   }
   return true;
+}
+
+void BasicTransmitter::setSoftware(std::string_view revision) {
+  for (const auto& [name, own] : mSoftware) mTable.set(name, revision.empty() ? own : revision);
 }
 
 bool BasicTransmitter::isTooNarrow(std::string_view lower, std::string_view upper, double leastSpan) const {

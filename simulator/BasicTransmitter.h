@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <map>
 #include <set>
 #include <vector>
 
@@ -19,10 +20,12 @@ class BasicTransmitter : public Transmitter {
   BasicTransmitter& operator=(const BasicTransmitter&) = delete;
 
   const ParameterTable& parameters() const override { return mTable; }
+  bool hasCommandFor(const Parameter& parameter) const override { return !mLacking.contains(parameter.name); }
   void beginRead(const std::vector<const Parameter*>&) override {}
   std::string read(const Parameter& parameter) override;
   Judgement foresee(std::string_view command, const std::vector<Writing>& writings) override;
   Judgement write(std::string_view command, const std::vector<Writing>& writings) override;
+  std::vector<std::string> alsoTold(const std::vector<Writing>&) const override { return {}; }
   void judged(std::string_view, const Judgement&) override {}
   bool setFault(std::string_view name, std::string_view argument) override;
   std::optional<double> laboratoryValue(int) const override { return std::nullopt; }
@@ -82,11 +85,15 @@ class BasicTransmitter : public Transmitter {
   PulpFlow mFlow;
 
  private:
+  // An empty text stands for the software that the data set tells of.
+  void setSoftware(std::string_view revision);
   // Leaves the memory as it would be after the write, refused or not.
   Judgement tryOut(std::string_view command, const std::vector<Writing>& writings);
 
   std::vector<Part> mParts;
   std::set<std::string, std::less<>> mFailures;
+  std::set<std::string, std::less<>> mLacking;   // parameters without a command
+  std::map<std::string, std::string> mSoftware;  // of the data set, by the name of the parameter that tells of it
   bool mIsWriteProtected = false;
   bool mIsColdStart = true;
   bool mIsConfigurationChanged = false;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "simulator/BladeNames.h"
+#include "simulator/RecipeNames.h"
 
 namespace ostrand::simulator {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/BladeNames.h"
+#include "simulator/RecipeNames.h"
 #include "simulator/Damping.h"
 
 namespace ostrand::simulator {

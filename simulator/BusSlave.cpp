@@ -71,7 +71,7 @@ BusSlave::Request BusSlave::understood(const Document& document) const {
   texts.resize(names.size());
   for (std::size_t i = 0; i < names.size(); ++i) {
     const Parameter* const parameter = table.find(names[i]);
-    if (!parameter || (isRead && !parameter->readable))
+    if (!parameter || (isRead && !parameter->readable) || !mTransmitter->hasCommandFor(*parameter))
       request.unknown.push_back(std::move(names[i]));
     else
       request.items.push_back({parameter, std::move(texts[i])});
@@ -131,7 +131,7 @@ BusSlave::Reply BusSlave::readStep(Request& request) {
   Reply reply;
   if (request.done == request.items.size()) {
     reply.names = request.unknown;
-    reply.errorCode = "missingItems";
+    reply.errorCode = errorOfUnknown(request);
     reply.isFinal = true;
     return reply;
   }
@@ -141,14 +141,29 @@ BusSlave::Reply BusSlave::readStep(Request& request) {
     mTransmitter->beginRead(asked);
   }
   const std::size_t end = std::min(request.done + mTiming.itemsPerTransaction, request.items.size());
-  for (; request.done < end; ++request.done) {
+  for (bool isFull = false; request.done < end && !isFull; ++request.done) {
     const Parameter& parameter = *request.items[request.done].parameter;
-    std::string text = mTransmitter->read(parameter);
-    if (const auto forced = mFaults.values.find(parameter.name); forced != mFaults.values.end()) text = forced->second;
-    reply.values.emplace_back(&parameter, std::move(text));
+    isFull = isReadAlone(parameter);
+    if (isFull && !reply.values.empty()) break;
+    reply.values.emplace_back(&parameter, textOf(parameter));
   }
   reply.isFinal = request.done == request.items.size() && request.unknown.empty();
   return reply;
+}
+
+std::string_view BusSlave::errorOfUnknown(const Request& request) const {
+  const ParameterTable& table = mTransmitter->parameters();
+  const bool isLacking = std::all_of(request.unknown.begin(), request.unknown.end(), [&](const std::string& name) {
+    const Parameter* const parameter = table.find(name);
+    return parameter && !mTransmitter->hasCommandFor(*parameter);
+  });
+  return isLacking ? errorKey(Verdict::CommandNotImplemented) : "missingItems";
+}
+
+std::string BusSlave::textOf(const Parameter& parameter) {
+  std::string text = mTransmitter->read(parameter);
+  const auto forced = mFaults.values.find(parameter.name);
+  return forced == mFaults.values.end() ? text : forced->second;
 }
 
 BusSlave::Reply BusSlave::writeStep(Request& request) {
@@ -162,7 +177,7 @@ BusSlave::Reply BusSlave::writeStep(Request& request) {
     reply.names = judgement.items;
     return reply;
   };
-  if (!request.unknown.empty()) return refuse({Verdict::CommandNotImplemented, request.unknown}, "missingItems");
+  if (!request.unknown.empty()) return refuse({Verdict::CommandNotImplemented, request.unknown}, errorOfUnknown(request));
   // A command: all items of the request, or one channel of a loop test.
   const std::size_t first = request.isSingly ? request.done : 0;
   if (request.writings.empty()) {
@@ -185,9 +200,13 @@ BusSlave::Reply BusSlave::writeStep(Request& request) {
   }
   reply.isFinal = request.done == request.items.size();
   if (!reply.isFinal && !request.isSingly) return reply;
-  const Judgement judgement = mTransmitter->write(request.name, std::exchange(request.writings, {}));
+  const std::vector<Writing> writings = std::exchange(request.writings, {});
+  const Judgement judgement = mTransmitter->write(request.name, writings);
   if (judgement.isRefusal()) return refuse(judgement);
   mTransmitter->judged(request.name, judgement);
+  const ParameterTable& table = mTransmitter->parameters();
+  for (const std::string& name : mTransmitter->alsoTold(writings))
+    if (const Parameter* const told = table.find(name)) reply.values.emplace_back(told, textOf(*told));
   return reply;
 }
 
@@ -201,6 +220,7 @@ Verdict BusSlave::check(const Parameter& parameter, std::string_view text, Value
     value.text = standardDate(date);
     return Verdict::Accepted;
   }
+  if (parameter.mayBeEmpty && text.empty()) return Verdict::Accepted;
   const std::optional<double> number = parseNumber(text, '.');
   if (!number) return Verdict::InvalidSelection;
   value.number = *number;

@@ -38,6 +38,8 @@ class BusSlave : public Device {
   virtual Verdict check(const Parameter& parameter, std::string_view text, Value& value) const;
   // What a read of these items is answered with.
   virtual std::vector<std::string> answeredWith(std::vector<std::string> names) const { return names; }
+  // Whether a read of the parameter is a command that carries nothing else.
+  virtual bool isReadAlone(const Parameter&) const { return false; }
   // Whether a write of the parameter is a command that carries nothing else: it is taken over, or refused, by itself.
   virtual bool isCommandOfItsOwn(const Parameter&) const { return false; }
   // Whether the bus acknowledges a write of this name that the device refuses: then the device tells its verdict when it is
@@ -53,7 +55,7 @@ class BusSlave : public Device {
     bool isRequest = false;
     std::string name, access;
     std::vector<Item> items;           // that the device has, each once
-    std::vector<std::string> unknown;  // that it does not have, each once
+    std::vector<std::string> unknown;  // that it does not have, or has no command for, each once
     std::vector<Writing> writings;     // received and not yet taken over
     bool isSingly = false;             // each item is a command of its own
     std::size_t done = 0;              // items
@@ -83,6 +85,9 @@ class BusSlave : public Device {
   Reply carriedOut(Request& request);
   Reply readStep(Request& request);
   Reply writeStep(Request& request);
+  // A key for items that cannot be read or written at all.
+  std::string_view errorOfUnknown(const Request& request) const;
+  std::string textOf(const Parameter& parameter);
   bool isSilentTo(const Request& request) const;
   Document worded(const Request& request, const Reply& reply);
   Document garbage(const Request& request);

@@ -31,8 +31,11 @@
 // - On HART each channel of a loop test is a command of its own: it is taken over, and answered, by itself, one item to an
 //   answer. A refusal ends the request; the channels before it are in the test by then.
 // - On HART a sample that is running ends when its own average and deviation are read, and nothing else with them.
+// - A GYRE transmitter starts its sample by a read of `sampleStart`, and tells of the samples that it keeps as simulator/
+//   GyreHistory.h says.
 // - An item that the device does not have is named in a final answer "missingItems": in a read after the values of the
-//   others, in a write instead of it. An item that comes twice counts once, with its first text.
+//   others, in a write instead of it; one that it has no command for likewise, under the error of a command that it does
+//   not know. An item that comes twice counts once, with its first text.
 // - What is no request at all is answered by "communicationError" under the name that it bears, if any.
 //
 // The same seed, clock and requests give the same bytes.
@@ -74,7 +77,8 @@ class Device {
 
   // Seconds from a transaction's start to its answer, a fault "slow" included.
   virtual double busTimePerTransaction() const = 0;
-  // What the laboratory would find in sample 1 or 2, in %Cs; nothing before the sample has been taken.
+  // What the laboratory would find in sample 1 or 2, or in a kept sample of this number, in %Cs; nothing before the sample has
+  // been taken.
   virtual std::optional<double> laboratoryValue(int sample) const = 0;
 };
 

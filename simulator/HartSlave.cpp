@@ -29,6 +29,7 @@ std::string_view HartSlave::errorKey(Verdict verdict) const {
     case Verdict::TooLarge: return "hartCmdErrParameterTooLarge";
     case Verdict::WriteProtected: return "hartCmdErrInWriteProtectMode";
     case Verdict::SpanTooSmall: return "hartCmdErrSpanTooSmall";
+    case Verdict::NoDataAvailable: return "hartCmdErrNoDataAvailable";
     case Verdict::PulpTypeNotAllowed:
     case Verdict::RecipeNotCalibrated: return "hartCmdErrRecipeNotCalibratedOrPulpTypeNotAllowed";
     // There is one code for everything that a calibration can be refused for.
@@ -44,6 +45,8 @@ std::string_view HartSlave::errorKey(Verdict verdict) const {
   }
   return {};
 }
+
+bool HartSlave::isReadAlone(const Parameter& asked) const { return asked.name.ends_with("SampleCount"); }
 
 bool HartSlave::isCommandOfItsOwn(const Parameter& written) const {
   return written.name.starts_with("channel") && written.name.ends_with("LoopTestValue");

@@ -12,6 +12,7 @@ class HartSlave : public BusSlave {
 
  protected:
   std::string_view errorKey(Verdict verdict) const override;
+  bool isReadAlone(const Parameter& asked) const override;
   bool isCommandOfItsOwn(const Parameter& written) const override;
   Verdict check(const Parameter& parameter, std::string_view text, Value& value) const override;
 };

@@ -47,7 +47,7 @@ std::string_view Parameter::element() const {
 
 std::string Parameter::text(const Value& shown) const {
   if (type == Type::Text) return shown.text;
-  if (type == Type::Float) return std::isnan(shown.number) ? "NaN" : sixDigits(shown.number);
+  if (type == Type::Float) return !std::isnan(shown.number) ? sixDigits(shown.number) : mayBeEmpty ? "" : "NaN";
   return std::isnan(shown.number) ? "0" : plainText(shown.number, '.');
 }
 

@@ -32,12 +32,13 @@ struct Parameter {
   std::string unit;
   bool readable = true;
   bool writable = false;
+  bool mayBeEmpty = false;  // a float without a value is an empty text
   std::optional<double> lowest, highest;
   std::vector<Code> codes;  // empty if any number will do
   Value value;
 
   std::string_view element() const;  // "comm:integerVal", "comm:floatVal" or "comm:stringVal"
-  // As it stands in a document: a float with six significant digits, or "NaN".
+  // As it stands in a document: a float with six significant digits, or "NaN", or empty.
   std::string text(const Value& value) const;
   // What a code stands for; empty for a number without one.
   std::string_view key(const Value& value) const;

@@ -9,12 +9,13 @@ constexpr std::int64_t kPeriod = PulpFlow::ticks(300);
 constexpr std::int64_t kMove = PulpFlow::ticks(40);
 constexpr std::int64_t kStart = PulpFlow::ticks(100);
 
+constexpr std::int64_t kMillisecondsPerTick = static_cast<std::int64_t>(PulpFlow::kSecondsPerTick * 1000);
+
 }  // namespace
 
-std::int64_t PulpFlow::tickAt(LocalTime time) const {
-  constexpr std::int64_t kMillisecondsPerTick = static_cast<std::int64_t>(kSecondsPerTick * 1000);
-  return floorDivision((time - mStart).count(), kMillisecondsPerTick);
-}
+std::int64_t PulpFlow::tickAt(LocalTime time) const { return floorDivision((time - mStart).count(), kMillisecondsPerTick); }
+
+LocalTime PulpFlow::timeOf(std::int64_t tick) const { return mStart + std::chrono::milliseconds(tick * kMillisecondsPerTick); }
 
 double PulpFlow::setpoint(std::int64_t period) const {
   const double side = period % 2 == 0 ? -1 : 1;

@@ -25,6 +25,7 @@ class PulpFlow {
   PulpFlow(const PulpLine& line, LocalTime start, unsigned seed) : mLine(line), mStart(start), mMill(seed, 1), mFlocs(seed, 2), mWarmth(seed, 4) {}
 
   std::int64_t tickAt(LocalTime time) const;
+  LocalTime timeOf(std::int64_t tick) const;
 
   double consistency(std::int64_t tick) const;             // %Cs, what the laboratory would find
   double processTemperature(std::int64_t tick) const;      // degC

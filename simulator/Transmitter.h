@@ -24,6 +24,7 @@ enum class Verdict {
   SampleNotTaken,
   PointsTooClose,
   CalibrationSuspicious,
+  NoDataAvailable,
   PulpTypeNotAllowed,
   RecipeNotCalibrated,
   TemperatureCorrectionTooLarge,
@@ -49,6 +50,8 @@ class Transmitter {
   virtual ~Transmitter() = default;
 
   virtual const ParameterTable& parameters() const = 0;
+  // Whether there is a command at all that speaks of the parameter.
+  virtual bool hasCommandFor(const Parameter& parameter) const = 0;
   // Brings everything that is measured up to the clock.
   virtual void look() = 0;
   // A read of these begins. To be asked for together may have a meaning: it ends a sample.
@@ -59,6 +62,9 @@ class Transmitter {
   virtual Judgement foresee(std::string_view command, const std::vector<Writing>& writings) = 0;
   // Takes over all of it, or nothing. The values have passed the checks of the bus.
   virtual Judgement write(std::string_view command, const std::vector<Writing>& writings) = 0;
+
+  // What else the answer to this write tells, once it is taken over.
+  virtual std::vector<std::string> alsoTold(const std::vector<Writing>& writings) const = 0;
 
   // What became of a write, also of one that did not come as far as write(): for whoever asks for it later.
   virtual void judged(std::string_view command, const Judgement& judgement) = 0;

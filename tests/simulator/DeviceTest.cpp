@@ -217,6 +217,8 @@ TEST_F(DeviceTest, RefusesFaultsThatItDoesNotKnow) {
   EXPECT_TRUE(fails("heat", "a lot"));
   EXPECT_TRUE(fails("drift", "101"));
   EXPECT_TRUE(fails("failure", "coffeeMachine"));
+  EXPECT_TRUE(fails("software", ""));
+  EXPECT_TRUE(fails("lacks", ""));
 }
 
 TEST_F(DeviceTest, FaultRefuse) {
@@ -251,6 +253,27 @@ TEST_F(DeviceTest, FaultsOfValues) {
   EXPECT_EQ(value("tag"), "");
   device->setFault("none", "");
   EXPECT_EQ(value("activeRecipe"), "1");
+}
+
+TEST_F(DeviceTest, FaultLacks) {
+  device->setFault("lacks", "damping");
+  const auto all = ask(readOf({"damping", "tag"}));
+  ASSERT_EQ(all.size(), 2u);
+  EXPECT_THAT(names(all[0].document), ElementsAre("tag"));
+  EXPECT_THAT(names(all[1].document), ElementsAre("damping"));
+  EXPECT_EQ(errorOf(all), "hartCmdErrCommandIsNotImplemented");
+  EXPECT_EQ(errorOf(ask(readOf({"damping", "moonPhase"}))), "missingItems");
+  EXPECT_EQ(write("outputSignal", item("damping", "9")), "hartCmdErrCommandIsNotImplemented");
+  device->setFault("none", "");
+  EXPECT_EQ(value("damping"), "2");
+}
+
+TEST_F(DeviceTest, FaultSoftware) {
+  const std::string own = value("swRevision");
+  device->setFault("software", "9.8");
+  EXPECT_EQ(value("swRevision"), "9.8");
+  device->setFault("none", "");
+  EXPECT_EQ(value("swRevision"), own);
 }
 
 TEST_F(DeviceTest, FaultSlow) {
@@ -291,7 +314,7 @@ class AnyDeviceTest : public DeviceBench, public testing::WithParamInterface<con
   AnyDeviceTest() : DeviceBench(GetParam()) {}
 };
 
-INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell", "hartQX5"),
+INSTANTIATE_TEST_SUITE_P(, AnyDeviceTest, testing::Values("hartBlade", "profibusBlade", "hartFjell", "hartQX5", "hartGYRE"),
                          [](const auto& device) { return std::string(device.param); });
 
 TEST_P(AnyDeviceTest, AnythingGoes) {
