@@ -119,7 +119,7 @@ class CtrAnyEdit : public Component,
   // Error 9 for an unknown tag.
   AnyItem& itemOf(const std::string& tag) const;
 
-  // --- CtrAnyEdit.cpp: state
+  // --- CtrAnyEditCheck.cpp
   void CheckValue(AnyItem& item);
   void judge(AnyItem& item);
   void judgeNumber(AnyItem& item, double number);
@@ -128,7 +128,7 @@ class CtrAnyEdit : public Component,
   void forwardSyncChanges();
   std::string FormatForCommunication(const AnyItem& item) const;
 
-  // --- CtrAnyEditData.cpp: data paths
+  // --- CtrAnyEditData.cpp
   bool takeOffline(AnyItem& item, const Document& doc, LimitTip& tip);
   void describe(AnyItem& item, const Node& parameter, std::string& value, LimitTip& tip);
   void takeImport(AnyItem& item, const Document& doc);
@@ -147,8 +147,8 @@ class CtrAnyEdit : public Component,
   std::optional<float> convertedSingle(double value, const std::string& from, const std::string& to) const;
   Ref<IUnitConverter> converter() const override;
 
-  Label lblError{"lblError"};
-  Label lblModified{"lblModified"};
+  Label lblError{"lblError", Color::errorText()};
+  Label lblModified{"lblModified", Color::editedText()};
   Document mItemsDocument;  // of the last GetXmlItem
   mutable std::deque<AnyItem> mItems;
   std::string mContextTag;

@@ -23,9 +23,9 @@ const fs::path kTree = OSTRAND_SOURCE_DIR;
 
 // The floors from the ground up. What each may include stands in CMakeLists.txt, and the compiler sees nothing else of the
 // tree; here it is only that nothing points up.
-constexpr const char* kFloors[] = {"platform/base", "platform/xml", "platform/types", "platform/trap", "platform/desktop", "platform/controls",
-                                   "core",          "bus",          "views",          "calibration",   "diagnostics",      "anyedit",
-                                   "recipe",        "component",    "simulator",      "host",          "cli",              "workbench"};
+constexpr const char* kFloors[] = {
+    "platform/base", "platform/xml", "platform/types", "platform/trap", "platform/desktop", "platform/controls", "core", "bus", "views",
+    "calibration",   "diagnostics",  "anyedit",        "recipe",        "component",        "simulator",         "host", "cli", "workbench"};
 // What a host knows only through the entry points of the component server.
 constexpr const char* kBehindTheEntryPoints[] = {"core", "bus", "views", "calibration", "diagnostics", "anyedit", "recipe", "component"};
 

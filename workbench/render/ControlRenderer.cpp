@@ -56,6 +56,13 @@ void ControlRenderer::useFont(QWidget& widget, const QFont& font) {
   if (widget.font() != font) widget.setFont(font);
 }
 
+void ControlRenderer::useInk(QWidget& widget, const Color& color) const {
+  if (color == Color::text()) return;
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::WindowText, theme().color(color));
+  widget.setPalette(palette);
+}
+
 int ControlRenderer::lineHeight() const { return QFontMetrics(theme().font()).height(); }
 
 int ControlRenderer::fieldHeight() const { return lineHeight() + theme().px(16); }

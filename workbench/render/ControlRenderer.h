@@ -84,6 +84,8 @@ class ControlRenderer {
   static void setLook(QWidget& widget, const char* property, const QString& value);
   static void setEnabled(QWidget& widget, bool enabled);
   static void useFont(QWidget& widget, const QFont& font);
+  // The colour of a text, where it has one of its own.
+  void useInk(QWidget& widget, const Color& color) const;
   int lineHeight() const;
   int fieldHeight() const;
 

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 
+#include "platform/controls/Label.h"
 #include "workbench/render/FormPage.h"
 
 namespace ostrand {
@@ -15,7 +16,10 @@ std::vector<QWidget*> LabelRenderer::widgets() const { return {mLabel}; }
 
 bool LabelRenderer::isHeading() const { return page().isHeading(mModel); }
 
-void LabelRenderer::restyle() { useFont(*mLabel, theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body)); }
+void LabelRenderer::restyle() {
+  useFont(*mLabel, theme().font(isHeading() ? Theme::Text::Title : Theme::Text::Body));
+  if (const auto* const label = dynamic_cast<const Label*>(&mModel)) useInk(*mLabel, label->ForeColor());
+}
 
 void LabelRenderer::sync() {
   const QString caption = toQt(mModel.Caption());

@@ -11,6 +11,7 @@
 #include "workbench/render/LabelRenderer.h"
 #include "workbench/render/LineEditRenderer.h"
 #include "workbench/render/ListViewRenderer.h"
+#include "workbench/render/MarksRenderer.h"
 #include "workbench/render/NestedRenderer.h"
 #include "workbench/render/OptionButtonRenderer.h"
 #include "workbench/render/SliderRenderer.h"
@@ -47,7 +48,8 @@ struct ByKind {
 
 // clang-format off
 constexpr ByClass kByClass[] = {
-    {"Slider", make<SliderRenderer, Slider>},
+    {"CtrAnyEdit", make<MarksRenderer, NestedControl>},
+    {"Slider",     make<SliderRenderer, Slider>},
 };
 
 // An option edit is shown by other controls, a picture box holds others together, and what has no data and no name above is not
