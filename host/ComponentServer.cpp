@@ -14,11 +14,21 @@ bool isSameFile(const std::filesystem::path& a, const std::filesystem::path& b) 
   return std::filesystem::equivalent(a, b, ignored);
 }
 
+bool isNewer(const std::filesystem::path& file, const std::filesystem::path& other) {
+  std::error_code ignored;
+  return std::filesystem::last_write_time(file, ignored) > std::filesystem::last_write_time(other, ignored);
+}
+
 }  // namespace
 
 Ref<IObject> ComponentServer::create(const std::string& className) {
-  const std::vector<RegisteredClass> known = classes();
-  const auto entry = std::find_if(known.begin(), known.end(), [&](const RegisteredClass& each) { return each.name == className; });
+  std::vector<RegisteredClass> known = classes();
+  const auto find = [&] { return std::find_if(known.begin(), known.end(), [&](const RegisteredClass& each) { return each.name == className; }); };
+  auto entry = find();
+  if (entry == known.end() && isNewer(mOwnLibrary, registryPath()) && registerOwn()) {
+    known = readRegistry(registryPath());
+    entry = find();
+  }
   if (entry == known.end()) throw RuntimeError(RuntimeError::BadArgument, "no such component class: \"" + className + "\"");
   Ref<IObject> component;
   const Result result = library(entry->library).create(entry->id, component);

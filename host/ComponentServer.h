@@ -15,7 +15,8 @@ namespace ostrand {
 // is loaded when the first of its classes is asked for.
 //
 // A program that lies beside its component library has it register itself when the file does not know that library: also
-// where the file names another copy of it, which may not fit the program's controls.
+// where the file names another copy of it, which may not fit the program's controls, and where a class is asked for that the
+// file does not know and the library is newer than the file.
 class ComponentServer : public ComponentSource {
  public:
   ComponentServer() : ComponentServer(programFolder() / ownLibraryName()) {}

@@ -68,6 +68,16 @@ TEST_F(ComponentServerTest, AnUnknownClassIsNamed) {
   }
 }
 
+TEST_F(ComponentServerTest, AClassThatIsNewInTheLibraryIsFound) {
+  addToRegistry(registry, fs::canonical(own), {{"VwMeasurement", Guid::of("4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2101"), {}, ""}});
+  ComponentServer server(own);
+  fs::last_write_time(registry, fs::last_write_time(own) + std::chrono::seconds(1));
+  EXPECT_NE(refusalOf([&] { server.create("VwMeasurementGYRE"); }).description.find("no such component class"), std::string::npos);
+  EXPECT_EQ(readRegistry(registry).size(), 1u) << "nothing is new there";
+  fs::last_write_time(registry, fs::last_write_time(own) - std::chrono::seconds(1));
+  EXPECT_TRUE(server.create("VwMeasurementGYRE"));
+}
+
 TEST_F(ComponentServerTest, AClassThatTheLibraryHasLostIsNamed) {
   addToRegistry(registry, fs::canonical(own), {{"VwGone", Guid::of("00000000-1111-2222-3333-444444444444"), {}, ""}});
   ComponentServer server(own);
