@@ -10,8 +10,9 @@ namespace ostrand::bench {
 
 // A component with its desktop and its host. What is no view has less to offer.
 struct Placed {
-  explicit Placed(Component* made) : view(made) {
-    view->Place(desktop, container, "");
+  explicit Placed(Component* made, const std::string& tag = {}, const Ref<QuietMessenger>& messenger = Ref(new QuietMessenger))
+      : host(messenger), view(made) {
+    view->Place(desktop, container, tag);
     if (const Ref<ITaviComponent> component = as<ITaviComponent>()) component->SetMessenger(host);
     if (const Ref<ILocalizable> localizable = as<ILocalizable>()) localizable->Localize(host->GetTextTable());
   }
@@ -26,12 +27,12 @@ struct Placed {
   }
   // A walk that reports errors would be the wrong one to measure.
   void check() const {
-    if (host->errors > 0) throw std::runtime_error("the view has reported errors");
+    if (!host->error.empty()) throw std::runtime_error("the view has reported " + host->error);
   }
 
   VirtualDesktop desktop;
   Ref<IHostContainer> container{new QuietContainer};
-  Ref<QuietMessenger> host{new QuietMessenger};
+  Ref<QuietMessenger> host;
   Ref<Component> view;
 };
 

@@ -40,7 +40,7 @@ class QuietContainer final : public HostObject<IHostContainer> {
   std::string DTMGUIGetXmlPath() override { return {}; }
 };
 
-// A host that costs next to nothing: it sends nothing and remembers nothing but the number of errors.
+// A host that costs next to nothing: it sends nothing and remembers nothing but the first error.
 class QuietMessenger final : public HostObject<Messenger> {
  public:
   void SendRequest(const std::string&, const std::string&) override {}
@@ -54,9 +54,9 @@ class QuietMessenger final : public HostObject<Messenger> {
   }
   void ForwardValue(const std::string&, const std::string&) override {}
   Ref<IAddressService> GetAddressService() override { return nullptr; }
-  Ref<IUnitConverter> GetUnitConverter() override { return mUnits; }
+  Ref<IUnitConverter> GetUnitConverter() override { return units; }
   Ref<ITextTable> GetTextTable() override { return mTexts; }
-  Document GetTreeDocument() override { return {}; }
+  Document GetTreeDocument() override { return tree; }
   int GetUserLevel() override { return 3; }
   bool GetMaximizeAllowed() override { return true; }
   int AskUser(const std::string&, const std::string&) override { return 4; }
@@ -64,16 +64,19 @@ class QuietMessenger final : public HostObject<Messenger> {
   void SetStatusLine(const std::string&, const std::string&) override {}
   void SetProgress(const std::string&, int, int) override {}
   void FocusOut() override {}
-  void ReportError(const std::string&, int, const std::string&) override { ++errors; }
+  void ReportError(const std::string& prefix, int number, const std::string& description) override {
+    if (error.empty()) error = prefix + std::to_string(number) + " " + description;
+  }
   void Log(int, const std::string&) override {}
   void Subscribe(MessengerEvents& listener) override { mListeners.push_back(&listener); }
   void Unsubscribe(MessengerEvents& listener) override { std::erase(mListeners, &listener); }
 
-  int errors = 0;
+  std::string error;  // the first one
+  Ref<IUnitConverter> units{new QuietUnits};
+  Document tree;
 
  private:
   Ref<ITextTable> mTexts{new QuietTexts};
-  Ref<IUnitConverter> mUnits{new QuietUnits};
   std::vector<MessengerEvents*> mListeners;
 };
 

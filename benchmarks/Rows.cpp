@@ -2,6 +2,7 @@
 
 #include "benchmarks/CalibrationWorks.h"
 #include "benchmarks/DiagnosticsWorks.h"
+#include "benchmarks/RecipeWorks.h"
 #include "benchmarks/Works.h"
 
 namespace ostrand::bench {
@@ -119,8 +120,20 @@ Section diagnostics() {
   return section;
 }
 
+Section recipes() {
+  Section section{"The recipe control of a GYRE transmitter, 34 editors with 204 items", {}};
+  const Work one = recipeWalk(By::Ostrand, 1), four = recipeWalk(By::Ostrand, 4), parse = recipeWalk(By::Pugixml, 1);
+  section.rows.push_back({"first walk of a data set", one, "1.5 us an item", {}, {Figure::Seconds, kRecipeItems * 1.5e-6}});
+  section.rows.push_back({"first walk of a data set", one, "pugixml, parse", parse, share()});
+  section.rows.push_back({"four controls, one after another", four, "one", one, share(4.2)});
+  section.rows.push_back({"17 records in 34 answers, to a settled chart", recipeHistory(), "4 ms", {}, {Figure::Seconds, 0.004}});
+  return section;
+}
+
 }  // namespace
 
-std::vector<Section> sections() { return {firstWalks(), sharesOfTheParse(), answers(), calibrations(), diagnostics(), growth(), memoryAndLife()}; }
+std::vector<Section> sections() {
+  return {firstWalks(), sharesOfTheParse(), answers(), calibrations(), diagnostics(), growth(), memoryAndLife(), recipes()};
+}
 
 }  // namespace ostrand::bench
