@@ -13,7 +13,7 @@ void BlockLayout::measure(std::vector<Cell> cells, const Measures& measures) {
   for (const Cell& cell : mCells) {
     mBottom = std::max(mBottom, rowOf(cell).y + cell.extent.height + (cell.bare ? 0 : mMeasures.bottom));
     if (cell.share) {
-      mWidth = std::max(mWidth, width(cell.extent) + (cell.bare ? 0 : mMeasures.before + mMeasures.after));
+      mWidth = std::max(mWidth, widthOfStrip(cell) + (cell.bare ? 0 : mMeasures.before + mMeasures.after));
     } else {
       const Column& column = mColumns[static_cast<std::size_t>(cell.column)];
       mWidth = std::max(mWidth, column.x + std::max(width(cell.extent), width(column)) + mMeasures.after);
@@ -37,6 +37,20 @@ int BlockLayout::width(const Extent& extent) const {
 
 int BlockLayout::width(const Column& column) const {
   return width(Extent{.field = column.field, .companion = column.companion, .state = column.state});
+}
+
+int BlockLayout::widthBefore(const Cell& cell) const {
+  int sum = 0;
+  for (const Cell& other : mCells)
+    if (other.share && other.row == cell.row && other.column < cell.column) sum += width(other.extent);
+  return sum;
+}
+
+int BlockLayout::widthOfStrip(const Cell& cell) const {
+  int sum = 0;
+  for (const Cell& other : mCells)
+    if (other.share && other.row == cell.row) sum += width(other.extent);
+  return sum;
 }
 
 void BlockLayout::measureColumns() {
@@ -100,7 +114,11 @@ void BlockLayout::arrange(int left, int width, int moreHeight) {
     cell.position = {};
     if (cell.share) {
       const int before = cell.bare ? 0 : mMeasures.before, after = cell.bare ? 0 : mMeasures.after;
-      cell.position.field = QRect(left + before, y, width - before - after, row.height + more[at]);
+      // What there is more in width is shared out as the contents need it.
+      const int room = width - before - after, needed = std::max(1, widthOfStrip(cell)), from = widthBefore(cell);
+      const auto scaled = [&](int x) { return static_cast<int>(static_cast<long long>(x) * room / needed); };
+      const int to = from + this->width(cell.extent);
+      cell.position.field = QRect(left + before + scaled(from), y, scaled(to) - scaled(from), row.height + more[at]);
     } else {
       arrangeInColumn(cell, left, y, row.height);
     }

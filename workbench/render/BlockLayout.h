@@ -15,7 +15,7 @@ class BlockLayout {
   struct Cell {
     int row = 0;
     int column = 0;
-    int share = 0;        // above 0: takes the whole width, and this share of the height that is left
+    int share = 0;        // above 0: takes the whole width, with others of its row, and this share of the height that is left
     bool bare = false;    // without a margin: a panel in the panel
     Extent extent;        // pixels, as all below
     Position position{};  // the result
@@ -61,6 +61,9 @@ class BlockLayout {
   Row& rowOf(const Cell& cell);
   int width(const Extent& extent) const;
   int width(const Column& column) const;
+  // What a row of cells with a share needs, up to a cell of it, or all of it.
+  int widthBefore(const Cell& cell) const;
+  int widthOfStrip(const Cell& cell) const;
   void measureColumns();
   void measureRows();
   void arrangeInColumn(Cell& cell, int left, int y, int rowHeight) const;

@@ -14,6 +14,7 @@
 #include "platform/controls/Frame.h"
 #include "platform/controls/Nested.h"
 #include "workbench/render/LabelRenderer.h"
+#include "workbench/render/ListViewRenderer.h"
 #include "workbench/render/RendererTable.h"
 #include "workbench/render/ViewPanel.h"
 
@@ -40,7 +41,22 @@ FormPage::FormPage(ViewPanel& panel, Component& component, Control* front, QWidg
   std::erase_if(members, [](const Control* control) { return control->kind() == Control::Kind::Frame; });
   mItems.reserve(members.size());
   for (Control* control : members) add(*control);
+  joinTables();
   restyle();
+}
+
+// Lists that stand side by side in one row of the form.
+void FormPage::joinTables() {
+  if (!mForm) return;
+  for (const FormBlock& block : mForm->blocks)
+    for (const FormRow& row : block.rows) {
+      std::vector<ListViewRenderer*> tables;
+      for (const FormCell& cell : row.cells)
+        for (const Control* control : cell.controls)
+          if (auto* const table = dynamic_cast<ListViewRenderer*>(rendererOf(*control)); table && control == cell.controls.front())
+            tables.push_back(table);
+      if (row.share > 0 && tables.size() > 1) ListViewRenderer::join(tables);
+    }
 }
 
 FormPage::~FormPage() {

@@ -72,6 +72,7 @@ class FormPage : public QWidget {
   };
 
   void add(Control& control);
+  void joinTables();
   bool measure(Item& item);
   Item* shown(const Control* control);
   void layOut();

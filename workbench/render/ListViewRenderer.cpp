@@ -21,6 +21,8 @@ constexpr int kRowsAtLeast = 2;
 constexpr int kRowsAtMost = 3;  // before a list scrolls by itself, if there is no more room
 
 constexpr int kContent = Qt::UserRole;
+constexpr int kState = Qt::UserRole + 1;
+constexpr double kStateSize = 14;
 
 // A table that tells when its width is another one: only then the spare room can be shared out.
 class Table : public QTableView {
@@ -40,13 +42,21 @@ class CellPainter : public QStyledItemDelegate {
  public:
   CellPainter(const Theme& theme, QObject* parent) : QStyledItemDelegate(parent), mTheme(theme) {}
   void restyle(const Theme& theme) { mTheme = theme; }
+  std::function<void(int step)> onNext;  // from one edit in place to another
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     QStyleOptionViewItem quiet = option;
     quiet.state &= ~QStyle::State_HasFocus;
     const QString text = index.data(Qt::DisplayRole).toString();
-    if (text.isEmpty() || index.data(kContent).toInt() != static_cast<int>(ListView::Content::Trend))
-      return QStyledItemDelegate::paint(painter, quiet, index);
+    if (text.isEmpty() || index.data(kContent).toInt() != static_cast<int>(ListView::Content::Trend)) {
+      QStyledItemDelegate::paint(painter, quiet, index);
+      if (const QVariant state = index.data(kState); state.isValid()) {
+        const double size = mTheme.px(kStateSize);
+        const QRectF box(option.rect.right() - size - mTheme.px(4), option.rect.center().y() - size / 2, size, size);
+        paintState(*painter, box, static_cast<ValueState>(state.toInt()), mTheme);
+      }
+      return;
+    }
     painter->save();
     if (option.state & QStyle::State_Selected) painter->fillRect(option.rect, mTheme.selection);
     painter->setRenderHint(QPainter::Antialiasing);
@@ -73,6 +83,17 @@ class CellPainter : public QStyledItemDelegate {
     option->rect.adjust(pad, 0, -pad, 0);
   }
 
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    auto* const editor = qobject_cast<QWidget*>(watched);
+    const int key = editor && event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
+    const bool forward = key == Qt::Key_Tab || key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (!onNext || (!forward && key != Qt::Key_Backtab)) return QStyledItemDelegate::eventFilter(watched, event);
+    Q_EMIT commitData(editor);
+    Q_EMIT closeEditor(editor, NoHint);
+    onNext(forward ? 1 : -1);
+    return true;
+  }
+
  private:
   Theme mTheme;
 };
@@ -84,8 +105,14 @@ class CellPainter : public QStyledItemDelegate {
 ListSnapshot::Row ListSnapshot::read(int row, const Theme& theme) const {
   Row made;
   made.checked = mList.Checked(row);
-  for (int column = 1; column <= columnCount(); ++column)
-    made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(mList.CellColor(row, column))});
+  const auto stateOf = [&](Color::Role role) -> std::optional<ValueState> {
+    if (!mEditable || (role != Color::Role::EditedText && role != Color::Role::ErrorText)) return std::nullopt;
+    return role == Color::Role::EditedText ? ValueState::Edited : ValueState::Wrong;
+  };
+  for (int column = 1; column <= columnCount(); ++column) {
+    const Color color = mList.CellColor(row, column);
+    made.cells.push_back({toQt(mList.Cell(row, column)), theme.color(color), stateOf(color.role)});
+  }
   return made;
 }
 
@@ -158,6 +185,7 @@ QVariant ListSnapshot::data(const QModelIndex& index, int role) const {
       return int(Qt::AlignVCenter | (content(index.column()) == ListView::Content::Number ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::CheckStateRole: return mBoxes && index.column() == 0 ? QVariant(row.checked ? Qt::Checked : Qt::Unchecked) : QVariant();
     case kContent: return static_cast<int>(content(index.column()));
+    case kState: return cell.state ? QVariant(static_cast<int>(*cell.state)) : QVariant();
     default: return {};
   }
 }
@@ -188,13 +216,17 @@ ListViewRenderer::ListViewRenderer(FormPage& page, ListView& list)
     : ControlRenderer(page, list), mModel(list), mTable(new Table(&page)), mSnapshot(new ListSnapshot(list, mTable)) {
   mTable->setModel(mSnapshot);
   static_cast<Table*>(mTable)->onResized = [this] { shareWidth(); };
-  mTable->setItemDelegate(new CellPainter(theme(), mTable));
+  auto* const painter = new CellPainter(theme(), mTable);
+  painter->onNext = [this](int step) { editNext(step); };
+  mTable->setItemDelegate(painter);
   mTable->setSelectionBehavior(QAbstractItemView::SelectRows);
   mTable->setSelectionMode(QAbstractItemView::SingleSelection);
   mTable->setTabKeyNavigation(false);
   mTable->setShowGrid(false);
   mTable->setWordWrap(false);
-  mTable->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+  // Who types a number into the selected row means that row's.
+  mTable->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::SelectedClicked | QAbstractItemView::EditKeyPressed |
+                          QAbstractItemView::AnyKeyPressed);
   mTable->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   mTable->verticalHeader()->hide();
   mTable->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -233,11 +265,44 @@ void ListViewRenderer::sync() {
     shareWidth();
   }
   const int selected = mModel.SelectedRow() - 1;
-  if (mTable->currentIndex().row() != selected && !mTable->isPersistentEditorOpen(mTable->currentIndex())) {
-    const QModelIndex at = selected >= 0 ? mSnapshot->index(selected, 0) : QModelIndex();
-    mTable->selectionModel()->setCurrentIndex(at, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  if (!mStrip) {
+    mSelected = selected;
+    showRow();
+  } else if (mSelected != selected) {
+    mStrip->row = mSelected = selected;
+    for (ListViewRenderer* const table : mStrip->tables) table->showRow();
   }
   setEnabled(*mTable, mModel.Enabled());
+}
+
+void ListViewRenderer::showRow() {
+  const int row = mStrip ? mStrip->row : mSelected;
+  if (mTable->currentIndex().row() == row || mTable->isPersistentEditorOpen(mTable->currentIndex())) return;
+  const QModelIndex at = row >= 0 ? mSnapshot->index(row, 0) : QModelIndex();
+  mTable->selectionModel()->setCurrentIndex(at, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+void ListViewRenderer::join(const std::vector<ListViewRenderer*>& tables) {
+  const auto strip = std::make_shared<Strip>();
+  strip->tables = tables;
+  for (ListViewRenderer* const each : tables) {
+    each->mStrip = strip;
+    // Bars of their own would part the rows.
+    each->mTable->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    if (each != tables.back()) each->mTable->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    for (ListViewRenderer* const other : tables)
+      if (other != each)
+        QObject::connect(each->mTable->verticalScrollBar(), &QScrollBar::valueChanged, other->mTable->verticalScrollBar(), &QScrollBar::setValue);
+  }
+}
+
+void ListViewRenderer::editNext(int step) {
+  const int row = mTable->currentIndex().row() + step;
+  if (row < 0 || row >= mSnapshot->rowCount()) return;
+  if (!act([row, this] { mModel.clickRow(row + 1); })) return;
+  const QModelIndex next = mSnapshot->index(row, 0);
+  mTable->selectionModel()->setCurrentIndex(next, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  mTable->edit(next);
 }
 
 int ListViewRenderer::headWidth(int column) const {
@@ -249,9 +314,10 @@ int ListViewRenderer::headWidth(int column) const {
 int ListViewRenderer::contentWidth(int row, int column) const {
   const QString text = mSnapshot->index(row, column).data(Qt::DisplayRole).toString();
   const bool isTrend = mSnapshot->content(column) == ListView::Content::Trend;
+  const int mark = mModel.LabelEdit() ? theme().px(kStateSize) : 0;
   const int width = isTrend ? static_cast<int>(text.size()) * theme().px(9) : QFontMetrics(mTable->font()).horizontalAdvance(text);
   const int box = column == 0 && mModel.CheckBoxes() ? theme().px(28) : 0;
-  return width + 2 * theme().px(kCellPadding) + box + theme().px(8);
+  return width + mark + 2 * theme().px(kCellPadding) + box + theme().px(8);
 }
 
 // What is left over goes to the columns as the form shares its own width among them.
@@ -272,7 +338,8 @@ void ListViewRenderer::shareWidth() {
 }
 
 Extent ListViewRenderer::extent() const {
-  int width = 2 + mTable->verticalScrollBar()->sizeHint().width();
+  const bool hasBar = !mStrip || mStrip->tables.back() == this;
+  int width = 2 + (hasBar ? mTable->verticalScrollBar()->sizeHint().width() : 0);
   for (int column : mWidths) width += column;
   const int rows = std::clamp(mSnapshot->rowCount(), kRowsAtLeast, kRowsAtMost);
   return {.field = width, .height = mTable->horizontalHeader()->sizeHint().height() + rows * fieldHeight() + 2};
@@ -286,6 +353,11 @@ bool ListViewRenderer::key(QKeyEvent& event) {
     case Qt::Key_Down: ++row; break;
     case Qt::Key_Home: row = 0; break;
     case Qt::Key_End: row = mSnapshot->rowCount() - 1; break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (row < 0 || !mModel.LabelEdit() || !mTable->isEnabled()) return false;
+      mTable->edit(mSnapshot->index(row, 0));
+      return true;
     default: return false;
   }
   if (row >= 0 && row < mSnapshot->rowCount()) act([=, this] { mModel.clickRow(row + 1); });

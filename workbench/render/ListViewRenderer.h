@@ -3,10 +3,13 @@
 #include <QAbstractTableModel>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/controls/ListView.h"
 #include "workbench/render/ControlRenderer.h"
+#include "workbench/render/StateSymbol.h"
 
 namespace ostrand {
 
@@ -41,6 +44,7 @@ class ListSnapshot : public QAbstractTableModel {
   struct Cell {
     QString text;
     QColor color;
+    std::optional<ValueState> state;  // of what can be typed
     friend bool operator==(const Cell&, const Cell&) = default;
   };
   struct Row {
@@ -61,7 +65,8 @@ class ListSnapshot : public QAbstractTableModel {
   bool mEditable = false;
 };
 
-// A table. A trend is painted as a line.
+// A table. A trend is painted as a line. Tables in one strip of a form act as one: they scroll together, and a row that is
+// selected in one is seen in all. Enter and tab go from one edit in place to that of the next row.
 class ListViewRenderer : public ControlRenderer {
  public:
   ListViewRenderer(FormPage& page, ListView& list);
@@ -74,7 +79,17 @@ class ListViewRenderer : public ControlRenderer {
   bool key(QKeyEvent& event) override;
   bool fills() const override { return true; }
 
+  // The tables of a strip, from left to right; told once, and they live as long as each other.
+  static void join(const std::vector<ListViewRenderer*>& tables);
+
  private:
+  struct Strip {
+    std::vector<ListViewRenderer*> tables;
+    int row = -1;  // selected in all of them
+  };
+  void showRow();
+  // Commits the edit in place and opens that of another row.
+  void editNext(int step);
   void shareWidth();
   int headWidth(int column) const;
   int contentWidth(int row, int column) const;
@@ -82,6 +97,8 @@ class ListViewRenderer : public ControlRenderer {
   QTableView* mTable;
   ListSnapshot* mSnapshot;
   std::vector<int> mWidths;  // what the contents need
+  std::shared_ptr<Strip> mStrip;
+  int mSelected = -1;  // of the model, when it was last looked at
 };
 
 }  // namespace ostrand

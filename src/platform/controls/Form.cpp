@@ -97,6 +97,11 @@ void Form::hidden(Control& control, const std::string& tag) {
   control.mVisible = false;
 }
 
+void Form::hidden(NestedControl& at, const std::string& tag) {
+  hidden(static_cast<Control&>(at), tag);
+  makeNested(at, tag);
+}
+
 // --- a frame
 
 FrameForm::FrameForm(Form& form, Control* frame)
@@ -128,8 +133,8 @@ FrameForm& FrameForm::stamp(CtrDateLabel& label, const std::string& tag) {
   return *this;
 }
 
-FrameForm& FrameForm::caption(Label& label, const std::string& text) {
-  mForm.caption(label, text);
+FrameForm& FrameForm::caption(CaptionedControl& control, const std::string& text) {
+  mForm.caption(control, text);
   return *this;
 }
 
@@ -222,14 +227,25 @@ FrameForm& FrameForm::group(PictureBox& holder, std::initializer_list<std::pair<
   mLast = nullptr;  // the first button stands on the holder's own row
   add(holder, "");
   Form::position(holder, mLeft + kMargin, mTop, kLabelWidth + kFieldWidth, static_cast<int>(buttons.size()) * Form::kRowHeight);
+  for (const auto& [button, tag] : buttons) row(*button, tag);
+  groupButtons(buttons);
+  return *this;
+}
+
+FrameForm& FrameForm::options(Label& label, const std::string& key, std::initializer_list<std::pair<OptionButton*, const char*>> buttons) {
+  labelled(label, key);
+  for (const auto& [button, tag] : buttons) cell(*button, tag);
+  groupButtons(buttons);
+  return *this;
+}
+
+void FrameForm::groupButtons(std::initializer_list<std::pair<OptionButton*, const char*>> buttons) {
   for (const auto& [button, tag] : buttons) {
-    row(*button, tag);
     std::vector<OptionButton*> others;
     for (const auto& [other, ignored] : buttons)
       if (other != button) others.push_back(other);
     button->groupWith(std::move(others));
   }
-  return *this;
 }
 
 void FrameForm::addWide(Control& control, const std::string& tag, int top, int height, int margin) {
@@ -257,6 +273,23 @@ FrameForm& FrameForm::table(ListView& list, const std::string& tag, std::initial
   nextRow(share);
   addWide(list, tag, mTop, share - kGap, kMargin);
   for (const Column& column : columns) list.AddColumn(column.tag, column.width, column.content);
+  return *this;
+}
+
+FrameForm& FrameForm::strip(std::initializer_list<std::pair<Control*, int>> controls) {
+  nextRow();
+  FormRow& row = block().rows.emplace_back();
+  row.share = 1;
+  int shares = 0, before = 0;
+  for (const auto& [control, share] : controls) shares += share;
+  const int room = mWidth - 2 * kMargin;
+  for (const auto& [control, share] : controls) {
+    const int left = room * before / shares, right = room * (before += share) / shares;
+    add(*control, "");
+    Form::position(*control, mLeft + kMargin + left, mTop, right - left, height() - mTop - kMargin);
+    row.cells.push_back({static_cast<int>(row.cells.size()), {control}});
+    mLast = control;
+  }
   return *this;
 }
 

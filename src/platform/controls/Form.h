@@ -32,6 +32,7 @@ class Form {
   void fill(Control& control, const std::string& tag);
   // A control that is never shown.
   void hidden(Control& control, const std::string& tag);
+  void hidden(NestedControl& control, const std::string& tag);
 
   static constexpr int kRowHeight = 400;
 
@@ -53,8 +54,8 @@ class FrameForm {
   FrameForm& title(Label& label, const std::string& key);
   FrameForm& stamp(CtrDateLabel& label, const std::string& tag);
 
-  // What a label shows until the view is localized.
-  FrameForm& caption(Label& label, const std::string& text);
+  // What a control shows until the view is localized.
+  FrameForm& caption(CaptionedControl& control, const std::string& text);
 
   // A row that begins with a label; its cells follow.
   FrameForm& labelled(Label& label, const std::string& key);
@@ -78,6 +79,8 @@ class FrameForm {
   FrameForm& hidden(Control& control, const std::string& tag);
   // Radio buttons, one to a row, of which one is on; they stand on `holder`.
   FrameForm& group(PictureBox& holder, std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
+  // Radio buttons in one row, of which one is on.
+  FrameForm& options(Label& label, const std::string& key, std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
   // A nested panel that takes the rest of the frame.
   FrameForm& panel(NestedControl& control, const std::string& tag);
   FrameForm& fill(Control& control, const std::string& tag);
@@ -88,6 +91,9 @@ class FrameForm {
     ListView::Content content = ListView::Content::Text;
   };
   FrameForm& table(ListView& list, const std::string& tag, std::initializer_list<Column> columns, int shares);
+  // Controls side by side without a gap, by their shares of the width, that take the rest of the block: tables whose rows belong
+  // together.
+  FrameForm& strip(std::initializer_list<std::pair<Control*, int>> controls);
   // The frame in blocks side by side, by their shares of its width: to be said before any row. Rows go to the first block, and
   // from each `beside` on to the next.
   FrameForm& split(std::initializer_list<int> shares);
@@ -103,6 +109,7 @@ class FrameForm {
   // A row of its own for what takes the width of the block.
   void addWide(Control& control, const std::string& tag, int top, int height, int margin);
   FrameForm& addHeads(Heads labels);
+  static void groupButtons(std::initializer_list<std::pair<OptionButton*, const char*>> buttons);
   void nextRow(int height = Form::kRowHeight);
   int width() const { return mForm.mComponent.width(); }
   int height() const { return mForm.mComponent.height(); }

@@ -19,7 +19,7 @@ struct FormRow {
   Control* label = nullptr;     // tells what the controls of the row are
   std::vector<FormCell> cells;  // from left to right
   bool heads = false;           // labels that tell what stands in the columns below
-  int share = 0;                // above 0 the row takes the whole width, and this share of the height that is left
+  int share = 0;                // above 0 the row takes the whole width, which its cells share, and this share of the height that is left
 };
 
 // Rows whose columns stand below each other.

@@ -265,6 +265,31 @@ TEST_F(FormTest, BlocksStandSideBySide) {
   EXPECT_FALSE(panel->list2.Visible());
 }
 
+TEST_F(FormTest, ControlsOfAStripShareTheRestOfTheBlockWithoutAGap) {
+  declare([](Panel& at, Form& form) { form.rows().row(at.label1, "l1", at.a, "ctr_a").strip({{&at.list, 1}, {&at.list2, 3}}); });
+  EXPECT_THAT(rowsOf(panel->formOf(nullptr)->blocks.front()), ElementsAre("label1: 1 a", "share 1 : 0 list 1 list2"));
+  EXPECT_EQ(panel->list.Left() + panel->list.Width(), panel->list2.Left());
+  EXPECT_NEAR(panel->list2.Width(), 3 * panel->list.Width(), 3);
+  EXPECT_EQ(panel->list.Top(), panel->list2.Top());
+  EXPECT_EQ(panel->list.Height(), panel->height() - panel->list.Top() - panel->list.Left());
+}
+
+TEST_F(FormTest, OptionsStandInOneRowAndKnowEachOther) {
+  declare([](Panel& at, Form& form) { form.rows().options(at.label1, "l1", {{&at.options.at(0), "o0"}, {&at.options.at(1), "o1"}}); });
+  EXPECT_THAT(rowsOf(panel->formOf(nullptr)->blocks.front()), ElementsAre("label1: 1 options(0) 2 options(1)"));
+  panel->options(0).click();
+  panel->options(1).click();
+  EXPECT_FALSE(panel->options(0).Value());
+}
+
+TEST_F(FormTest, AHiddenPanelIsMadeAndTakesNoRoom) {
+  declare([](Panel& at, Form& form) { form.hidden(at.nested, "live"); });
+  EXPECT_FALSE(panel->nested.Visible());
+  EXPECT_EQ(panel->nested->tag(), "live");
+  EXPECT_EQ(panel->front(), nullptr);
+  EXPECT_EQ(panel->formOf(nullptr), nullptr);
+}
+
 TEST_F(FormTest, EachFrameThatWritesHasItsPairOfFocusTransfers) {
   declare([](Panel& at, Form& form) {
     form.frame(at.frame1, "one").row(at.label1, "l1", at.a, "ctr_a").button(at.button, "accept", "Accept");
