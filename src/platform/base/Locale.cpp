@@ -130,6 +130,12 @@ std::string Locale::time(LocalTime time) const {
   return joined(':', {{f.hour % 12 == 0 ? 12 : f.hour % 12}, {f.minute, 2}, {f.second, 2}}) + (f.hour < 12 ? " AM" : " PM");
 }
 
+std::string Locale::shortTime(LocalTime at) const {
+  // The seconds are the last two digits, with the separator before them; behind them may stand which half of the day it is.
+  std::string text = time(at);
+  return text.erase(text.find_last_of(":."), 3);
+}
+
 std::string Locale::dateAndTime(LocalTime at) const { return date(at) + " " + time(at); }
 
 bool readStandardDateAndTime(std::string_view text, LocalTime& time) {

@@ -20,10 +20,11 @@ struct Locale {
   static const Locale* find(std::string_view name);
   static const Locale& english();
 
-  // Short date; long time; both with a blank between.
+  // Short date; long time; both with a blank between; the time without its seconds.
   std::string date(LocalTime time) const;
   std::string time(LocalTime time) const;
   std::string dateAndTime(LocalTime time) const;
+  std::string shortTime(LocalTime time) const;
 };
 
 // These three return false, and leave `time` as it was, if the text is no such thing.

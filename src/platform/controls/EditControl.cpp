@@ -179,6 +179,11 @@ void EditControl::requireEditable() const {
 
 void EditControl::restore() {
   requireEditable();
+  showStored();
+}
+
+void EditControl::showStored() {
+  const Ref<Component> pin(owner());
   dropEdit();
   update(storedText(), false);
 }

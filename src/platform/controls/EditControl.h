@@ -51,8 +51,9 @@ class EditControl : public Control, public ITaviComponent, public ITaviDataEdito
 
   Signal<const std::string&> Change;  // the text has changed, whoever changed it
 
-  // The user takes back the edit.
+  // The user takes back the edit; code does.
   void restore();
+  void showStored();
   // What happens when the user leaves the control: LostFocus, with the keys that are down.
   void leave();
 

@@ -36,6 +36,33 @@ using CtrComboEditTest = ChoiceBench<CtrComboEdit>;
 using CtrOptionEditTest = ChoiceBench<CtrOptionEdit>;
 using CtrCheckEditTest = ChoiceBench<CtrCheckEdit>;
 
+// --- what code sets
+
+TEST_F(CtrOptionEditTest, WhatFollowsAReadValueIsNoEdit) {
+  mapped("1");
+  edit().follow("recipe2");
+  EXPECT_EQ(edit().Text(), "recipe2");
+  EXPECT_FALSE(edit().Modified());
+  EXPECT_EQ(sent(), "integerVal 1") << "the device's own value";
+}
+
+TEST_F(CtrOptionEditTest, WhatFollowsAnEditStaysOneUntilItIsTheStoredValue) {
+  mapped("1");
+  edit().Text("recipe2");
+  edit().follow("recipe3");
+  EXPECT_TRUE(edit().Modified());
+  edit().follow("recipe1");
+  EXPECT_FALSE(edit().Modified());
+}
+
+TEST_F(CtrOptionEditTest, KnowsWhatTheControlsThatShowItStandFor) {
+  mapped("1");
+  edit().SetOptionValues({"pulpType", "polynome"});
+  EXPECT_THAT(edit().optionValues(), ElementsAre("pulpType", "polynome"));
+  edit().Text("polynome");
+  EXPECT_FALSE(edit().Correct()) << "the data set does not know it";
+}
+
 // --- key and value
 
 TEST_F(CtrComboEditTest, TextIsTheKeyAndTheValueTravels) {
