@@ -5,6 +5,7 @@
 #include "calibration/VwCalibrationFjell.h"
 #include "diagnostics/VwDiagnostics.h"
 #include "diagnostics/VwDiagnosticsQX5.h"
+#include "recipe/CtrRecipe.h"
 #include "views/CtrDeviceSpecifcFjell.h"
 #include "views/CtrDeviceSpecific.h"
 #include "views/CtrDeviceSpecificGYRE.h"
@@ -51,6 +52,7 @@ const ComponentClass kClasses[] = {
     OSTRAND_CLASS(CtrDeviceSpecificGYRE, "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2110", "GYRE transmitters: the device's picture and its mark"),
     OSTRAND_CLASS(CtrDeviceSpecificQX5,  "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2111", "Optical transmitter: the device's picture and its mark"),
     OSTRAND_CLASS(CtrAnyEdit,            "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2112", "One editor behind many values"),
+    OSTRAND_CLASS(CtrRecipe,             "4d1c0f02-7a41-4b0e-8a53-1f6a5c3e2113", "GYRE transmitters: one recipe, its curve, its samples and its chart"),
 };
 // clang-format on
 
