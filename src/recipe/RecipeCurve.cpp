@@ -26,7 +26,10 @@ void RecipeCurve::connect() {
   ctePolynomeFactor.each([this](int, CtrTextEdit& factor) { factor.Change.connect([this](const std::string&) { ctePolynomeFactor_Change(); }); });
   ctePn.each([this](int, CtrTextEdit& edit) {
     edit.Change.connect([this](const std::string&) { ctePn_Change(); });
-    edit.changed.connect([this] { showOrigins(); });
+    edit.changed.connect([this] {
+      holdTogether();
+      showOrigins();
+    });
   });
   optCurve.each([this](int index, OptionButton& option) { option.Click.connect([this, index] { optCurve_Click(index); }); });
 }
@@ -309,6 +312,16 @@ void RecipeCurve::restoreCorrection() {
   };
   restore(ctePn(0), std::string(mSlopeText));
   restore(ctePn(1), std::string(mOffsetText));
+}
+
+// Half of a new line would drive the measurement anywhere: while one of the two is wrong the other is not collected either.
+void RecipeCurve::holdTogether() {
+  routine("CtrRecipe holdTogether: ", [&] {
+    const auto is = [&](int index, const char* property) { return asBool(ctePn(index).get(property, {})); };
+    const bool isHeld = is(0, "Modified") && is(1, "Modified") && !(is(0, "Correct") && is(1, "Correct"));
+    for (const int index : {0, 1})
+      if (is(index, "KeepLocal") != isHeld) ctePn(index).KeepLocal(isHeld);
+  });
 }
 
 void RecipeCurve::showOrigins() {

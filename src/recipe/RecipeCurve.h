@@ -60,6 +60,7 @@ class RecipeCurve : public RecipeGraph {
   std::optional<TwoPointCalibration> lineThrough(int rowA, int rowB);
   void takeBaseCurve(Procedure& proc, const std::string& pulpType);
   void showNoCurve();
+  void holdTogether();
   void clearCalibrated();
   Coefficients typedCubic() const;
   static std::string shownText(const CtrTextEdit& edit) { return asText(edit.get("Text", {})); }

@@ -1,8 +1,10 @@
 #include <QAbstractItemModel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTableView>
 
 #include "platform/controls/ListView.h"
+#include "workbench/render/StateSymbol.h"
 #include "workbench/render/RenderBench.h"
 
 namespace ostrand::test {
@@ -155,6 +157,70 @@ TEST_F(ListsTest, AnEditInPlaceIsToldAndTheRowBearsWhatBecomesOfIt) {
   settle();
   EXPECT_EQ(told, "2 other");
   EXPECT_EQ(cell(2, 1).toString(), "normalised");
+}
+
+TEST_F(ListsTest, EnterAndTabGoFromOneEditInPlaceToTheNext) {
+  list->LabelEdit(true);
+  settle();
+  std::vector<std::string> told;
+  list->AfterLabelEdit.connect([&](int row, std::string& text) { told.push_back(std::to_string(row) + " " + text); });
+  QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::NoModifier, middle(1));
+  settle();
+  const auto typeAndPress = [&](const char* text, Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr) << text;
+    editor->selectAll();
+    QTest::keyClicks(editor, text);
+    QTest::keyClick(editor, key, modifiers);
+    settle();
+  };
+  QTest::keyClick(&table(), Qt::Key_Return);
+  typeAndPress("1", Qt::Key_Return);
+  typeAndPress("2", Qt::Key_Tab);
+  typeAndPress("3", Qt::Key_Backtab, Qt::ShiftModifier);
+  typeAndPress("4", Qt::Key_Escape);
+  EXPECT_EQ(told, (std::vector<std::string>{"1 1", "2 2", "3 3"}));
+  EXPECT_EQ(list->SelectedRow(), 2);
+}
+
+TEST_F(ListsTest, WhatIsEditedOrWrongBearsAMark) {
+  constexpr int kState = Qt::UserRole + 1;
+  list->LabelEdit(true);
+  list->CellColor(1, 1, Color::editedText());
+  list->CellColor(2, 1, Color::errorText());
+  settle();
+  EXPECT_EQ(cell(1, 1, kState).toInt(), static_cast<int>(ValueState::Edited));
+  EXPECT_EQ(cell(2, 1, kState).toInt(), static_cast<int>(ValueState::Wrong));
+  EXPECT_FALSE(cell(3, 1, kState).isValid());
+}
+
+TEST_F(ListsTest, TablesOfAStripActAsOne) {
+  ListView* lists[2] = {};
+  const Ref<TestView> strip = TestView::place(desktop, [&](TestView& at, Form& form) {
+    for (ListView*& each : lists) each = &at.make<ListView>(&each == lists ? "left" : "right");
+    at.frame(form, "key", "date_key").strip({{lists[0], 1}, {lists[1], 1}});
+  });
+  for (ListView* each : lists) {
+    each->AddColumn("", 1000);
+    for (int row = 0; row < 60; ++row) each->AddRow();
+  }
+  panel.setView(Ref<ITaviView>(strip.get()));
+  settle();
+  QTableView& left = *widget<QTableView>(*lists[0]);
+  QTableView& right = *widget<QTableView>(*lists[1]);
+  EXPECT_EQ(left.geometry().right() + 1, right.geometry().left());
+  EXPECT_EQ(left.viewport()->height(), right.viewport()->height());
+  EXPECT_TRUE(left.verticalScrollBarPolicy() == Qt::ScrollBarAlwaysOff);
+  right.verticalScrollBar()->setValue(20);
+  EXPECT_EQ(left.verticalScrollBar()->value(), 20);
+  QTest::mouseClick(left.viewport(), Qt::LeftButton, Qt::NoModifier, left.visualRect(left.model()->index(22, 0)).center());
+  settle();
+  EXPECT_EQ(lists[0]->SelectedRow(), 23);
+  EXPECT_EQ(right.currentIndex().row(), 22);
+  lists[1]->SelectedRow(30);
+  settle();
+  EXPECT_EQ(left.currentIndex().row(), 29);
+  panel.setView(nullptr);
 }
 
 TEST_F(ListsTest, TheColumnsTakeTheWholeWidth) {
