@@ -35,9 +35,9 @@ class Panel : public Component, public ITaviView, public ITaviDataUser, public I
 
  private:
   // The key is a copy and the table is held: both may be changed while it is asked.
-  std::string told(std::string key, std::string (ITextTable::*member)(const std::string&)) const {
+  std::string told(std::string key, std::string (ITextTable::*asked)(const std::string&)) const {
     const Ref<ITextTable> texts = mTextTable;
-    return texts ? ((*texts).*member)(key) : key;
+    return texts ? ((*texts).*asked)(key) : key;
   }
 
   std::string mSelectedView;
