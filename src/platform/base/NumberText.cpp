@@ -157,10 +157,20 @@ std::string special(double value) { return std::isnan(value) ? "NaN" : value < 0
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kSpace = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(kSpace);
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(kSpace) - first + 1);
+  const auto isSpace = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && isSpace(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isSpace(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+bool hasDecimals(std::string_view number, int decimals) {
+  if (number.empty() || number.size() > kExactDigits) return false;
+  const std::size_t point = decimals > 0 ? number.size() - static_cast<std::size_t>(decimals) - 1 : number.size();
+  if (point == 0 || point > number.size()) return false;
+  if (number[0] == '0' && point > 1) return false;
+  for (std::size_t i = 0; i < number.size(); ++i)
+    if (i == point ? number[i] != '.' : number[i] < '0' || number[i] > '9') return false;
+  return true;
 }
 
 std::optional<double> parseNumber(std::string_view text, char separator) {

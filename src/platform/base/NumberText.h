@@ -26,6 +26,8 @@ std::string plainTextOfSingle(float value, char separator);
 
 // A fixed number of decimals, rounded half away from zero on the decimal digits that plainText shows.
 std::string fixedText(double value, int decimals, char separator);
+// Whether a number of a document (a point, no sign) has these decimals already, so that fixedText would give the same digits.
+bool hasDecimals(std::string_view number, int decimals);
 
 // The same number with another decimal separator.
 std::string withSeparator(std::string text, char from, char to);

@@ -1,5 +1,7 @@
 #include "platform/controls/Choices.h"
 
+#include <cstring>
+
 #include "platform/base/NumberText.h"
 
 namespace ostrand {
@@ -10,14 +12,14 @@ namespace {
 template <class Visit>
 bool eachEntry(const Node& mapping, Visit visit) {
   if (!mapping) return true;
-  for (const pugi::xml_node entry : mapping.raw().children()) {
-    if (std::string_view(entry.name()) != "data:mappedItem") continue;
+  for (pugi::xml_node entry = mapping.raw().first_child(); entry; entry = entry.next_sibling()) {
+    if (std::strcmp(entry.name(), "data:mappedItem") != 0) continue;
     std::string_view value, key;
-    for (const pugi::xml_attribute attribute : entry.attributes()) {
-      const std::string_view name = attribute.name();
-      if (name == "value")
+    for (pugi::xml_attribute attribute = entry.first_attribute(); attribute; attribute = attribute.next_attribute()) {
+      const char* const name = attribute.name();
+      if (std::strcmp(name, "value") == 0)
         value = attribute.value();
-      else if (name == "key")
+      else if (std::strcmp(name, "key") == 0)
         key = attribute.value();
     }
     if (!visit(value, key)) return false;
@@ -40,6 +42,8 @@ bool Choices::areThoseOf(const Node& mapping) const {
 bool Choices::read(const Node& mapping) {
   if (areThoseOf(mapping)) return false;
   mChoices.clear();
+  constexpr std::size_t kUsual = 8;
+  mChoices.reserve(kUsual);
   eachEntry(mapping, [&](std::string_view value, std::string_view key) {
     mChoices.push_back({std::string(value), std::string(key)});
     return true;

@@ -70,7 +70,7 @@ void CtrMonitoring::ViewSetUnits() {
   proc.step([&] {
     for (int row = 1; row <= static_cast<int>(mVariables.size()); ++row) {
       const Ref<Variable> variable = mVariables[static_cast<std::size_t>(row) - 1];
-      variable->value.chooseUnit(*this);
+      variable->value.chooseUnit(variable->name, *this);
       showTexts(*variable, row);
       showRow(*variable, row);
     }
@@ -129,11 +129,12 @@ Ref<CtrMonitoring::Variable> CtrMonitoring::variableOf(const Node& parameter, in
   if (!isNew) return mVariables[static_cast<std::size_t>(row) - 1];
   const Ref<Variable> variable(new Variable);
   mVariables.push_back(variable);
+  variable->name = at->first;
   variable->value.describe(parameter);
   // A coded value is shown by the name of its choice.
-  variable->choices.read(mapping(mDataSet, variable->value.info().name));
+  variable->choices.read(mapping(mDataSet, variable->name));
   lsvMonitoring.AddRow();
-  variable->value.chooseUnit(*this);
+  variable->value.chooseUnit(variable->name, *this);
   showTexts(*variable, row);
   return variable;
 }
@@ -153,7 +154,7 @@ void CtrMonitoring::take(Variable& variable, int row, const Node& item) {
 }
 
 void CtrMonitoring::showTexts(const Variable& variable, int row) {
-  lsvMonitoring.Cell(row, Name, label(variable.value.info().name));
+  lsvMonitoring.Cell(row, Name, label(variable.name));
   const std::string unit = variable.value.displayUnit();
   std::string shown = unit == "noUnit" ? std::string() : unit;
   const Ref<ITextTable> texts = mTextTable;

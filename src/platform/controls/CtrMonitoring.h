@@ -45,6 +45,7 @@ class CtrMonitoring : public Panel, public MessengerEvents, private UnitSource {
 
  private:
   struct Variable : Counted {
+    std::string name;
     DeviceValue value;
     Choices choices;
     bool read = false;

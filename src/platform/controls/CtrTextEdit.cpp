@@ -89,7 +89,7 @@ std::string CtrTextEdit::shownLimit(const std::optional<double>& limit) const { 
 
 void CtrTextEdit::unitsChanged() {
   if (!owner()) return;
-  mValue.chooseUnit(*this);
+  mValue.chooseUnit(parameterName(), *this);
   update(mValue.onScreen(localeOf(*this), *this), mModified);
   changedNow();
 }

@@ -35,7 +35,7 @@ class CtrTextEdit : public EditControl {
   std::string shown(const std::string& documentText) const override;
   std::optional<std::string> told() const override;
   bool passes() const override;
-  void parameterChanged() override { mValue.chooseUnit(*this); }
+  void parameterChanged() override { mValue.chooseUnit(parameterName(), *this); }
   void unitsChanged() override;
   void takeText(const std::string& text) override;
   void loadEdit(const std::string& documentText) override;

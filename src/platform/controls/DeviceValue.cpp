@@ -8,11 +8,19 @@
 
 namespace ostrand {
 
-std::optional<double> converted(double value, const std::string from, const std::string to, const UnitSource& units) {
-  if (from == to) return value;
+namespace {
+
+// The units are copies: the service may be the host's, who may change what they were taken from.
+std::optional<double> convertedByService(double value, const std::string from, const std::string to, const UnitSource& units) {
   const Ref<IUnitConverter> service = units.converter();
   if (!service || !service->ConvertValue(value, from, to, value)) return std::nullopt;
   return value;
+}
+
+}  // namespace
+
+std::optional<double> converted(double value, const std::string& from, const std::string& to, const UnitSource& units) {
+  return from == to ? value : convertedByService(value, from, to, units);
 }
 
 std::optional<double> typedNumber(const std::string& text) { return parseNumber(withSeparator(text, ',', '.'), '.'); }
@@ -20,19 +28,24 @@ std::optional<double> typedNumber(const std::string& text) { return parseNumber(
 // --- documents
 
 ParameterValues DeviceValue::describe(const Node& parameter) {
-  const std::string unitBefore = mInfo.unit;
+  const bool isShown = mDisplayUnit == mInfo.unit;
+  const std::string unitBefore = isShown ? std::string() : mInfo.unit;
   const ParameterValues values = mInfo.read(parameter);
-  if (mInfo.unit != unitBefore) mDisplayUnit = mInfo.unit;
+  if (isShown || mInfo.unit != unitBefore) mDisplayUnit = mInfo.unit;
   return values;
 }
 
-void DeviceValue::chooseUnit(const UnitSource& units) {
-  const std::string dataUnit = mInfo.unit;
-  const bool converts = mInfo.isNumeric() && mInfo.hasConvertibleUnit();
-  const Ref<IUnitConverter> service = converts ? units.converter() : nullptr;
+void DeviceValue::chooseUnit(std::string_view name, const UnitSource& units) {
+  if (!mInfo.isNumeric() || !mInfo.hasConvertibleUnit()) {
+    if (mDisplayUnit != mInfo.unit) mDisplayUnit = mInfo.unit;
+    return;
+  }
+  const std::string dataUnit = mInfo.unit, parameterName(name);
+  const Ref<IUnitConverter> service = units.converter();
   std::string unit;
   double ignored = 0;
-  const bool isKnown = service && findUserUnit(*service, mInfo.name, unit) && unit != dataUnit && service->ConvertValue(1.0, dataUnit, unit, ignored);
+  const bool isKnown =
+      service && findUserUnit(*service, parameterName, unit) && unit != dataUnit && service->ConvertValue(1.0, dataUnit, unit, ignored);
   mDisplayUnit = isKnown ? unit : dataUnit;
 }
 
@@ -58,6 +71,8 @@ std::optional<DeviceValue::Received> DeviceValue::received(const Node& item, con
 
 std::string DeviceValue::shown(const std::string& documentText, const Locale& locale, const UnitSource& units) const {
   if (!mInfo.isNumeric()) return documentText;
+  if (mInfo.decimals && mDisplayUnit == mInfo.unit && hasDecimals(documentText, *mInfo.decimals))
+    return withSeparator(documentText, '.', locale.decimalSeparator);
   const auto number = parseNumber(documentText, '.');
   if (!number) return documentText;
   const auto value = converted(*number, mInfo.unit, mDisplayUnit, units);
@@ -91,6 +106,7 @@ std::optional<std::string> DeviceValue::told(const Edit& edit, const UnitSource&
 }
 
 std::optional<double> DeviceValue::number(const UnitSource& units) const {
+  if (!mEdit) return parseNumber(mStored, '.');
   const auto text = told(units);
   return text ? parseNumber(*text, '.') : std::nullopt;
 }
@@ -120,8 +136,8 @@ DeviceValue::Edit DeviceValue::rounded(Edit edit) const {
 
 DeviceValue::Check DeviceValue::check(const UnitSource& units) const {
   if (!mInfo.isNumeric()) return {true, std::nullopt};
-  const std::optional<Edit> edit = mEdit;
   // An empty field is wrong only where the user has emptied it.
+  const std::optional<Edit> edit = mEdit;
   if (edit ? edit->text.empty() : mStored.empty()) return {!edit || !edit->byUser || mStored.empty(), std::nullopt};
   const auto value = number(units);
   if (!value || isWrongFraction(*value)) return {false, value};

@@ -20,9 +20,9 @@ class UnitSource {
   ~UnitSource() = default;
 };
 
-// A number in another unit; nothing if the service cannot convert. The units are copies: the service may be the host's, who may
-// change what they were taken from.
-std::optional<double> converted(double value, std::string from, std::string to, const UnitSource& units);
+// A number in another unit; nothing if the service cannot convert. The service gets copies of the units: it may be the host's, who
+// may change what they were taken from.
+std::optional<double> converted(double value, const std::string& from, const std::string& to, const UnitSource& units);
 
 // One value of the device between its documents and a screen; it knows no control and no host. Two texts tell it: the stored one
 // as the documents have it (a point, the data set's unit), and what the screen shows (the user's separator, unit and decimals).
@@ -48,9 +48,9 @@ class DeviceValue {
   // until `chooseUnit`.
   ParameterValues describe(const Node& parameter);
   const ParameterInfo& info() const { return mInfo; }
-  // The unit on the screen: the user's if the host knows one and can convert to it, else the data set's. A service that fails
-  // leaves it as it was.
-  void chooseUnit(const UnitSource& units);
+  // The unit on the screen of a parameter of this name: the user's if the host knows one and can convert to it, else the data
+  // set's. A service that fails leaves it as it was.
+  void chooseUnit(std::string_view name, const UnitSource& units);
   const std::string& displayUnit() const { return mDisplayUnit; }
 
   const std::string& stored() const { return mStored; }

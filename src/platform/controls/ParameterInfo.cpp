@@ -1,60 +1,68 @@
 #include "platform/controls/ParameterInfo.h"
 
 #include <cstring>
+#include <utility>
 
 #include "platform/base/NumberText.h"
 
 namespace ostrand {
 
+namespace {
+
+// Whether a name is this one. A call for each attribute of each parameter would cost more than what it compares.
+template <std::size_t N>
+bool is(const char* name, const char (&wanted)[N]) {
+  return [&]<std::size_t... I>(std::index_sequence<I...>) { return ((name[I] == wanted[I]) && ...); }
+  (std::make_index_sequence<N>());
+}
+
+}  // namespace
+
 ParameterValues ParameterInfo::read(const Node& parameter) {
-  name.clear();
-  type.clear();
-  unit = "noUnit";
   decimals.reset();
   min.reset();
   max.reset();
   readOnly = writeOnly = false;
   ParameterValues values;
-  if (!parameter) return values;
+  const char *itsType = "", *itsUnit = "noUnit";
   for (pugi::xml_attribute attribute = parameter.raw().first_attribute(); attribute; attribute = attribute.next_attribute()) {
-    const std::string_view key = attribute.name();
-    const std::string_view value = attribute.value();
-    if (value.empty()) continue;
-    switch (key.size() << 8 | static_cast<unsigned char>(key[0])) {
-      case 4 << 8 | 'n':
-        if (key == "name") name = value;
+    const char* const key = attribute.name();
+    const char* const value = attribute.value();
+    if (!*value) continue;
+    switch (*key) {
+      case 't':
+        if (is(key, "type")) itsType = value;
         break;
-      case 4 << 8 | 't':
-        if (key == "type") type = value;
+      case 'u':
+        if (is(key, "unit")) itsUnit = value;
         break;
-      case 4 << 8 | 'u':
-        if (key == "unit") unit = value;
+      case 'v':
+        if (is(key, "value")) values.value = value;
         break;
-      case 5 << 8 | 'v':
-        if (key == "value") values.value = value;
+      case 'o':
+        if (is(key, "offlineValue")) values.offlineValue = value;
         break;
-      case 12 << 8 | 'o':
-        if (key == "offlineValue") values.offlineValue = value;
-        break;
-      case 8 << 8 | 'd':
-        if (key != "decimals") break;
+      case 'd':
+        if (!is(key, "decimals")) break;
         if (const auto count = parseInteger(value); count && *count >= 0 && *count <= 15) decimals = static_cast<int>(*count);
         break;
-      case 6 << 8 | 'm':
-        if (key == "minVal") min = parseNumber(value, '.');
-        if (key == "maxVal") max = parseNumber(value, '.');
+      case 'm':
+        if (is(key, "minVal")) min = parseNumber(value, '.');
+        if (is(key, "maxVal")) max = parseNumber(value, '.');
         break;
-      case 6 << 8 | 'a': {
-        if (key != "access") break;
-        const bool reads = value.find("read") != value.npos;
-        const bool writes = value.find("rite") != value.npos;  // "write" and "readWrite"
-        readOnly = !writes;
-        writeOnly = writes && !reads;
+      case 'a':
+        if (is(key, "access") && !is(value, "readWrite")) {
+          const bool reads = std::strstr(value, "read");
+          const bool writes = std::strstr(value, "rite");  // "write" and "readWrite"
+          readOnly = !writes;
+          writeOnly = writes && !reads;
+        }
         break;
-      }
       default: break;
     }
   }
+  type = itsType;
+  unit = itsUnit;
   return values;
 }
 

@@ -14,10 +14,9 @@ struct ParameterValues {
   std::string_view offlineValue;
 };
 
-// What a data:parameter element says of a value, apart from the value itself. Limits and unit are those of
+// What a data:parameter element says of a value, apart from the value itself and its name. Limits and unit are those of
 // the data set.
 struct ParameterInfo {
-  std::string name;
   std::string type;
   std::string unit = "noUnit";
   std::optional<int> decimals;

@@ -40,6 +40,7 @@ void forwardSyncChanges(std::string_view name, bool succeeded, std::string& word
 }
 
 void forwardEditChanges(std::string_view name, bool edited, bool correct, std::string& word, const Ref<Messenger>& messenger) {
+  if (!edited && word == EditWord::kOriginal) return;  // nearly always
   Telling telling(name, word, messenger);
   if (word == EditWord::kOriginal && edited) telling.become(EditWord::kEdited);
   if (word == EditWord::kEditedError && correct) telling.become(EditWord::kCorrected);

@@ -6,7 +6,7 @@ namespace ostrand {
 
 namespace {
 
-std::uint32_t hashOf(std::string_view text) {
+inline std::uint32_t hashOf(std::string_view text) {
   constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15u;
   std::uint64_t hash = text.size() * kMultiplier;
   const auto mix = [&](const char* at, std::size_t size) {
@@ -26,11 +26,12 @@ std::uint32_t hashOf(std::string_view text) {
 }
 
 // The `name` attribute's value; nothing without one.
-const char* nameAttribute(pugi::xml_node node) {
+inline const char* nameAttribute(pugi::xml_node node) {
   // It is the first attribute in every data set that we know; the search is for the others.
   const pugi::xml_attribute first = node.first_attribute();
   const char* const called = first.name();
   if (called[0] == 'n' && called[1] == 'a' && called[2] == 'm' && called[3] == 'e' && !called[4]) return first.value();
+  if (!first) return nullptr;
   const pugi::xml_attribute other = node.attribute("name");
   return other ? other.value() : nullptr;
 }
@@ -93,8 +94,8 @@ void NameIndex::build(pugi::xml_node document) {
   for (pugi::xml_node child = document.first_child(); child; child = child.next_sibling())
     if (!isHidden(child))
       eachMember(child, [&](pugi::xml_node node) {
-        const char* const name = nameAttribute(node);
-        if (name) mEntries.push_back({node.internal_object(), hashOf(name)});  // for `next` there is no use yet
+        // For `next` there is no use yet.
+        if (const char* const name = nameAttribute(node)) mEntries.push_back({node.internal_object(), hashOf(name)});
       });
   std::size_t slots = 32;
   while (slots < mEntries.size() * 2) slots *= 2;
@@ -140,7 +141,13 @@ template <class Do>
 void NameIndex::eachBelow(pugi::xml_node node, std::size_t depth, Do& apply) const {
   if (depth == mPath.size()) return apply(node);
   const char* const name = mPath[depth];
-  for (pugi::xml_node child = node.child(name); child; child = child.next_sibling(name)) eachBelow(child, depth + 1, apply);
+  for (pugi::xml_node child = node.first_child(); child; child = child.next_sibling()) {
+    if (!isCalled(child, name)) continue;
+    if (depth + 1 == mPath.size())
+      apply(child);
+    else
+      eachBelow(child, depth + 1, apply);
+  }
 }
 
 std::size_t NameIndex::depthOnPath(pugi::xml_node node) const {

@@ -269,6 +269,29 @@ TEST(FixedText, RoundsEveryHalfAwayFromZero) {
     }
 }
 
+TEST(HasDecimals, IsTrueOnlyWhereFixedTextWouldGiveTheSame) {
+  for (const char* number : {"4.50", "0.05", "0.00", "12345.67", "999999999999.99"}) EXPECT_TRUE(hasDecimals(number, 2)) << number;
+  EXPECT_TRUE(hasDecimals("7", 0));
+  EXPECT_TRUE(hasDecimals("0", 0));
+  for (const char* number :
+       {"", ".", ".50", "4.5", "4.567", "4,50", "04.50", "00", "-1.00", "+1.00", " 4.50", "4.5E", "4.50 ", "NaN", "1234567890123.45"})
+    EXPECT_FALSE(hasDecimals(number, 2)) << number;
+  EXPECT_FALSE(hasDecimals("7.", 0));
+  EXPECT_FALSE(hasDecimals("07", 0));
+
+  std::mt19937 random(7);
+  int same = 0;
+  for (int i = 0; i < 100000; ++i) {
+    std::string number;
+    for (int length = static_cast<int>(random() % 9); length >= 0; --length) number += "0123456789.-"[random() % 12];
+    const int decimals = static_cast<int>(random() % 4);
+    if (!hasDecimals(number, decimals)) continue;
+    ++same;
+    ASSERT_EQ(fixedText(parseNumber(number, '.').value(), decimals, '.'), number);
+  }
+  EXPECT_GT(same, 1000);
+}
+
 TEST(FixedText, AgreesWithPrintingWhereNoHalfIsInvolved) {
   std::mt19937_64 random(7);
   std::uniform_real_distribution<double> value(-1e6, 1e6);

@@ -24,11 +24,11 @@ struct DeviceValueTest : testing::Test, UnitSource {
   void describe(const std::string& attributes) {
     const Node parameter = parameterNode("name=\"x\" " + attributes);
     value.store(value.documentText(value.describe(parameter).value));
-    value.chooseUnit(*this);
+    value.chooseUnit("x", *this);
   }
   void show(const char* unit) {
     service->userUnits["x"] = unit;
-    value.chooseUnit(*this);
+    value.chooseUnit("x", *this);
   }
   std::string screen() const { return value.onScreen(*locale, *this); }
   std::string told() const { return value.told(*this).value_or("nothing"); }
@@ -82,7 +82,7 @@ TEST_F(DeviceValueTest, AServiceThatFailsLeavesTheUnitOnTheScreen) {
   EXPECT_ANY_THROW(show("K"));
   EXPECT_EQ(value.displayUnit(), "degF");
   service->userUnits["x"] = "Nm";
-  value.chooseUnit(*this);
+  value.chooseUnit("x", *this);
   EXPECT_EQ(value.displayUnit(), "degC") << "it cannot be converted to";
 }
 
@@ -187,7 +187,7 @@ TEST_F(DeviceValueTest, ManyStandSideBySide) {
             .value));
     if (i % 2) at.edit({"1", "noUnit", true});
   }
-  EXPECT_EQ(values[33].info().name, "x33");
+  EXPECT_EQ(values[33].info().type, "floatVal");
   EXPECT_EQ(values[32].onScreen(*locale, *this), "32.500");
   EXPECT_EQ(values[33].onScreen(*locale, *this), "1.000");
   EXPECT_EQ(asked, 0);
@@ -209,7 +209,7 @@ TEST_F(DeviceValueTest, NothingIsBorrowedAcrossAQuestion) {
       if (action == 0) screen();
       if (action == 1) told();
       if (action == 2) value.check(*this);
-      if (action == 3) value.chooseUnit(*this);
+      if (action == 3) value.chooseUnit("x", *this);
       if (action == 4) value.isStored({"300", "K", true}, *this);
       calls.during(call, [] {});
     }

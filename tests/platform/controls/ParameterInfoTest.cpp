@@ -16,7 +16,6 @@ TEST(ParameterInfoTest, TakesEverythingFromTheAttributes) {
   const Node node = parameterNode(
       R"(name="damping" type="floatVal" value="4.5" offlineValue="5" unit="s" decimals="2" minVal="0.5" maxVal="60" access="readWrite")");
   const ParameterValues values = info.read(node);
-  EXPECT_EQ(info.name, "damping");
   EXPECT_EQ(info.type, "floatVal");
   EXPECT_EQ(info.unit, "s");
   EXPECT_EQ(info.decimals, 2);
@@ -33,7 +32,6 @@ TEST(ParameterInfoTest, WhatIsMissingOrNoNumberIsAbsent) {
   info.read(parameterNode(R"(name="a" type="floatVal" unit="s" decimals="1" minVal="1" maxVal="2" access="read")"));
   EXPECT_TRUE(info.readOnly);
   info.read(parameterNode(R"(name="b" unit="" decimals="" minVal="low" maxVal="")"));
-  EXPECT_EQ(info.name, "b");
   EXPECT_EQ(info.type, "");
   EXPECT_EQ(info.unit, "noUnit");
   EXPECT_FALSE(info.decimals);
@@ -51,7 +49,6 @@ TEST(ParameterInfoTest, AnEmptyNodeEmptiesTheDescription) {
   info.read(parameterNode(R"(name="a" type="floatVal" unit="s" decimals="1" minVal="1" maxVal="2" access="write")"));
   EXPECT_TRUE(info.writeOnly);
   info.read(Node());
-  EXPECT_EQ(info.name, "");
   EXPECT_EQ(info.unit, "noUnit");
   EXPECT_FALSE(info.decimals || info.min || info.max || info.readOnly || info.writeOnly);
 }
