@@ -18,6 +18,9 @@ class Meter {
     mSeconds += now() - start;
   }
 
+  // What was measured elsewhere, in another process say.
+  void add(double seconds) { mSeconds += seconds; }
+
   double seconds() const { return mSeconds; }
 
  private:

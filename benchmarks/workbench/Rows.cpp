@@ -23,6 +23,7 @@ void makeApplication() {
     if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", text.toUtf8().constData()), std::abort();
   });
   static QApplication* const application = new QApplication(argc, argv);
+  startIfAsked();
   Theme::make(Theme::Kind::Light).apply(*application);
 }
 

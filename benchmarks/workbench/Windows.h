@@ -10,9 +10,12 @@ Work openRecipes();
 // The same fields by hand: plain widgets, laid out in a grid and filled, in a window with the same style.
 Work openRecipesByHand();
 
-// From nothing until the first page is painted: the mill with its simulated devices, and a bare window with the fields above.
+// From nothing until the first page is painted, each time in a process of its own: the mill with its simulated devices, and a bare
+// window with the fields above.
 Work start();
 Work startByHand();
+// In such a process: makes the window, and ends with it. Elsewhere it does nothing.
+void startIfAsked();
 
 // The list of what waits to be written, with 500 values.
 Work openWaitingList();

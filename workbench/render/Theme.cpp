@@ -248,6 +248,8 @@ QSplitter::handle { background: @line; }
 }
 
 void Theme::apply(QApplication& application) const {
+  // Every widget there is would be polished anew.
+  if (application.styleSheet() == styleSheet()) return;
   application.setStyle(new ThemeStyle(*this));
   application.setPalette(palette());
   application.setFont(font());
