@@ -1,5 +1,7 @@
 #include "host/Actions.h"
 
+#include <algorithm>
+
 #include "host/ActingValues.h"
 #include "host/DataSet.h"
 #include "host/OutputRules.h"
@@ -68,6 +70,13 @@ std::optional<RunningSample> startedSample(const Document& request) {
     if (item.name == "sampleAction" && code(item) == 124) return RunningSample{Start::Commanded, 1};
   }
   return std::nullopt;
+}
+
+bool selectsRecord(const Document& request) {
+  const std::vector<MessageItem> items = itemsOf(request);
+  return !items.empty() && std::all_of(items.begin(), items.end(), [](const MessageItem& item) {
+    return item.name.starts_with("sampleHistory") && (item.name.ends_with("Recipe") || item.name.ends_with("Index"));
+  });
 }
 
 Document stopOf(const RunningSample& sample, const DataSet* dataSet) {

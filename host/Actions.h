@@ -43,6 +43,9 @@ std::optional<RunningSample> startedSample(const Document& request);
 // What ends it, as a request named "sampling".
 Document stopOf(const RunningSample& sample, const DataSet* dataSet);
 
+// Whether a write only tells the device which record of its history is asked for: it is how such a record is read.
+bool selectsRecord(const Document& request);
+
 // `running` is the sample that the device may be taking. Without a data set the names alone tell what acts.
 Action actionOf(const Document& request, const DataSet* dataSet, const std::optional<RunningSample>& running);
 

@@ -86,7 +86,8 @@ std::string Communication::reasonAgainst(const Request& request) const {
   const Effect effect = request.action.effect;
   if (effect == Effect::Stops && device()) return "";
   if (effect == Effect::Stops && needsDevice(request.action)) return "no device is connected";
-  if (effect != Effect::Stops && (request.write || effect == Effect::Acts) && !mSession.mayWrite()) return "the user level does not allow to write";
+  const bool changes = (request.write && !selectsRecord(request.document)) || effect == Effect::Acts;
+  if (effect != Effect::Stops && changes && !mSession.mayWrite()) return "the user level does not allow to write";
   if (const std::string item = request.write ? testWithoutNumber(request.document) : ""; !item.empty())
     return "the test value of " + item + " is no number";
   if (mBusy) return "the communication is busy";

@@ -14,12 +14,13 @@ constexpr const char* kActingValuesWarning = "actingValuesWarning";
 
 }  // namespace
 
-Exchange::Exchange(Communication& communication, const User& user, UserPrompt& prompt)
+Exchange::Exchange(Communication& communication, const User& user, UserPrompt& prompt, Writing::Record record)
     : mCommunication(communication),
       mUser(user),
       mPrompt(prompt),
       mTransfer(communication),
-      mWriting(communication, mTransfer, [this](const std::vector<Change>& acting) { return confirms(acting); }),
+      mWriting(
+          communication, mTransfer, [this](const std::vector<Change>& acting) { return confirms(acting); }, std::move(record)),
       mComparison(communication, user.units()) {}
 
 DataSet& Exchange::dataSet() const {

@@ -19,7 +19,7 @@ class User;
 class Exchange {
  public:
   // All must outlive it.
-  Exchange(Communication& communication, const User& user, UserPrompt& prompt);
+  Exchange(Communication& communication, const User& user, UserPrompt& prompt, Writing::Record record);
   Exchange(const Exchange&) = delete;
   Exchange& operator=(const Exchange&) = delete;
 

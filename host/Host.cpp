@@ -20,7 +20,7 @@ Host::Host(Desktop& desktop, ComponentSource& components, UserPrompt& prompt, st
                     const std::string tag = this->dataSet() ? this->dataSet()->current("tag") : "";
                     mPrompt.show(texts.GetText(title), (tag.empty() ? "" : tag + ": ") + texts.GetText(message));
                   }),
-      mExchange(mCommunication, mUser, prompt),
+      mExchange(mCommunication, mUser, prompt, [this](const Change& change) { return mViews.recordOf(change.view, change.name); }),
       mEdits(*this),
       mViews(*this, components, std::move(taps)) {
   mTree = readTree({});

@@ -39,22 +39,6 @@ Node beginAnswer(const Document& request) {
   return answer;
 }
 
-std::vector<MessageItem> itemsBelow(const Node& parent) {
-  std::vector<MessageItem> items;
-  for (Node item = parent ? parent.firstChild() : nullptr; item; item = item.nextSibling()) {
-    if (item.name() != "comm:item") continue;
-    MessageItem& each = items.emplace_back();
-    each.name = attribute(item, "name");
-    each.unit = attribute(item, "unit");
-    if (const Node value = item.firstChild()) {
-      const std::string_view element = value.name();
-      each.element = element.starts_with("comm:") ? element.substr(5) : element;
-      each.value = value.text();
-    }
-  }
-  return items;
-}
-
 }  // namespace
 
 Document readRequestText(const std::string& xml, const std::string& name) {
@@ -78,6 +62,22 @@ Document makeWriteRequest(const std::string& name, const std::vector<MessageItem
 Node requestElement(const Document& request) {
   const Node root = request ? request.root() : nullptr;
   return root && root.name() == "comm:dtm" ? root.child("comm:communicationRequest") : nullptr;
+}
+
+std::vector<MessageItem> itemsBelow(const Node& parent) {
+  std::vector<MessageItem> items;
+  for (Node item = parent ? parent.firstChild() : nullptr; item; item = item.nextSibling()) {
+    if (item.name() != "comm:item" && item.name() != "item") continue;
+    MessageItem& each = items.emplace_back();
+    each.name = attribute(item, "name");
+    each.unit = attribute(item, "unit");
+    if (const Node value = item.firstChild()) {
+      const std::string_view element = value.name();
+      each.element = element.starts_with("comm:") ? element.substr(5) : element;
+      each.value = value.text();
+    }
+  }
+  return items;
 }
 
 std::vector<MessageItem> itemsOf(const Document& request) { return itemsBelow(requestElement(request)); }

@@ -31,6 +31,8 @@ Document makeWriteRequest(const std::string& name, const std::vector<MessageItem
 // The communicationRequest element; empty if there is none.
 Node requestElement(const Document& request);
 std::vector<MessageItem> itemsOf(const Document& request);
+// Right below an element, as an editor gives them or as they stand in a message.
+std::vector<MessageItem> itemsBelow(const Node& parent);
 // Of an answer, in document order.
 std::vector<MessageItem> answeredItems(const Document& answer);
 

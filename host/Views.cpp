@@ -12,6 +12,17 @@ namespace {
 // The frame whose values live.
 constexpr std::string_view kLiveFrame = "monitoringVariables";
 
+// The editor behind several values that bears this Tag, here or in a nested view.
+ITaviDataEditor* editorIn(const ControlCollection& controls, const std::string& tag) {
+  for (Control* const control : controls) {
+    ITaviDataEditor* const editor = control->dataEditor();
+    if (editor && !isEdit(control->kind()) && control->Tag() == tag) return editor;
+    ITaviView* const nested = control->view();
+    if (ITaviDataEditor* const found = nested ? editorIn(nested->GetControls(), tag) : nullptr) return found;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 Views::Views(Host& host, ComponentSource& components, Taps taps)
@@ -100,6 +111,12 @@ void Views::release(ViewSite& site) {
 ITaviView* Views::viewOf(const std::string& name) const {
   const auto site = std::find_if(mSites.begin(), mSites.end(), [&](const Ref<ViewSite>& each) { return each->name() == name; });
   return site == mSites.end() ? nullptr : (*site)->view();
+}
+
+std::vector<MessageItem> Views::recordOf(const std::string& view, const std::string& tag) const {
+  const Ref<ITaviView> open(viewOf(view));
+  const Ref<ITaviDataEditor> editor(open ? editorIn(open->GetControls(), tag) : nullptr);
+  return editor ? itemsBelow(editor->GetXmlItem(false)) : std::vector<MessageItem>();
 }
 
 void Views::setLiveReading(bool on) {

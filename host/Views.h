@@ -6,6 +6,7 @@
 
 #include "host/ComponentSource.h"
 #include "host/LiveReading.h"
+#include "host/Messages.h"
 #include "host/ViewSite.h"
 
 namespace ostrand {
@@ -48,6 +49,9 @@ class Views {
   void release(ViewSite& site);
   // The component of that name; nullptr if there is none, or if it is no view.
   ITaviView* viewOf(const std::string& name) const;
+  // What an editor behind several values holds, by the view and its Tag; empty if there is none, or if it gives nothing since
+  // something in it is wrong.
+  std::vector<MessageItem> recordOf(const std::string& view, const std::string& tag) const;
 
   // How often values are read while a frame with live values is in front.
   LiveReading& liveReading() { return mLiveReading; }

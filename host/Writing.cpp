@@ -28,8 +28,8 @@ std::vector<LeftOut> takeOut(std::vector<Change>& changes, Why why) {
 
 }  // namespace
 
-Writing::Writing(Communication& communication, Transfer& transfer, Confirm confirm)
-    : mCommunication(communication), mTransfer(transfer), mConfirm(std::move(confirm)) {}
+Writing::Writing(Communication& communication, Transfer& transfer, Confirm confirm, Record record)
+    : mCommunication(communication), mTransfer(transfer), mConfirm(std::move(confirm)), mRecord(std::move(record)) {}
 
 DataSet& Writing::dataSet() const {
   DataSet* const open = mCommunication.dataSet();
@@ -41,6 +41,7 @@ std::vector<LeftOut> Writing::sortOut(std::vector<Change>& changes, const std::s
   const DataSet& open = dataSet();
   const std::vector<std::string> own = page.empty() ? std::vector<std::string>() : open.parametersOf(page);
   return takeOut(changes, [&](const Change& change) -> std::optional<LeftOut::Why> {
+    if (isRecord(change)) return std::nullopt;
     if (!open.has(change.name) || open.homeGroup(change.name).empty()) return LeftOut::Why::NoParameter;
     switch (actsOf(&open, change.name)) {
       case Acts::ByButton: return LeftOut::Why::ByButton;
@@ -51,9 +52,20 @@ std::vector<LeftOut> Writing::sortOut(std::vector<Change>& changes, const std::s
   });
 }
 
+bool Writing::isRecord(const Change& change) const {
+  if (dataSet().has(change.name) || change.contextTag.empty() || mCommunication.isLocal()) return false;
+  const std::vector<MessageItem> items = mRecord(change);
+  return !items.empty() &&
+         std::all_of(items.begin(), items.end(), [&](const MessageItem& item) { return actsOf(&dataSet(), item.name) == Acts::No; });
+}
+
 std::vector<Transfer::Job> Writing::jobsFor(const std::vector<Change>& changes) const {
   std::vector<Transfer::Job> jobs;
   for (const Change& change : changes) {
+    if (isRecord(change)) {
+      jobs.push_back({change.contextTag, true, mRecord(change)});
+      continue;
+    }
     const std::string group = dataSet().homeGroup(change.name);
     auto job = std::find_if(jobs.begin(), jobs.end(), [&](const Transfer::Job& each) { return each.group == group; });
     if (job == jobs.end()) job = jobs.insert(jobs.end(), {group, true, {}});

@@ -12,7 +12,7 @@ namespace ostrand {
 // A value that did not leave with the others, and why.
 struct LeftOut {
   enum class Why {
-    NoParameter,  // several values in one, or a value that the data set does not have
+    NoParameter,  // a value that the data set does not have, or several in one that cannot leave now
     ByButton,     // it makes the device act, and leaves by a button of its own only
     ByPage,       // it makes the device act, and leaves by applying its own page only
     Declined,     // the user was asked, and said no
@@ -27,9 +27,11 @@ class Writing {
  public:
   // Asks the user whether these values may leave now.
   using Confirm = std::function<bool(const std::vector<Change>&)>;
+  // The values behind a change that stands for several: a record, which leaves whole and under the change's own group.
+  using Record = std::function<std::vector<MessageItem>(const Change&)>;
 
   // Both must outlive it.
-  Writing(Communication& communication, Transfer& transfer, Confirm confirm);
+  Writing(Communication& communication, Transfer& transfer, Confirm confirm, Record record);
 
   // Sends changes to the device by group, or with local acceptance takes them into the data set. `page` is the group whose page
   // the user applies: values of it that act leave with it when he has confirmed them. Error 91 without a data set.
@@ -42,11 +44,14 @@ class Writing {
  private:
   DataSet& dataSet() const;
   std::vector<LeftOut> sortOut(std::vector<Change>& changes, const std::string& page) const;
+  // Whether a change stands for a record that can leave: to the device only, since the data set holds one record at a time.
+  bool isRecord(const Change& change) const;
   std::vector<Transfer::Job> jobsFor(const std::vector<Change>& changes) const;
 
   Communication& mCommunication;
   Transfer& mTransfer;
   Confirm mConfirm;
+  Record mRecord;
 };
 
 }  // namespace ostrand
