@@ -4,6 +4,7 @@
 
 #include "host/AnswerRoutes.h"
 #include "host/Host.h"
+#include "platform/controls/Control.h"
 
 namespace ostrand {
 

@@ -92,6 +92,7 @@ std::string_view ofRefusal(const Judgement& judgement) {
     case Verdict::CommandNotImplemented:
     case Verdict::AccessRestricted:
     case Verdict::WriteProtected:
+    case Verdict::NoDataAvailable:
     case Verdict::SpanTooSmall: break;
   }
   return kDeviceWriteFailed;

@@ -28,6 +28,7 @@ std::string_view ProfibusSlave::errorKey(Verdict verdict) const {
     case Verdict::TooSmall:
     case Verdict::TooLarge:
     case Verdict::SpanTooSmall: return "profibusErrInvalidRange";
+    case Verdict::NoDataAvailable: return "errTestDataNoDataError";
     case Verdict::SpecialGradePointInvalid: return "actionStatusSpecialGradePointInvalid";
     // The rest can only happen to a write that makes the device act.
     case Verdict::InvalidSelection:

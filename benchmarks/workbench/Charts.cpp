@@ -53,7 +53,7 @@ struct OurChart {
       }
     for (int row = 0; row < kSamples; ++row) {
       chart.XValue(0, row, torqueOfSample(row));
-      chart.PointColor(0, row, {Color::Role::Value, isChosen(row) ? 0x0000FF : 0x888866});
+      chart.PointColor(0, row, {Color::Role::Given, isChosen(row) ? 0x0000FF : 0x888866});
       chart.PointType(0, row, isChosen(row) ? 9 : 3);
     }
     sample(0.0F);

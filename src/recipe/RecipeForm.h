@@ -23,15 +23,15 @@ namespace RecipeColor {
 constexpr Color system(Color::Role role, unsigned index) { return {role, static_cast<int>(0x80000000U | index)}; }
 
 inline constexpr Color kWindow = system(Color::Role::Window, 0x05);
-inline constexpr Color kLocked{Color::Role::Value, 0xF0F1F2};
+inline constexpr Color kLocked{Color::Role::Given, 0xF0F1F2};
 inline constexpr Color kUnchecked = system(Color::Role::DisabledText, 0x11);
 inline constexpr Color kChecked{Color::Role::Text, 0x000000};
 inline constexpr Color kWrong{Color::Role::ErrorText, 0x0000FF};
 inline constexpr Color kEdited{Color::Role::EditedText, 0xFF0000};
 // Of the chart.
-inline constexpr Color kBlue{Color::Role::Value, 0x0000FF};
-inline constexpr Color kGreen{Color::Role::Value, 0x00FF00};
-inline constexpr Color kUncheckedPoint{Color::Role::Value, 0x888866};
+inline constexpr Color kBlue{Color::Role::Given, 0x0000FF};
+inline constexpr Color kGreen{Color::Role::Given, 0x00FF00};
+inline constexpr Color kUncheckedPoint{Color::Role::Given, 0x888866};
 }  // namespace RecipeColor
 
 // One recipe of a GYRE transmitter on a form: which curve it uses, its correction P1 and P2, its filler, the samples of the

@@ -31,7 +31,7 @@ void RecipeGraph::connect() {
 
 void RecipeGraph::InitializeGraph() {
   routine("CtrRecipe InitializeGraph: ", [&] {
-    constexpr Color kGrid{Color::Role::Value, 0x969696};
+    constexpr Color kGrid{Color::Role::Given, 0x969696};
     struct {
       const char* label;
       Color color;

@@ -154,8 +154,12 @@ TEST_F(AnyEditPropertyTest, TheMarksAndTheWordTellTheItem) {
     EXPECT_EQ(any().Correct(""), any().Correct("a"));
     EXPECT_EQ(any().Modified(""), any().Modified("a"));
     // A value that is wrong as it came is "original" until it is edited.
-    if (any().editWord() == EditWord::kEditedError) EXPECT_FALSE(any().Correct("a"));
-    if (any().Modified("a")) EXPECT_EQ(any().editWord() == EditWord::kEditedError, !any().Correct("a")) << any().editWord();
+    if (any().editWord() == EditWord::kEditedError) {
+      EXPECT_FALSE(any().Correct("a"));
+    }
+    if (any().Modified("a")) {
+      EXPECT_EQ(any().editWord() == EditWord::kEditedError, !any().Correct("a")) << any().editWord();
+    }
     EXPECT_EQ(any().GetXmlItem(false) != Node(), any().Correct("a"));
   });
 }

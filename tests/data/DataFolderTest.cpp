@@ -135,7 +135,9 @@ TEST(DataFolderTest, TheRelationsAllowWhatTheDeviceAllows) {
     const Document dataSet = dataSetOf(kind);
     const Names blades = attributes(dataSet, "//data:mappedParam[@name='bladeType']/data:mappedItem", "key");
     const Names pulps = attributes(dataSet, "//data:mappedParam[@name='pulpType']/data:mappedItem", "key");
-    if (!group(dataSet, "recipe1")) EXPECT_EQ(pulps.size(), group(dataSet, "recipes") ? 10u : 0u) << kind.name;
+    if (!group(dataSet, "recipe1")) {
+      EXPECT_EQ(pulps.size(), group(dataSet, "recipes") ? 10u : 0u) << kind.name;
+    }
     for (const std::string& blade : blades) {
       const Names allowed = attributes(relations, "//bladeType[@name=\"" + blade + "\"]/*");
       EXPECT_FALSE(allowed.empty()) << blade;

@@ -45,7 +45,9 @@ TEST(GyreCurvesTest, EveryCurveRisesAndIsItsOwnInverse) {
       const double consistency = row.curve.consistency(torque);
       // The lines meet the cubic to within the digits that the maker gives.
       EXPECT_GT(consistency, before - 1e-3) << row.sensorType << row.revision << " " << row.pulpType << " " << torque;
-      if (step > 0) EXPECT_NEAR(row.curve.torque(consistency), torque, 1e-4) << row.sensorType << row.revision << " " << row.pulpType;
+      if (step > 0) {
+        EXPECT_NEAR(row.curve.torque(consistency), torque, 1e-4) << row.sensorType << row.revision << " " << row.pulpType;
+      }
       before = consistency;
     }
   }

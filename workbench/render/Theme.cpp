@@ -77,7 +77,7 @@ QColor Theme::color(const Color& color) const {
     case Color::Role::DisabledText: return disabledText;
     case Color::Role::ErrorText: return error;
     case Color::Role::EditedText: return edited;
-    case Color::Role::Value: break;
+    case Color::Role::Given: break;
   }
   return QColor(static_cast<QRgb>(color.rgb));
 }

@@ -46,7 +46,7 @@ struct Theme {
   QColor caution;  // held back, warnings
   QColor neutral;
 
-  // A model's colour: its role in this theme; the value itself for Role::Value.
+  // A model's colour: its role in this theme; the value itself for Role::Given.
   QColor color(const Color& color) const;
   // The same for what is drawn on a surface: it stands out from it by at least 3 to 1, darker or lighter if need be.
   QColor drawn(const Color& color) const;

@@ -179,7 +179,7 @@ class Chart : public Control, public UserActions {
   float mAnnotationY = 0;
   std::string mAnnotationText;
   std::array<std::string, 2> mTitle;
-  Color mGridColor{Color::Role::Value, 0x969696};
+  Color mGridColor{Color::Role::Given, 0x969696};
   bool mMaximizeAllowed = false;
   bool mIsStale = false;
   std::optional<Range> mZoom;

@@ -5,9 +5,9 @@
 namespace ostrand {
 
 // What a colour is for, beside the value that code and tests see. Whoever shows the control maps roles to
-// its theme and takes the value for Role::Value only.
+// its theme and takes the value for Role::Given only.
 struct Color {
-  enum class Role { Value, Window, Text, DisabledText, ErrorText, EditedText };
+  enum class Role { Given, Window, Text, DisabledText, ErrorText, EditedText };
 
   Role role = Role::Window;
   int rgb = 0xFFFFFF;

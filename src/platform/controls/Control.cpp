@@ -153,7 +153,7 @@ void Control::set(std::string_view property, std::span<const int>, const Value& 
   if (property == "Top") return Top(asInt(value));
   if (property == "Width") return Width(asInt(value));
   if (property == "Height") return Height(asInt(value));
-  if (property == "BackColor") return BackColor({Color::Role::Value, asInt(value)});
+  if (property == "BackColor") return BackColor({Color::Role::Given, asInt(value)});
   noSuchMember(property);
 }
 

@@ -215,7 +215,7 @@ void ListView::set(std::string_view property, std::span<const int> indices, cons
   if (property == "Checked") return Checked(only(indices), asBool(value));
   if (property == "RowTag") return RowTag(only(indices), asText(value));
   if (property == "Cell" && indices.size() == 2) return Cell(indices[0], indices[1], asText(value));
-  if (property == "Color" && indices.size() == 2) return CellColor(indices[0], indices[1], {ostrand::Color::Role::Value, asInt(value)});
+  if (property == "Color" && indices.size() == 2) return CellColor(indices[0], indices[1], {ostrand::Color::Role::Given, asInt(value)});
   Control::set(property, indices, value);
 }
 

@@ -106,7 +106,7 @@ TEST_F(ChartTest, PassesTheProbeWithEveryOperation) {
   desktop.setProbe(&probe);
   const std::vector<float> block(251);
   edit().XData(block, 249), edit().YData(block, 249), edit().XValue(0, 3, 0.5F), edit().YValue(0, 50, -99999);
-  edit().PointColor(0, 3, {Color::Role::Value, 0x888866}), edit().PointType(0, 3, 9), edit().XMinimum(0), edit().YMaximum(18.001F),
+  edit().PointColor(0, 3, {Color::Role::Given, 0x888866}), edit().PointType(0, 3, 9), edit().XMinimum(0), edit().YMaximum(18.001F),
       edit().XTick(1.5F);
   edit().XLabel("torque / Nm"), edit().AnnotationY(9.0005F), edit().AnnotationText("a"), edit().Rebuild(1), edit().SeriesLabel(0, "sample");
   edit().MaximizeAllowed(true), edit().Maximize();

@@ -66,7 +66,7 @@ TEST_F(ButtonTest, PropertiesByNameAndOneSignalForAChange) {
     EXPECT_EQ(edit().get(property, {}), Value("t")) << property;
   }
   edit().set("BackColor", {}, 0x123456);
-  EXPECT_EQ(edit().BackColor(), (Color{Color::Role::Value, 0x123456}));
+  EXPECT_EQ(edit().BackColor(), (Color{Color::Role::Given, 0x123456}));
   EXPECT_EQ(edit().get("BackColor", {}), Value(0x123456));
   EXPECT_EQ(errorOf([&] { edit().get("Text", {}); }), 438);
   EXPECT_EQ(errorOf([&] { edit().set("Text", {}, std::string()); }), 438);

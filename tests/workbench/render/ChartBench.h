@@ -12,8 +12,8 @@ namespace ostrand::test {
 // Three curves of a pulp and 17 samples beside them, two of them chosen, as a recipe shows them.
 inline void fillChart(Chart& chart) {
   constexpr float kFirst = 0.25F, kStep = 0.025F;
-  const std::array<Color, Chart::kSeries> colors{Color::disabledText(), Color::text(), Color::text(), Color{Color::Role::Value, 0x00FF00},
-                                                 Color{Color::Role::Value, 0x0000FF}};
+  const std::array<Color, Chart::kSeries> colors{Color::disabledText(), Color::text(), Color::text(), Color{Color::Role::Given, 0x00FF00},
+                                                 Color{Color::Role::Given, 0x0000FF}};
   const char* const labels[Chart::kSeries] = {"Sample points", "Basic tuning", "Polynome", "Not in use", "Calibration"};
   for (int series = 0; series < Chart::kSeries; ++series) {
     chart.SeriesLabel(series, labels[series]);
@@ -38,7 +38,7 @@ inline void fillChart(Chart& chart) {
     chart.XValue(0, row, x);
     chart.YValue(0, row, static_cast<float>(consistency(x) * 1.15 + 0.35 * std::sin(row * 2.1)));
     const bool isChosen = row == 3 || row == 12;
-    chart.PointColor(0, row, {Color::Role::Value, isChosen ? 0x0000FF : 0x888866});
+    chart.PointColor(0, row, {Color::Role::Given, isChosen ? 0x0000FF : 0x888866});
     chart.PointType(0, row, isChosen ? 9 : 3);
   }
   chart.Rebuild(0);

@@ -74,7 +74,7 @@ TEST(ThemeTest, ColoursOfTheModelGoByTheirRole) {
   const Theme dark = Theme::make(Theme::Kind::Dark);
   EXPECT_EQ(dark.color(Color::errorText()), dark.error);
   EXPECT_EQ(dark.color(Color::window()), dark.surface);
-  EXPECT_EQ(dark.color({Color::Role::Value, 0x123456}), QColor("#123456"));
+  EXPECT_EQ(dark.color({Color::Role::Given, 0x123456}), QColor("#123456"));
 }
 
 }  // namespace ostrand
