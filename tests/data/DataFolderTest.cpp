@@ -120,7 +120,8 @@ TEST(DataFolderTest, EveryFrameHasItsGroup) {
     const Document dataSet = dataSetOf(kind);
     const Document tree = file(treeOf(kind));
     EXPECT_FALSE(attributes(tree, "/dtm/treeView/branch/node").empty());
-    for (const std::string& component : attributes(tree, "//branch", "component")) EXPECT_TRUE(component.starts_with("Vw") || component.starts_with("Ctr")) << kind.name;
+    for (const std::string& component : attributes(tree, "//branch", "component"))
+      EXPECT_TRUE(component.starts_with("Vw") || component.starts_with("Ctr")) << kind.name;
     for (const std::string& frame : attributes(tree, "//node")) {
       // One acts only; the other's value is the host's.
       if (frame == "resetingEventLog" || frame == "paAddress") continue;

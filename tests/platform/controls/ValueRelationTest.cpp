@@ -71,7 +71,7 @@ TEST_F(ValueRelationTest, EveryChangeOfTheLowerIsFelt) {
 
 TEST_F(ValueRelationTest, UnitsOnTheScreenDoNotMatter) {
   upper.SetMessenger(messenger);
-  messenger->converter->userUnits["any"] = "ftlbf";
+  messenger->converter->userUnits["upper"] = "ftlbf";
   messenger->raiseUnits();
   EXPECT_EQ(upper.displayUnit(), "ftlbf");
   upper.AddValueRelation(lower, "max", 1);
