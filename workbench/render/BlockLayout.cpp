@@ -14,6 +14,8 @@ void BlockLayout::measure(std::vector<Cell> cells, const Measures& measures) {
     mBottom = std::max(mBottom, rowOf(cell).y + cell.extent.height + (cell.bare ? 0 : mMeasures.bottom));
     if (cell.share) {
       mWidth = std::max(mWidth, widthOfStrip(cell) + (cell.bare ? 0 : mMeasures.before + mMeasures.after));
+    } else if (cell.loose) {
+      mWidth = std::max(mWidth, looseX(cell) + width(cell.extent) + mMeasures.after);
     } else {
       const Column& column = mColumns[static_cast<std::size_t>(cell.column)];
       mWidth = std::max(mWidth, column.x + std::max(width(cell.extent), width(column)) + mMeasures.after);
@@ -39,6 +41,14 @@ int BlockLayout::width(const Column& column) const {
   return width(Extent{.field = column.field, .companion = column.companion, .state = column.state});
 }
 
+int BlockLayout::looseX(const Cell& cell) const {
+  const int labels = width(mColumns.front());
+  int x = mColumns.front().x + (labels ? labels + mMeasures.columnGap : 0);
+  for (const Cell& other : mCells)
+    if (other.loose && other.row == cell.row && other.column < cell.column) x += width(other.extent) + mMeasures.columnGap;
+  return x;
+}
+
 int BlockLayout::widthBefore(const Cell& cell) const {
   int sum = 0;
   for (const Cell& other : mCells)
@@ -59,7 +69,7 @@ void BlockLayout::measureColumns() {
     if (static_cast<std::size_t>(cell.column) >= mColumns.size()) mColumns.resize(static_cast<std::size_t>(cell.column) + 1);
   const auto alone = [](const Cell& cell) { return !cell.extent.companion && !cell.extent.state; };
   for (const Cell& cell : mCells) {
-    if (cell.share || alone(cell)) continue;
+    if (cell.share || cell.loose || alone(cell)) continue;
     Column& column = mColumns[static_cast<std::size_t>(cell.column)];
     column.field = std::max(column.field, cell.extent.field);
     column.companion = std::max(column.companion, cell.extent.companion);
@@ -67,7 +77,7 @@ void BlockLayout::measureColumns() {
   }
   // A control without a unit or a state may use the room of both. A tail is in nobody's way where the row ends with it.
   for (const Cell& cell : mCells) {
-    if (cell.share || !alone(cell)) continue;
+    if (cell.share || cell.loose || !alone(cell)) continue;
     Column& column = mColumns[static_cast<std::size_t>(cell.column)];
     const int needs = cell.extent.field + (hasNeighbour(cell) ? cell.extent.tail : 0);
     column.field = std::max(column.field, needs - (width(column) - column.field));
@@ -129,6 +139,10 @@ void BlockLayout::arrangeInColumn(Cell& cell, int left, int y, int rowHeight) co
   const Column& column = mColumns[static_cast<std::size_t>(cell.column)];
   const int top = y + std::max(0, rowHeight - cell.extent.height) / 2;
   const auto centred = [&](int x, int wide) { return QRect(left + x, top, wide, cell.extent.height); };
+  if (cell.loose) {
+    cell.position.field = centred(looseX(cell), width(cell.extent));
+    return;
+  }
   if (!cell.extent.companion && !cell.extent.state) {
     cell.position.field = centred(column.x, std::max(cell.extent.field + cell.extent.tail, width(column)));
     return;

@@ -15,6 +15,7 @@ class BlockLayout {
   struct Cell {
     int row = 0;
     int column = 0;
+    bool loose = false;   // follows what stands before it in its row, and is in no column with what stands above and below
     int share = 0;        // above 0: takes the whole width, with others of its row, and this share of the height that is left
     bool bare = false;    // without a margin: a panel in the panel
     Extent extent;        // pixels, as all below
@@ -61,6 +62,8 @@ class BlockLayout {
   Row& rowOf(const Cell& cell);
   int width(const Extent& extent) const;
   int width(const Column& column) const;
+  // Where a loose cell begins: behind the labels and the loose cells before it.
+  int looseX(const Cell& cell) const;
   // What a row of cells with a share needs, up to a cell of it, or all of it.
   int widthBefore(const Cell& cell) const;
   int widthOfStrip(const Cell& cell) const;

@@ -178,8 +178,12 @@ void FormPage::layOut() {
       Item* const item = shown(control);
       if (!item) return;
       standing.push_back({item, block, blocks[block].cells.size()});
-      blocks[block].cells.push_back(
-          {.row = row, .column = column, .share = share, .bare = item->renderer->inside() != nullptr, .extent = item->extent});
+      blocks[block].cells.push_back({.row = row,
+                                     .column = column,
+                                     .loose = control->kind() == Control::Kind::OptionButton,
+                                     .share = share,
+                                     .bare = item->renderer->inside() != nullptr,
+                                     .extent = item->extent});
     };
     int number = 0;
     for (const FormRow& row : declared.rows) {
