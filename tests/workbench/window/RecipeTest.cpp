@@ -101,6 +101,8 @@ TEST_F(RecipeTest, WhatTheLaboratoryFoundIsWrittenIntoItsRecord) {
 
 TEST_F(RecipeTest, WhoMayNotWriteReadsTheHistory) {
   workbench->host().user().setLevel(1);
+  ASSERT_TRUE(show(device("hartGYRE"), "recipe2", "recipe2"));
+  EXPECT_EQ(cell("lsvValidation", 1, 2), "");
   asked.clear();
   readPage();
   EXPECT_NE(cell("lsvValidation", 1, 2), "");
